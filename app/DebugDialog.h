@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class DebugDialog;
+}
+
+/// Shows the debug log, follows it while it grows, and copies it to the clipboard.
+class DebugDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit DebugDialog(QWidget *parent = nullptr);
+    ~DebugDialog() override;
+
+public slots:
+    /// Replaces the shown text by the whole current log.
+    void updateLog();
+
+    /// Puts the whole current log on the clipboard and tells the user so.
+    void copyToClipboard();
+
+private:
+    std::unique_ptr<Ui::DebugDialog> ui;
+};

@@ -1,0 +1,101 @@
+#include "devenv/VisualStudioDetection.h"
+
+#include "app/DebugLogger.h"
+#include "devenv/BuildScripts.h"
+#include "devenv/IdeLaunch.h"
+
+#include <QDebug>
+#include <QDir>
+#include <QRegularExpression>
+#include <QSettings>
+
+#include <array>
+
+namespace {
+
+/// The record of one product found in the registry, still without architecture.
+VisualStudioVersion recordFor(const QString &productDir, const QString &edition, const QString &version, bool express)
+{
+    VisualStudioVersion record;
+    record.express = express;
+    // Searched before and after the product directory is known: the log shows both.
+    findIdeExecutable(record);
+    if (express) {
+        record.edition = QStringLiteral("Express Edition");
+        record.vcDir = productDir;
+        record.productDir = QDir(productDir + QStringLiteral("/..")).absolutePath();
+    } else {
+        record.edition = edition;
+        record.vcDir = productDir + QStringLiteral("\\VC");
+        record.productDir = productDir;
+    }
+    findIdeExecutable(record);
+    record.version = version;
+    return record;
+}
+
+} // namespace
+
+QList<VisualStudioVersion> detectVisualStudioInRegistry(const QString &rootKey, bool express)
+{
+    qDebug() << "detectVisualStudioInRegistry in" << rootKey;
+    DebugLogger::instance().log(QStringLiteral("Try to detect Visual Studio (pre-VS2017) in registry at ") + rootKey);
+
+    // The dot matches any character, so that 14.0_Config and 1400 pass as well.
+    static const QRegularExpression versionPattern(QStringLiteral(R"(\d+.\d)"));
+    const QStringList versions =
+        QSettings(rootKey, QSettings::NativeFormat).childGroups().filter(versionPattern);
+
+    QList<VisualStudioVersion> records;
+    for (const QString &version : versions) {
+        qDebug() << "vs_version" << version;
+        const QString setup = rootKey + QLatin1Char('\\') + version + QStringLiteral("\\Setup");
+        const QString editionsKey = setup + QStringLiteral("\\VS");
+        const QStringList editions =
+            express ? QStringList{QString()} : QSettings(editionsKey, QSettings::NativeFormat).childGroups();
+        for (const QString &edition : editions) {
+            qDebug() << "ed" << edition;
+            const QString productKey =
+                express ? setup + QStringLiteral("\\VC") : editionsKey + QLatin1Char('\\') + edition;
+            const QSettings product(productKey, QSettings::NativeFormat);
+            const QString productDir = QStringLiteral("ProductDir");
+            if (!product.contains(productDir)) {
+                continue;
+            }
+            const VisualStudioVersion record =
+                recordFor(product.value(productDir).toString(), edition, version, express);
+            records += recordsPerArchitecture(record, record.vcDir + QStringLiteral("\\bin\\amd64\\vcvars64.bat"),
+                                              record.vcDir + QStringLiteral("\\bin\\vcvars32.bat"));
+        }
+    }
+    return records;
+}
+
+QList<VisualStudioVersion> detectVisualStudioVersions()
+{
+    DebugLogger::instance().log(
+        QStringLiteral("Try to detect Visual Studio version in Windows Registry (pre-VS2017)"));
+
+    struct Root {
+        const char *key;
+        bool express;
+    };
+    static constexpr std::array<Root, 4> roots{{
+        {R"(HKEY_LOCAL_MACHINE\SOFTWARE\Wow6432Node\Microsoft\VisualStudio)", false},
+        {R"(HKEY_LOCAL_MACHINE\SOFTWARE\Microsoft\VisualStudio)", false},
+        {R"(HKEY_LOCAL_MACHINE\SOFTWARE\Wow6432Node\Microsoft\VCExpress)", true},
+        {R"(HKEY_LOCAL_MACHINE\SOFTWARE\Microsoft\VCExpress)", true},
+    }};
+    QList<VisualStudioVersion> versions;
+    for (const Root &root : roots) {
+        versions += detectVisualStudioInRegistry(QLatin1String(root.key), root.express);
+    }
+    orderVisualStudioVersions(versions);
+    return versions;
+}
+
+QList<VisualStudioVersion> visualStudioVersions()
+{
+    static const QList<VisualStudioVersion> versions = detectVisualStudioVersions();
+    return versions;
+}

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "discovery/HalconInstallation.h"
+
+#include <QStringList>
+
+/// Starts the installation's HDevelop, or HDevelop XL when @p xl is true. Returns false and appends to @p errors
+/// (unless null) when it could not be started.
+bool startHDevelop(const HalconInstallation &installation, bool xl, QStringList *errors);

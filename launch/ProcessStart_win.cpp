@@ -1,0 +1,70 @@
+#include "launch/ProcessStart.h"
+
+#include "app/DebugLogger.h"
+
+#include <windows.h>
+
+#include <vector>
+
+namespace {
+
+/// A kernel object's handle, closed with its owner.
+class UniqueHandle {
+public:
+    explicit UniqueHandle(HANDLE handle) : handle(handle) {}
+    UniqueHandle(const UniqueHandle &) = delete;
+    UniqueHandle &operator=(const UniqueHandle &) = delete;
+    ~UniqueHandle() { CloseHandle(handle); }
+
+private:
+    HANDLE handle;
+};
+
+const wchar_t *wide(const QString &text)
+{
+    return reinterpret_cast<const wchar_t *>(text.utf16());
+}
+
+/// CreateProcessW may write into the command line it is given.
+std::vector<wchar_t> writableCommandLine(const QString &text)
+{
+    return std::vector<wchar_t>(wide(text), wide(text) + text.size() + 1);
+}
+
+} // namespace
+
+bool startProcess(const QString &executable, const QString &arguments, const HalconInstallation &installation,
+                  QStringList *errors)
+{
+    const std::shared_ptr<char16_t[]> environment = buildEnvironmentBlock(variableOverrides(installation));
+    std::vector<wchar_t> commandLine = writableCommandLine(arguments);
+    STARTUPINFOW startupInfo = {};
+    startupInfo.cb = sizeof(startupInfo);
+    PROCESS_INFORMATION process = {};
+
+    DebugLogger::instance().log(QStringLiteral("CreateProcess: ") + executable + QLatin1Char(' ') + arguments);
+    if (CreateProcessW(wide(executable), commandLine.data(), nullptr, nullptr, FALSE, CREATE_UNICODE_ENVIRONMENT,
+                       environment.get(), nullptr, &startupInfo, &process) == 0) {
+        const QString error = lastWindowsErrorText();
+        if (errors != nullptr) {
+            errors->append(QStringLiteral("CreateProcess failed: %1").arg(error));
+        }
+        return false;
+    }
+    const UniqueHandle processHandle(process.hProcess);
+    const UniqueHandle threadHandle(process.hThread);
+    return true;
+}
+
+QString lastWindowsErrorText()
+{
+    const DWORD code = GetLastError();
+    wchar_t *text = nullptr;
+    // With FORMAT_MESSAGE_ALLOCATE_BUFFER the buffer parameter takes the address of the buffer that is made.
+    FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_FROM_SYSTEM,
+                   nullptr, code, 0, reinterpret_cast<wchar_t *>(&text), 0, nullptr);
+    const QString result = text != nullptr ? QString::fromWCharArray(text).trimmed()
+                                           : QStringLiteral("Unknown Error %1").arg(code);
+    LocalFree(text);
+    return result;
+}
