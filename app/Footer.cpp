@@ -22,8 +22,8 @@ QString translate(const char *text)
 
 QString footerTemplate()
 {
-    const QString feedback =
-        QStringLiteral("mailto:") + MakerAddresses::feedbackAddress() + QStringLiteral("?subject=Feedback %5");
+    const QString feedback = QStringLiteral("mailto:") + MakerAddresses::feedbackAddress() +
+                             QStringLiteral("?subject=Feedback %5");
     return QStringLiteral("<p style=\"font-size:8pt;\">") +
            translate("%1 (%2) - Please find more information about our HALCON services at ") +
            link(QStringLiteral("%3"), QStringLiteral("%3")) + translate(" or our products at ") +

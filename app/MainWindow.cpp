@@ -43,10 +43,11 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), ui(std::make_uniq
 
     installations = getAllHalconVersions();
     if (installations.isEmpty()) {
-        const QString message = tr("Could not find any HALCON installation. Please install HALCON first.<br><br><hr>"
-                                   "<small>If you think this is an error in this program, please contact us via<br>"
-                                   "<a href=\"%1\">%1</a>.</small>")
-                                    .arg(MakerAddresses::contactPage());
+        const QString message =
+            tr("Could not find any HALCON installation. Please install HALCON first.<br><br><hr>"
+               "<small>If you think this is an error in this program, please contact us via<br>"
+               "<a href=\"%1\">%1</a>.</small>")
+                .arg(MakerAddresses::contactPage());
         ErrorDialog(message).exec();
         std::exit(1);
     }
@@ -96,9 +97,11 @@ void MainWindow::restoreUpdateOptions()
 {
     // Connected only after the boxes have their state, so that restoring it does not write it back.
     ui->cbUpdateCheckHalcon->setChecked(storedOption(updateCheckHalconKey));
-    connect(ui->cbUpdateCheckHalcon, &QCheckBox::stateChanged, this, &MainWindow::handleUpdateChangeOptionHalcon);
+    connect(ui->cbUpdateCheckHalcon, &QCheckBox::stateChanged, this,
+            &MainWindow::handleUpdateChangeOptionHalcon);
     ui->cbUpdateCheckCorvanta->setChecked(storedOption(updateCheckCorvantaKey));
-    connect(ui->cbUpdateCheckCorvanta, &QCheckBox::stateChanged, this, &MainWindow::handleUpdateChangeOptionCorvanta);
+    connect(ui->cbUpdateCheckCorvanta, &QCheckBox::stateChanged, this,
+            &MainWindow::handleUpdateChangeOptionCorvanta);
 }
 
 void MainWindow::showDebugDialog()

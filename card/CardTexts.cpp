@@ -23,7 +23,8 @@ QString directoryLink(const QString &target, const QString &directory)
 
 QString missingDirectory(const QString &directory, const QString &remark)
 {
-    return directory + QStringLiteral(" <span style=\"color:#ff0000;\">") + remark + QStringLiteral("</span>");
+    return directory + QStringLiteral(" <span style=\"color:#ff0000;\">") + remark +
+           QStringLiteral("</span>");
 }
 
 } // namespace
@@ -86,15 +87,17 @@ QString architectureBadgeStyleSheet(const QString &arch)
         {QStringLiteral("x86sse2-win32"), {QStringLiteral("#CC0000FF"), QStringLiteral("#FF0000FF")}},
     };
     const Colours chosen = colours.value(arch);
-    return QStringLiteral("background-color: %1; border: 1px solid %2; color: white; font: bold; margin: 5px; "
-                          "padding: 1px 3px; ")
+    return QStringLiteral(
+               "background-color: %1; border: 1px solid %2; color: white; font: bold; margin: 5px; "
+               "padding: 1px 3px; ")
         .arg(chosen.background, chosen.border);
 }
 
 QString xlBadgeStyleSheet()
 {
-    return QStringLiteral("QPushButton {background-color: %1; border: 1px solid %2; color: white; font: bold; "
-                          "margin: 5px; padding: 1px 3px; }")
+    return QStringLiteral(
+               "QPushButton {background-color: %1; border: 1px solid %2; color: white; font: bold; "
+               "margin: 5px; padding: 1px 3px; }")
         .arg(QStringLiteral("#CC00FF00"), QStringLiteral("#FF00FF00"));
 }
 
@@ -107,16 +110,20 @@ QString detailsHtml(const HalconInstallation &installation, bool installDirExist
         translate("ExampleRoot: %3"),
     };
     // "(not found)" is bold for the one directory and not for the other.
+    const QString installDir =
+        installDirExists ? directoryLink(QStringLiteral("file:///installDir"), installation.installDir)
+                         : missingDirectory(installation.installDir, QStringLiteral("<b>(not found)</b>"));
+    const QString exampleRoot =
+        exampleRootExists ? directoryLink(QStringLiteral("file:///exampleRoot"), installation.exampleRoot)
+                          : missingDirectory(installation.exampleRoot, QStringLiteral("(not found)"));
+    // All at once, because a path may hold what looks like a place.
     return lines.join(QStringLiteral("<br>"))
-        .arg(QStringLiteral("<b>") + installation.versionText() + QStringLiteral("</b>"))
-        .arg(installDirExists
-                 ? directoryLink(QStringLiteral("file:///installDir"), installation.installDir)
-                 : missingDirectory(installation.installDir, QStringLiteral("<b>(not found)</b>")))
-        .arg(exampleRootExists ? directoryLink(QStringLiteral("file:///exampleRoot"), installation.exampleRoot)
-                               : missingDirectory(installation.exampleRoot, QStringLiteral("(not found)")));
+        .arg(QStringLiteral("<b>") + installation.versionText() + QStringLiteral("</b>"), installDir,
+             exampleRoot);
 }
 
-QList<VisualStudioVersion> versionsForArchitecture(const QList<VisualStudioVersion> &versions, const QString &arch)
+QList<VisualStudioVersion> versionsForArchitecture(const QList<VisualStudioVersion> &versions,
+                                                   const QString &arch)
 {
     QList<VisualStudioVersion> matching;
     std::copy_if(versions.begin(), versions.end(), std::back_inserter(matching),

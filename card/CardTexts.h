@@ -29,7 +29,8 @@ QString xlBadgeStyleSheet();
 QString detailsHtml(const HalconInstallation &installation, bool installDirExists, bool exampleRootExists);
 
 /// The records that build for @p arch, in their order.
-QList<VisualStudioVersion> versionsForArchitecture(const QList<VisualStudioVersion> &versions, const QString &arch);
+QList<VisualStudioVersion> versionsForArchitecture(const QList<VisualStudioVersion> &versions,
+                                                   const QString &arch);
 
 /// The rows of the card's list: the display names of @p versions, where records without architecture count once for
 /// each IDE.

@@ -1,17 +1,21 @@
 #include "card/SingleHalconVersionFrame.h"
 
 #include "card/CardTexts.h"
+#include "card/Documentation.h"
+#include "devenv/IdeLaunch.h"
 #include "devenv/VisualStudioDetection.h"
+#include "launch/CommandShell.h"
 #include "launch/HDevelopLaunch.h"
 #include "launch/VelloxaAdvertisementDialog.h"
 #include "launch/VelloxaLaunch.h"
 #include "ui_SingleHalconVersionFrame.h"
 
+#include <QAction>
 #include <QDesktopServices>
-#include <QDir>
 #include <QEvent>
 #include <QFileInfo>
 #include <QGraphicsDropShadowEffect>
+#include <QMenu>
 #include <QMessageBox>
 #include <QProcess>
 #include <QUrl>
@@ -29,12 +33,19 @@ SingleHalconVersionFrame::SingleHalconVersionFrame(const HalconInstallation &ins
     showDetails();
     fillVisualStudioList();
     showVersion();
-    addXlBadge();
+    buildHelpMenu();
+    showHDevelop();
     connect(ui->pbHDevelop, &QPushButton::clicked, this, &SingleHalconVersionFrame::launchHDevelop);
     connect(ui->pbHDevelopXL, &QPushButton::clicked, this, &SingleHalconVersionFrame::launchHDevelopXL);
     connect(ui->pbVelloxa, &QPushButton::clicked, this, &SingleHalconVersionFrame::launchVelloxa);
     connectComRows();
     addDropShadows();
+    connect(ui->lwVsVersion, &QListWidget::doubleClicked, this,
+            &SingleHalconVersionFrame::launchShellModelIndex);
+    connect(ui->lwVsVersion, &QListWidget::clicked, this,
+            &SingleHalconVersionFrame::updateDevEnvIconModelIndex);
+    connect(ui->pbShell, &QPushButton::clicked, this, &SingleHalconVersionFrame::launchShell);
+    connect(ui->pbDevEnv, &QPushButton::clicked, this, &SingleHalconVersionFrame::launchDevEnv);
     connect(ui->pbMajor, &QPushButton::clicked, this, &SingleHalconVersionFrame::launchHDevelop);
 }
 
@@ -93,7 +104,7 @@ void SingleHalconVersionFrame::markPushButtons()
 void SingleHalconVersionFrame::showDetails()
 {
     ui->textBrowser->setText(
-        detailsHtml(record, QDir(record.installDir).exists(), QDir(record.exampleRoot).exists()));
+        detailsHtml(record, QFileInfo(record.installDir).isDir(), QFileInfo(record.exampleRoot).isDir()));
     ui->textBrowser->setOpenLinks(false);
     connect(ui->textBrowser, &QTextBrowser::anchorClicked, this, &SingleHalconVersionFrame::textBrowserClick);
 }
@@ -125,7 +136,58 @@ void SingleHalconVersionFrame::showVersion()
     ui->gridLayoutMajor->addWidget(badge, 2, 2);
 }
 
-void SingleHalconVersionFrame::addXlBadge()
+void SingleHalconVersionFrame::buildHelpMenu()
+{
+    const Documentation documentation = findDocumentation(record.installDir);
+    auto *menu = new QMenu(this);
+    for (const DocumentationEntry &entry : documentation.pdfManuals) {
+        QMenu *place = menu;
+        for (const QString &title : entry.submenus) {
+            place = submenu(place, title);
+        }
+        place->addAction(makeHelpAction(entry));
+    }
+
+    releaseNotes = std::make_unique<QMenu>(tr("Release Notes"));
+    menu->addMenu(releaseNotes.get())->setIcon(iconProvider.icon(QFileIconProvider::Folder));
+    for (const DocumentationEntry &entry : documentation.releaseNotes) {
+        releaseNotes->addAction(makeHelpAction(entry));
+    }
+
+    for (const DocumentationEntry &entry : documentation.htmlManuals) {
+        menu->addAction(makeHelpAction(entry));
+    }
+    ui->pbHelp->setMenu(menu);
+}
+
+QAction *SingleHalconVersionFrame::makeHelpAction(const DocumentationEntry &entry)
+{
+    auto *action = new QAction(iconProvider.icon(QFileInfo(entry.file)), entry.title, this);
+    action->setData(QUrl::fromLocalFile(entry.file));
+    if (entry.bold) {
+        QFont font = action->font();
+        font.setBold(true);
+        action->setFont(font);
+    }
+    connect(action, &QAction::triggered, this, &SingleHalconVersionFrame::openHelpFromAction);
+    return action;
+}
+
+/// The first submenu of @p menu with this title, made when there is none.
+QMenu *SingleHalconVersionFrame::submenu(QMenu *menu, const QString &title)
+{
+    const QList<QAction *> actions = menu->actions();
+    for (const QAction *action : actions) {
+        if (action->menu() != nullptr && action->text() == title) {
+            return action->menu();
+        }
+    }
+    auto *made = new QMenu(title, menu);
+    menu->addMenu(made)->setIcon(iconProvider.icon(QFileIconProvider::Folder));
+    return made;
+}
+
+void SingleHalconVersionFrame::showHDevelop()
 {
     const QString executable =
         record.installDir + QStringLiteral("\\bin\\") + record.arch + QStringLiteral("\\hdevelop.exe");
@@ -162,8 +224,9 @@ void SingleHalconVersionFrame::connectComRows()
 
 void SingleHalconVersionFrame::addDropShadows()
 {
-    QPushButton *const buttons[] = {ui->pbShell,    ui->pbDevEnv,     ui->pbMajor,   ui->pbPerm,          ui->pbHelp,
-                                    ui->pbHDevelop, ui->pbHDevelopXL, ui->pbVelloxa, ui->pbInstallLicense};
+    QPushButton *const buttons[] = {ui->pbShell,      ui->pbDevEnv,  ui->pbMajor,
+                                    ui->pbPerm,       ui->pbHelp,    ui->pbHDevelop,
+                                    ui->pbHDevelopXL, ui->pbVelloxa, ui->pbInstallLicense};
     for (QPushButton *button : buttons) {
         auto *shadow = new QGraphicsDropShadowEffect(button);
         shadow->setOffset(4, 4);
@@ -189,6 +252,28 @@ void SingleHalconVersionFrame::textBrowserClick(const QUrl &link)
     }
 }
 
+void SingleHalconVersionFrame::launchShellModelIndex(const QModelIndex &index)
+{
+    const VisualStudioVersion *version =
+        chosenVisualStudio(index, tr("Could not launch shell: No valid Visual Studio version selected."));
+    if (version == nullptr) {
+        return;
+    }
+    if (version->vcvarsBat.isEmpty()) {
+        launchDevEnvModelIndex(index);
+        return;
+    }
+    QStringList errors;
+    if (!startShell(record, *version, &errors)) {
+        showErrors(tr("There were errors in launching a CMD shell for HALCON %1:\n"), errors);
+    }
+}
+
+void SingleHalconVersionFrame::launchShell()
+{
+    launchShellModelIndex(ui->lwVsVersion->currentIndex());
+}
+
 void SingleHalconVersionFrame::launchHDevelop()
 {
     launchHDevelopBuild(false);
@@ -203,9 +288,7 @@ void SingleHalconVersionFrame::launchHDevelopBuild(bool xl)
 {
     QStringList errors;
     if (!startHDevelop(record, xl, &errors)) {
-        QMessageBox::warning(this, QStringLiteral("Errors"),
-                             tr("There were errors when launching HDevelop %1:\n").arg(record.versionArchText()) +
-                                 errors.join(QLatin1Char('\n')));
+        showErrors(tr("There were errors when launching HDevelop %1:\n"), errors);
     }
 }
 
@@ -217,6 +300,18 @@ void SingleHalconVersionFrame::launchVelloxa()
         advertisement->setAttribute(Qt::WA_DeleteOnClose);
         advertisement->show();
     }
+}
+
+void SingleHalconVersionFrame::openHelpFromAction()
+{
+    if (const auto *action = qobject_cast<QAction *>(sender())) {
+        QDesktopServices::openUrl(action->data().toUrl());
+    }
+}
+
+void SingleHalconVersionFrame::updateDevEnvIconModelIndex(const QModelIndex &index)
+{
+    updateDevEnvIconIndex(index.row());
 }
 
 void SingleHalconVersionFrame::updateDevEnvIconIndex(int row)
@@ -231,4 +326,52 @@ void SingleHalconVersionFrame::updateDevEnvIconIndex(int row)
     ui->pbDevEnv->setVisible(!icon.isNull());
     ui->pbDevEnv->setIcon(icon);
     ui->pbShell->setVisible(!version.architecture.isEmpty());
+}
+
+void SingleHalconVersionFrame::launchDevEnv()
+{
+    launchDevEnvModelIndex(ui->lwVsVersion->currentIndex());
+}
+
+void SingleHalconVersionFrame::launchDevEnvModelIndex(const QModelIndex &index)
+{
+    const VisualStudioVersion *version = chosenVisualStudio(
+        index, tr("Could not launch Visual Studio IDE: No valid Visual Studio version selected."));
+    if (version == nullptr) {
+        return;
+    }
+    QStringList errors;
+    if (!startDevEnv(record, *version, &errors)) {
+        showErrors(tr("There were errors in launching Visual Studio IDE for HALCON %1:\n"), errors);
+    }
+}
+
+/// The Visual Studio in the row of @p index. When there is none, tells the user why and returns null.
+const VisualStudioVersion *SingleHalconVersionFrame::chosenVisualStudio(const QModelIndex &index,
+                                                                        const QString &nothingChosen)
+{
+    if (visualStudios.isEmpty()) {
+        QMessageBox::warning(
+            this, QStringLiteral("No Visual Studio detected"),
+            tr("The shell cannot be launched, as we could not detect any Visual Studio on your computer. "
+               "Please make "
+               "sure that you have installed Microsoft Visual Studio and that the component \"Visual C++ "
+               "toolset\" "
+               "has been selected during installation. To review potential errors in detecting your Visual "
+               "Studio "
+               "version, close this dialog and press F12 to see debug output of this program."));
+        return nullptr;
+    }
+    if (index.row() < 0 || index.row() >= visualStudios.size()) {
+        QMessageBox::warning(this, QStringLiteral("Error"), nothingChosen);
+        return nullptr;
+    }
+    return &visualStudios.at(index.row());
+}
+
+/// Warns of @p errors under @p heading, in which %1 stands for the installation.
+void SingleHalconVersionFrame::showErrors(const QString &heading, const QStringList &errors)
+{
+    QMessageBox::warning(this, QStringLiteral("Errors"),
+                         heading.arg(record.versionArchText()) + errors.join(QLatin1Char('\n')));
 }

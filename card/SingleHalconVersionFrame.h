@@ -9,7 +9,11 @@
 
 #include <memory>
 
+class QAction;
+class QMenu;
+class QModelIndex;
 class QUrl;
+struct DocumentationEntry;
 
 namespace Ui {
 class SingleHalconVersionFrame;
@@ -36,6 +40,13 @@ public slots:
     /// handler.
     void textBrowserClick(const QUrl &link);
 
+    /// Opens a shell with the Visual Studio in the row of @p index, or its IDE where it has no build environment;
+    /// shows a warning when that fails.
+    void launchShellModelIndex(const QModelIndex &index);
+
+    /// The same with the selected Visual Studio.
+    void launchShell();
+
     /// Starts HDevelop; shows a warning when that fails.
     void launchHDevelop();
 
@@ -45,8 +56,20 @@ public slots:
     /// Starts Velloxa, or shows what it is when it could not be started.
     void launchVelloxa();
 
+    /// Opens the manual whose menu entry has sent the signal.
+    void openHelpFromAction();
+
+    /// Shows the IDE and shell buttons that fit the Visual Studio in the row of @p index.
+    void updateDevEnvIconModelIndex(const QModelIndex &index);
+
     /// Shows the IDE and shell buttons that fit the Visual Studio in @p row of the list.
     void updateDevEnvIconIndex(int row);
+
+    /// Starts the IDE of the selected Visual Studio; shows a warning when that fails.
+    void launchDevEnv();
+
+    /// Starts the IDE of the Visual Studio in the row of @p index; shows a warning when that fails.
+    void launchDevEnvModelIndex(const QModelIndex &index);
 
 private:
     void setObjectNames();
@@ -55,13 +78,20 @@ private:
     void connectComRows();
     void fillVisualStudioList();
     void showVersion();
-    void addXlBadge();
+    void buildHelpMenu();
+    QAction *makeHelpAction(const DocumentationEntry &entry);
+    QMenu *submenu(QMenu *menu, const QString &title);
+    void showHDevelop();
     void addDropShadows();
     QIcon fileIcon(const QString &path) const;
     void launchHDevelopBuild(bool xl);
+    const VisualStudioVersion *chosenVisualStudio(const QModelIndex &index, const QString &nothingChosen);
+    void showErrors(const QString &heading, const QStringList &errors);
 
     HalconInstallation record;
-    QList<VisualStudioVersion> visualStudios; ///< those that fit the architecture, in the order of the list's rows
+    QList<VisualStudioVersion>
+        visualStudios; ///< those that fit the architecture, in the order of the list's rows
     QFileIconProvider iconProvider;
     std::unique_ptr<Ui::SingleHalconVersionFrame> ui;
+    std::unique_ptr<QMenu> releaseNotes; ///< has no parent
 };

@@ -21,7 +21,8 @@ QList<VisualStudioVersion> recordsPerArchitecture(const VisualStudioVersion &pro
     QList<VisualStudioVersion> records;
     for (const Script &script : scripts) {
         const bool exists = QFileInfo::exists(script.path);
-        DebugLogger::instance().log(script.path + (exists ? QStringLiteral(" found") : QStringLiteral(" NOT found")));
+        DebugLogger::instance().log(script.path +
+                                    (exists ? QStringLiteral(" found") : QStringLiteral(" NOT found")));
         if (exists) {
             VisualStudioVersion record = product;
             record.vcvarsBat = script.path;

@@ -1,6 +1,7 @@
 #include "devenv/IdeLaunch.h"
 
 #include "app/DebugLogger.h"
+#include "launch/ProcessStart.h"
 
 #include <QFileInfo>
 #include <QStringList>
@@ -32,4 +33,10 @@ void findIdeExecutable(VisualStudioVersion &version)
         }
         DebugLogger::instance().log(file.absoluteFilePath() + QStringLiteral(" does NOT exist"));
     }
+}
+
+bool startDevEnv(const HalconInstallation &installation, const VisualStudioVersion &visualStudio,
+                 QStringList *errors)
+{
+    return startProcess(visualStudio.idePath, QString(), installation, errors);
 }

@@ -3,6 +3,7 @@
 #include "app/DebugLogger.h"
 #include "devenv/BuildScripts.h"
 #include "devenv/IdeLaunch.h"
+#include "devenv/Vswhere.h"
 
 #include <QDebug>
 #include <QDir>
@@ -14,7 +15,8 @@
 namespace {
 
 /// The record of one product found in the registry, still without architecture.
-VisualStudioVersion recordFor(const QString &productDir, const QString &edition, const QString &version, bool express)
+VisualStudioVersion recordFor(const QString &productDir, const QString &edition, const QString &version,
+                              bool express)
 {
     VisualStudioVersion record;
     record.express = express;
@@ -39,7 +41,8 @@ VisualStudioVersion recordFor(const QString &productDir, const QString &edition,
 QList<VisualStudioVersion> detectVisualStudioInRegistry(const QString &rootKey, bool express)
 {
     qDebug() << "detectVisualStudioInRegistry in" << rootKey;
-    DebugLogger::instance().log(QStringLiteral("Try to detect Visual Studio (pre-VS2017) in registry at ") + rootKey);
+    DebugLogger::instance().log(QStringLiteral("Try to detect Visual Studio (pre-VS2017) in registry at ") +
+                                rootKey);
 
     // The dot matches any character, so that 14.0_Config and 1400 pass as well.
     static const QRegularExpression versionPattern(QStringLiteral(R"(\d+.\d)"));
@@ -64,10 +67,52 @@ QList<VisualStudioVersion> detectVisualStudioInRegistry(const QString &rootKey, 
             }
             const VisualStudioVersion record =
                 recordFor(product.value(productDir).toString(), edition, version, express);
-            records += recordsPerArchitecture(record, record.vcDir + QStringLiteral("\\bin\\amd64\\vcvars64.bat"),
-                                              record.vcDir + QStringLiteral("\\bin\\vcvars32.bat"));
+            records +=
+                recordsPerArchitecture(record, record.vcDir + QStringLiteral("\\bin\\amd64\\vcvars64.bat"),
+                                       record.vcDir + QStringLiteral("\\bin\\vcvars32.bat"));
         }
     }
+    return records;
+}
+
+QList<VisualStudioVersion> detectVisualStudioViaVswhere()
+{
+    qDebug() << "detectVisualStudioViaVswhere with vswhere.exe";
+    DebugLogger::instance().log(
+        QStringLiteral("Trying to detect Visual Studio via vswhere.exe utility (VS2017+)"));
+    const QString executable = vswhereExecutable();
+    if (executable.isEmpty()) {
+        return {};
+    }
+    const std::optional<QByteArray> report = runVswhere(executable);
+    return report ? parseVswhereReport(*report) : QList<VisualStudioVersion>();
+}
+
+QList<VisualStudioVersion> parseVswhereReport(const QByteArray &report)
+{
+    qDebug() << QString::fromUtf8(report);
+    const auto logAll = [](const QStringList &lines) {
+        for (const QString &line : lines) {
+            DebugLogger::instance().log(line);
+        }
+    };
+    const VswhereReport read = readVswhereReport(report);
+    QList<VisualStudioVersion> records;
+    for (const VswhereInstallation &installation : read.installations) {
+        logAll(installation.log);
+        VisualStudioVersion record;
+        // Searched before and after the product directory is known: the log shows both.
+        findIdeExecutable(record);
+        record.edition = installation.displayName;
+        record.productDir = installation.path;
+        findIdeExecutable(record);
+        record.version = installation.version;
+        record.vcDir = installation.path + QStringLiteral("\\VC");
+        const QString scripts = record.vcDir + QStringLiteral("\\Auxiliary\\Build\\");
+        records += recordsPerArchitecture(record, scripts + QStringLiteral("vcvars64.bat"),
+                                          scripts + QStringLiteral("vcvars32.bat"));
+    }
+    logAll(read.log);
     return records;
 }
 
@@ -90,6 +135,7 @@ QList<VisualStudioVersion> detectVisualStudioVersions()
     for (const Root &root : roots) {
         versions += detectVisualStudioInRegistry(QLatin1String(root.key), root.express);
     }
+    versions += detectVisualStudioViaVswhere();
     orderVisualStudioVersions(versions);
     return versions;
 }

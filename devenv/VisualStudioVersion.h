@@ -11,7 +11,8 @@ struct VisualStudioVersion {
     QString architecture; ///< "amd64", "x86" or empty
     QString productDir;   ///< where the product is installed
     QString vcDir;        ///< the compiler tool set's directory below it
-    QString vcvarsBat;    ///< the script that sets up the build environment for the architecture; empty without one
+    QString
+        vcvarsBat; ///< the script that sets up the build environment for the architecture; empty without one
     QString ideName;      ///< command that starts the IDE, such as "devenv"; empty when there is no IDE
     QString idePath;      ///< absolute path of the IDE's executable; empty when there is no IDE
     bool express = false; ///< an Express edition, which has other IDEs

@@ -50,10 +50,11 @@ void orderInstallations(QList<HalconInstallation> &installations)
     using Record = HalconInstallation;
     std::sort(installations.begin(), installations.end(),
               [](const Record &a, const Record &b) { return a.versionArchText() < b.versionArchText(); });
-    installations.erase(
-        std::unique(installations.begin(), installations.end(),
-                    [](const Record &a, const Record &b) { return a.versionArchText() == b.versionArchText(); }),
-        installations.end());
+    installations.erase(std::unique(installations.begin(), installations.end(),
+                                    [](const Record &a, const Record &b) {
+                                        return a.versionArchText() == b.versionArchText();
+                                    }),
+                        installations.end());
     std::stable_sort(installations.begin(), installations.end(),
                      [](const Record &a, const Record &b) { return archRank(a.arch) < archRank(b.arch); });
     std::stable_sort(installations.begin(), installations.end(), [](const Record &a, const Record &b) {

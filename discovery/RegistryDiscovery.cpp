@@ -34,12 +34,13 @@ QList<HalconInstallation> getAllHalconVersions()
 {
     DebugLogger::instance().log(QStringLiteral("Get all HALCON versions"));
     QList<HalconInstallation> installations;
-    installations += readMainHalconKey(QStringLiteral(R"(HKEY_LOCAL_MACHINE\Software\Wow6432Node\MVTec\HALCON)"));
+    installations +=
+        readMainHalconKey(QStringLiteral(R"(HKEY_LOCAL_MACHINE\Software\Wow6432Node\MVTec\HALCON)"));
     installations += readMainHalconKey(QStringLiteral(R"(HKEY_LOCAL_MACHINE\Software\MVTec\HALCON)"));
-    installations +=
-        readUninstallKeys(QStringLiteral(R"(HKEY_CURRENT_USER\SOFTWARE\Microsoft\Windows\CurrentVersion\Uninstall)"));
-    installations +=
-        readUninstallKeys(QStringLiteral(R"(HKEY_LOCAL_MACHINE\SOFTWARE\Microsoft\Windows\CurrentVersion\Uninstall)"));
+    installations += readUninstallKeys(
+        QStringLiteral(R"(HKEY_CURRENT_USER\SOFTWARE\Microsoft\Windows\CurrentVersion\Uninstall)"));
+    installations += readUninstallKeys(
+        QStringLiteral(R"(HKEY_LOCAL_MACHINE\SOFTWARE\Microsoft\Windows\CurrentVersion\Uninstall)"));
     orderInstallations(installations);
     return installations;
 }
@@ -98,7 +99,8 @@ QList<HalconInstallation> readUninstallKeys(const QString &keyPath)
         base.setComponents({QStringLiteral("RuntimeX64")});
 
         settings.beginGroup(group);
-        base.installDir = settings.value(QStringLiteral("InstallLocation")).toString().remove(QLatin1Char('"'));
+        base.installDir =
+            settings.value(QStringLiteral("InstallLocation")).toString().remove(QLatin1Char('"'));
         base.setExampleRoot(base.installDir);
         settings.endGroup();
 

@@ -16,7 +16,8 @@ VersionName parseName(const QString &name, const QRegularExpression &pattern)
     result.matches = match.hasMatch();
     bool majorFits = false;
     bool minorFits = false;
-    HalconInstallation installation(match.captured(1).toInt(&majorFits), match.captured(2).toInt(&minorFits), -1, -1);
+    HalconInstallation installation(match.captured(1).toInt(&majorFits), match.captured(2).toInt(&minorFits),
+                                    -1, -1);
     if (majorFits && minorFits) {
         installation.setSuffix(match.captured(3));
         result.installation = installation;
@@ -40,10 +41,12 @@ constexpr std::array<Runtime, 3> runtimes{{
 QStringList withoutForeign(const QStringList &components, const Runtime &runtime)
 {
     QStringList kept;
-    std::copy_if(components.begin(), components.end(), std::back_inserter(kept), [&](const QString &component) {
-        return std::none_of(runtime.foreignEndings.begin(), runtime.foreignEndings.end(),
-                            [&](const char *ending) { return component.endsWith(QLatin1String(ending)); });
-    });
+    std::copy_if(components.begin(), components.end(), std::back_inserter(kept),
+                 [&](const QString &component) {
+                     return std::none_of(
+                         runtime.foreignEndings.begin(), runtime.foreignEndings.end(),
+                         [&](const char *ending) { return component.endsWith(QLatin1String(ending)); });
+                 });
     return kept;
 }
 
@@ -57,7 +60,8 @@ VersionName parseProductKeyName(const QString &name)
 
 VersionName parseUninstallKeyName(const QString &name)
 {
-    static const QRegularExpression pattern(QStringLiteral(R"(MVTec HALCON (\d+)\.(\d+)[ -]([A-Za-z0-9_]+)?)"));
+    static const QRegularExpression pattern(
+        QStringLiteral(R"(MVTec HALCON (\d+)\.(\d+)[ -]([A-Za-z0-9_]+)?)"));
     return parseName(name, pattern);
 }
 

@@ -14,10 +14,12 @@ QMap<QString, QString> variableOverrides(const HalconInstallation &installation)
     if (!installation.exampleRoot.isEmpty()) {
         overrides.insert(QStringLiteral("HALCONIMAGES"),
                          installation.exampleRoot + QStringLiteral("\\examples\\images"));
-        overrides.insert(QStringLiteral("HALCONEXAMPLES"), installation.exampleRoot + QStringLiteral("\\examples"));
+        overrides.insert(QStringLiteral("HALCONEXAMPLES"),
+                         installation.exampleRoot + QStringLiteral("\\examples"));
     }
     overrides.insert(QStringLiteral("PATH"),
-                     installation.installDir + QStringLiteral("\\bin\\") + installation.arch + QLatin1Char(';') +
+                     installation.installDir + QStringLiteral("\\bin\\") + installation.arch +
+                         QLatin1Char(';') +
                          QProcessEnvironment::systemEnvironment().value(QStringLiteral("PATH")));
     return overrides;
 }
@@ -29,9 +31,9 @@ std::shared_ptr<char16_t[]> buildEnvironmentBlock(const QMap<QString, QString> &
         environment.insert(variable.key(), variable.value());
     }
     const QStringList entries = environment.toStringList();
-    const std::size_t size =
-        std::accumulate(entries.begin(), entries.end(), std::size_t{1},
-                        [](std::size_t sum, const QString &entry) { return sum + std::size_t(entry.size()) + 1; });
+    const std::size_t size = std::accumulate(
+        entries.begin(), entries.end(), std::size_t{1},
+        [](std::size_t sum, const QString &entry) { return sum + std::size_t(entry.size()) + 1; });
 
     // Zeroed from the start, so only the text itself has to be written.
     std::shared_ptr<char16_t[]> block(new char16_t[size]());

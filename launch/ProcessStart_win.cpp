@@ -42,9 +42,10 @@ bool startProcess(const QString &executable, const QString &arguments, const Hal
     startupInfo.cb = sizeof(startupInfo);
     PROCESS_INFORMATION process = {};
 
-    DebugLogger::instance().log(QStringLiteral("CreateProcess: ") + executable + QLatin1Char(' ') + arguments);
-    if (CreateProcessW(wide(executable), commandLine.data(), nullptr, nullptr, FALSE, CREATE_UNICODE_ENVIRONMENT,
-                       environment.get(), nullptr, &startupInfo, &process) == 0) {
+    DebugLogger::instance().log(QStringLiteral("CreateProcess: ") + executable + QLatin1Char(' ') +
+                                arguments);
+    if (CreateProcessW(wide(executable), commandLine.data(), nullptr, nullptr, FALSE,
+                       CREATE_UNICODE_ENVIRONMENT, environment.get(), nullptr, &startupInfo, &process) == 0) {
         const QString error = lastWindowsErrorText();
         if (errors != nullptr) {
             errors->append(QStringLiteral("CreateProcess failed: %1").arg(error));
@@ -61,10 +62,11 @@ QString lastWindowsErrorText()
     const DWORD code = GetLastError();
     wchar_t *text = nullptr;
     // With FORMAT_MESSAGE_ALLOCATE_BUFFER the buffer parameter takes the address of the buffer that is made.
-    FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_FROM_SYSTEM,
+    FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_IGNORE_INSERTS |
+                       FORMAT_MESSAGE_FROM_SYSTEM,
                    nullptr, code, 0, reinterpret_cast<wchar_t *>(&text), 0, nullptr);
-    const QString result = text != nullptr ? QString::fromWCharArray(text).trimmed()
-                                           : QStringLiteral("Unknown Error %1").arg(code);
+    QString result = text != nullptr ? QString::fromWCharArray(text).trimmed()
+                                     : QStringLiteral("Unknown Error %1").arg(code);
     LocalFree(text);
     return result;
 }

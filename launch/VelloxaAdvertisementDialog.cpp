@@ -7,7 +7,8 @@ namespace {
 
 QString link(const QString &address)
 {
-    return QStringLiteral("<a href=\"%1\"><span style=\"text-decoration: underline; color:#0000ff;\">%1</span></a>")
+    return QStringLiteral(
+               "<a href=\"%1\"><span style=\"text-decoration: underline; color:#0000ff;\">%1</span></a>")
         .arg(address);
 }
 
@@ -23,10 +24,12 @@ VelloxaAdvertisementDialog::VelloxaAdvertisementDialog(QWidget *parent)
         QStringLiteral("<img src=\":/velloxa-256.png\">") +
             tr("It seems that Velloxa is not available on this machine."),
         QString(),
-        tr("Velloxa is the perfect combination for MVTec HALCON to deploy your algorithms fast and easy to customer "
+        tr("Velloxa is the perfect combination for MVTec HALCON to deploy your algorithms fast and easy to "
+           "customer "
            "machines."),
         tr("No more C++ or C# development needed."),
-        tr("In addition, the Professional Edition runs your scripts on multiple images during development, leading to "
+        tr("In addition, the Professional Edition runs your scripts on multiple images during development, "
+           "leading to "
            "an unprecedented speed in evaluating your algorithm."),
         QString(),
         tr("Quorvik Solutions Velloxa Demo can be downloaded for free at"),
@@ -34,8 +37,8 @@ VelloxaAdvertisementDialog::VelloxaAdvertisementDialog(QWidget *parent)
         QString(),
         tr("Please restart this program after the installation of Velloxa has finished."),
     };
-    ui->textBrowser->setHtml(QStringLiteral("<p style=\"font-size:9pt;\">") + lines.join(QStringLiteral("<br>")) +
-                             QStringLiteral("</p>"));
+    ui->textBrowser->setHtml(QStringLiteral("<p style=\"font-size:9pt;\">") +
+                             lines.join(QStringLiteral("<br>")) + QStringLiteral("</p>"));
 }
 
 VelloxaAdvertisementDialog::~VelloxaAdvertisementDialog() = default;

@@ -10,7 +10,8 @@ namespace {
 /// The path of one of Velloxa's executables, kept in @p found from the first time on that it exists.
 QString findExecutable(const QString &fileName, QString &found)
 {
-    if (found.isEmpty()) {
+    // Without a directory the path would mean whatever lies at the root of the current drive.
+    if (found.isEmpty() && !velloxaInstallDir().isEmpty()) {
         const QString path = velloxaInstallDir() + QLatin1Char('\\') + fileName;
         if (QFileInfo::exists(path)) {
             found = path;
@@ -45,7 +46,8 @@ bool startVelloxa(const HalconInstallation &installation, QStringList *errors)
 QString velloxaInstallDir()
 {
     static const QString directory =
-        QSettings(QStringLiteral(R"(HKEY_LOCAL_MACHINE\SOFTWARE\Quorvik Solutions\Velloxa)"), QSettings::NativeFormat)
+        QSettings(QStringLiteral(R"(HKEY_LOCAL_MACHINE\SOFTWARE\Quorvik Solutions\Velloxa)"),
+                  QSettings::NativeFormat)
             .value(QStringLiteral("InstallDir"))
             .toString();
     return directory;

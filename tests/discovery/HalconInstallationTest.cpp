@@ -68,17 +68,28 @@ void HalconInstallationTest::versionText_data()
     QTest::addColumn<QString>("suffix");
     QTest::addColumn<QString>("text");
 
-    QTest::newRow("unknown revision and build") << 20 << 11 << -1 << -1 << "Progress" << "20.11 Progress";
-    QTest::newRow("no suffix") << 18 << 11 << 2 << 0 << "" << "18.11.2";
-    QTest::newRow("revision 0 is printed") << 20 << 11 << 0 << 0 << "" << "20.11.0";
-    QTest::newRow("build other than 0") << 20 << 11 << 0 << 7 << "" << "20.11.0.7";
-    QTest::newRow("everything") << 20 << 11 << 1 << 3 << "Progress" << "20.11.1.3 Progress";
-    QTest::newRow("unknown minor ends the numbers") << 20 << -1 << 3 << 3 << "Progress" << "20 Progress";
-    QTest::newRow("unknown revision ends the numbers") << 20 << 11 << -1 << 3 << "" << "20.11";
-    QTest::newRow("unknown build") << 20 << 11 << 4 << -1 << "" << "20.11.4";
-    QTest::newRow("minor 0") << 13 << 0 << -1 << -1 << "" << "13.0";
-    QTest::newRow("unknown major") << -1 << 11 << 1 << 3 << "Progress" << "";
-    QTest::newRow("other negative numbers are printed") << -2 << -3 << -4 << -5 << "" << "-2.-3.-4.-5";
+    QTest::newRow("unknown revision and build") << 20 << 11 << -1 << -1 << "Progress"
+                                                << "20.11 Progress";
+    QTest::newRow("no suffix") << 18 << 11 << 2 << 0 << ""
+                               << "18.11.2";
+    QTest::newRow("revision 0 is printed") << 20 << 11 << 0 << 0 << ""
+                                           << "20.11.0";
+    QTest::newRow("build other than 0") << 20 << 11 << 0 << 7 << ""
+                                        << "20.11.0.7";
+    QTest::newRow("everything") << 20 << 11 << 1 << 3 << "Progress"
+                                << "20.11.1.3 Progress";
+    QTest::newRow("unknown minor ends the numbers") << 20 << -1 << 3 << 3 << "Progress"
+                                                    << "20 Progress";
+    QTest::newRow("unknown revision ends the numbers") << 20 << 11 << -1 << 3 << ""
+                                                       << "20.11";
+    QTest::newRow("unknown build") << 20 << 11 << 4 << -1 << ""
+                                   << "20.11.4";
+    QTest::newRow("minor 0") << 13 << 0 << -1 << -1 << ""
+                             << "13.0";
+    QTest::newRow("unknown major") << -1 << 11 << 1 << 3 << "Progress"
+                                   << "";
+    QTest::newRow("other negative numbers are printed") << -2 << -3 << -4 << -5 << ""
+                                                        << "-2.-3.-4.-5";
 }
 
 void HalconInstallationTest::versionText()
@@ -127,10 +138,12 @@ void HalconInstallationTest::ordering_data()
     using List = QList<HalconInstallation>;
     QTest::newRow("none") << List() << QStringList();
     QTest::newRow("numbers, not text")
-        << List{installation(18, 11, -1, -1, x64), installation(10, 0, -1, -1, x64), installation(9, 0, -1, -1, x64)}
+        << List{installation(18, 11, -1, -1, x64), installation(10, 0, -1, -1, x64),
+                installation(9, 0, -1, -1, x64)}
         << QStringList{"9.0 (x64-win64)", "10.0 (x64-win64)", "18.11 (x64-win64)"};
     QTest::newRow("architectures of one version")
-        << List{installation(12, 0, 3, 0, x64), installation(12, 0, 3, 0, x86), installation(12, 0, 3, 0, sse2)}
+        << List{installation(12, 0, 3, 0, x64), installation(12, 0, 3, 0, x86),
+                installation(12, 0, 3, 0, sse2)}
         << QStringList{"12.0.3 (x86-win32)", "12.0.3 (x86sse2-win32)", "12.0.3 (x64-win64)"};
     QTest::newRow("version before architecture")
         << List{installation(13, 0, 0, 0, x86), installation(12, 0, 0, 0, x64)}
@@ -147,7 +160,8 @@ void HalconInstallationTest::ordering_data()
         << List{installation(20, 11, 0, -1, x64, "X"), installation(20, 11, -1, -1, x64, "X")}
         << QStringList{"20.11 X (x64-win64)", "20.11.0 X (x64-win64)"};
     QTest::newRow("duplicates that are apart")
-        << List{installation(13, 0, 0, 0, x64), installation(12, 0, 0, 0, x64), installation(13, 0, 0, 0, x64)}
+        << List{installation(13, 0, 0, 0, x64), installation(12, 0, 0, 0, x64),
+                installation(13, 0, 0, 0, x64)}
         << QStringList{"12.0.0 (x64-win64)", "13.0.0 (x64-win64)"};
     QTest::newRow("unknown architecture first")
         << List{installation(13, 0, 0, 0, x86), installation(13, 0, 0, 0, QStringLiteral("arm64"))}

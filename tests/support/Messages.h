@@ -3,7 +3,6 @@
 #include <QString>
 #include <QStringList>
 
-
 /// The lines that were added to the debug log since this object was made.
 class LogLines {
 public:

@@ -47,8 +47,8 @@ public:
 
     void set(const QString &name, DWORD type, const void *data, std::size_t size) const
     {
-        const LSTATUS status =
-            RegSetValueExW(handle, wide(name), 0, type, static_cast<const BYTE *>(data), static_cast<DWORD>(size));
+        const LSTATUS status = RegSetValueExW(handle, wide(name), 0, type, static_cast<const BYTE *>(data),
+                                              static_cast<DWORD>(size));
         if (status != ERROR_SUCCESS) {
             qFatal("could not set registry value %s: error %ld", qPrintable(name), status);
         }

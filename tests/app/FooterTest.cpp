@@ -1,0 +1,95 @@
+#include "app/Footer.h"
+#include "app/ApplicationIdentity.h"
+#include "app/MakerAddresses.h"
+
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QtTest>
+
+class FooterTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { setApplicationIdentity(); }
+    void identity();
+    void addresses();
+    void templateText();
+    void placesAreFilledInTurn();
+    void browserHtmlServesAsTemplate();
+};
+
+void FooterTest::identity()
+{
+    QCOMPARE(QApplication::applicationName(), QString("Corvanta for HALCON"));
+    QCOMPARE(QApplication::applicationDisplayName(), QString("Corvanta for HALCON"));
+    QCOMPARE(QApplication::applicationVersion(), QString("1.8"));
+    QCOMPARE(QApplication::organizationName(), QString("Quorvik Solutions"));
+    QCOMPARE(QApplication::organizationDomain(), MakerAddresses::webDomain());
+}
+
+void FooterTest::addresses()
+{
+    const QString home = "http://www." + MakerAddresses::webDomain() + "/";
+    QCOMPARE(MakerAddresses::homePage(), home);
+    QCOMPARE(MakerAddresses::contactPage(), home + "contact/");
+    QVERIFY(MakerAddresses::shop().startsWith("http://www."));
+    QVERIFY(MakerAddresses::shop().endsWith("/"));
+    QVERIFY(MakerAddresses::velloxaDownloads().startsWith("http://www."));
+    QVERIFY(MakerAddresses::velloxaDownloads().endsWith("/downloads.html"));
+    QVERIFY(MakerAddresses::feedbackAddress().contains("@"));
+}
+
+void FooterTest::templateText()
+{
+    QTextDocument document;
+    document.setHtml(footerTemplate());
+    QCOMPARE(
+        document.toPlainText(),
+        QString(
+            "%1 (%2) - Please find more information about our HALCON services at %3 or our products at %4. "
+            "We are happy to receive feedback from you."));
+    QCOMPARE(document.blockCount(), 1);
+}
+
+void FooterTest::placesAreFilledInTurn()
+{
+    QCOMPARE(filledFooter("%1|%2|%3|%3|%4|%5"),
+             "Quorvik Solutions Corvanta for HALCON|1.8|http://www." + MakerAddresses::webDomain() +
+                 "/|http://www." + MakerAddresses::webDomain() + "/|" + MakerAddresses::shop() +
+                 "|Corvanta%20for%20HALCON%201.8");
+}
+
+void FooterTest::browserHtmlServesAsTemplate()
+{
+    QTextDocument document;
+    document.setHtml(footerTemplate());
+    document.setHtml(filledFooter(document.toHtml()));
+    QCOMPARE(document.toPlainText(), "Quorvik Solutions Corvanta for HALCON (1.8) - Please find more "
+                                     "information about our HALCON services "
+                                     "at " +
+                                         MakerAddresses::homePage() + " or our products at " +
+                                         MakerAddresses::shop() +
+                                         ". We are happy to receive feedback from you.");
+
+    QStringList links;
+    const QTextBlock block = document.firstBlock();
+    for (auto fragment = block.begin(); !fragment.atEnd(); ++fragment) {
+        const QTextCharFormat format = fragment.fragment().charFormat();
+        QCOMPARE(format.fontPointSize(), 8.0);
+        if (format.isAnchor()) {
+            links.append(fragment.fragment().text() + " -> " + format.anchorHref());
+            QVERIFY(format.fontUnderline());
+            QCOMPARE(format.foreground().color(), QColor("#0000ff"));
+        }
+    }
+    QCOMPARE(links, (QStringList{
+                        MakerAddresses::homePage() + " -> " + MakerAddresses::homePage(),
+                        MakerAddresses::shop() + " -> " + MakerAddresses::shop(),
+                        "feedback -> mailto:" + MakerAddresses::feedbackAddress() +
+                            "?subject=Feedback Corvanta%20for%20HALCON%201.8",
+                    }));
+}
+
+QTEST_MAIN(FooterTest)
+
+#include "FooterTest.moc"

@@ -1,0 +1,286 @@
+#include "app/MainWindow.h"
+#include "app/ApplicationIdentity.h"
+#include "app/DebugDialog.h"
+#include "app/MakerAddresses.h"
+#include "card/SingleHalconVersionFrame.h"
+#include "tests/support/Registry.h"
+
+#include <QCheckBox>
+#include <QMenuBar>
+#include <QScrollArea>
+#include <QSettings>
+#include <QStatusBar>
+#include <QTextBrowser>
+#include <QToolBar>
+#include <QtTest>
+#include <QVBoxLayout>
+
+namespace {
+
+const QString productKey = R"(HKEY_LOCAL_MACHINE\Software\MVTec\HALCON)";
+const QString settingsKey = R"(HKEY_CURRENT_USER\Software\Quorvik Solutions\Corvanta for HALCON)";
+const QString updateCheckHalcon = "updateCheckHalcon";
+const QString updateCheckCorvanta = "updateCheckCorvanta";
+
+void install(const QString &version)
+{
+    Registry::setDword(productKey + '\\' + version + "\\InstalledComponents", "RuntimeX64", 1);
+    Registry::setString(productKey + '\\' + version + "\\Initialized", "InstallDir", "C:\\" + version);
+}
+
+QStringList cardTexts(const MainWindow &window)
+{
+    QStringList texts;
+    const QWidget *cards = window.findChild<QScrollArea *>("saHalconVersions")->widget();
+    for (int i = 0; i < cards->layout()->count(); ++i) {
+        const auto *card = qobject_cast<SingleHalconVersionFrame *>(cards->layout()->itemAt(i)->widget());
+        texts.append(card == nullptr ? "no card" : card->installation().versionArchText());
+    }
+    return texts;
+}
+
+/// The stored value as the registry has it, or an invalid one when there is none.
+QVariant stored(const QString &name)
+{
+    return QSettings(settingsKey, QSettings::NativeFormat).value(name);
+}
+
+} // namespace
+
+class MainWindowTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { setApplicationIdentity(); }
+    void init();
+    void titleAndState();
+    void widgetTree();
+    void bars();
+    void footer();
+    void cardsInOrder();
+    void cardsAreOwnCopies();
+    void optionsAreOffAtFirst();
+    void storedOptionsAreRestored_data();
+    void storedOptionsAreRestored();
+    void restoringDoesNotWrite();
+    void changingAnOptionStoresIt_data();
+    void changingAnOptionStoresIt();
+    void unreadableOptionIsOff();
+    void f12ShowsOneDebugDialog();
+    void otherKeysDoNothing();
+};
+
+void MainWindowTest::init()
+{
+    Registry::removeTree(productKey);
+    Registry::removeTree(settingsKey);
+    install("13.0");
+}
+
+void MainWindowTest::titleAndState()
+{
+    const MainWindow window;
+    QCOMPARE(window.windowTitle(), QString("Quorvik Solutions - Corvanta for HALCON 1.8"));
+    QCOMPARE(window.windowState(), Qt::WindowStates(Qt::WindowMaximized));
+    QCOMPARE(window.objectName(), QString("MainWindow"));
+    QCOMPARE(window.size(), QSize(834, 621));
+}
+
+void MainWindowTest::widgetTree()
+{
+    const MainWindow window;
+    QCOMPARE(window.centralWidget()->objectName(), QString("centralWidget"));
+    const auto *column = qobject_cast<QVBoxLayout *>(window.centralWidget()->layout());
+    QVERIFY(column != nullptr);
+    QCOMPARE(column->objectName(), QString("verticalLayout"));
+    QCOMPARE(column->spacing(), 0);
+    QCOMPARE(column->contentsMargins(), QMargins(0, 0, 0, 0));
+    QCOMPARE(column->count(), 3);
+
+    const auto *area = qobject_cast<QScrollArea *>(column->itemAt(0)->widget());
+    QVERIFY(area != nullptr);
+    QCOMPARE(area->objectName(), QString("saHalconVersions"));
+    QCOMPARE(area->sizePolicy().horizontalPolicy(), QSizePolicy::MinimumExpanding);
+    QCOMPARE(area->sizePolicy().verticalPolicy(), QSizePolicy::MinimumExpanding);
+    QCOMPARE(area->minimumSize(), QSize(150, 150));
+    QCOMPARE(area->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOn);
+    QCOMPARE(area->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOn);
+    QCOMPARE(area->sizeAdjustPolicy(), QAbstractScrollArea::AdjustToContentsOnFirstShow);
+    QVERIFY(area->widgetResizable());
+    QVERIFY(qobject_cast<QVBoxLayout *>(area->widget()->layout()) != nullptr);
+    QCOMPARE(area->widget()->layout()->contentsMargins(), QMargins(0, 0, 0, 0));
+    QVERIFY(window.findChild<QWidget *>("scrollAreaWidgetContents") == nullptr);
+
+    const auto *row = qobject_cast<QHBoxLayout *>(column->itemAt(1)->layout());
+    QVERIFY(row != nullptr);
+    QCOMPARE(row->objectName(), QString("horizontalLayout"));
+    QCOMPARE(row->spacing(), 6);
+    QCOMPARE(row->contentsMargins(), QMargins(10, 2, 10, 2));
+    QCOMPARE(row->count(), 3);
+    const auto *halcon = qobject_cast<QCheckBox *>(row->itemAt(0)->widget());
+    QCOMPARE(halcon->objectName(), QString("cbUpdateCheckHalcon"));
+    QCOMPARE(halcon->text(), QString("Enable HALCON Update Checks"));
+    const auto *corvanta = qobject_cast<QCheckBox *>(row->itemAt(1)->widget());
+    QCOMPARE(corvanta->objectName(), QString("cbUpdateCheckCorvanta"));
+    QCOMPARE(corvanta->text(), QString("Enable Corvanta for HALCON Update Checks"));
+    QCOMPARE(row->itemAt(2)->spacerItem()->sizeHint(), QSize(40, 20));
+    QCOMPARE(row->itemAt(2)->spacerItem()->sizePolicy(),
+             QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum));
+
+    QCOMPARE(column->itemAt(2)->widget()->objectName(), QString("textBrowser"));
+}
+
+void MainWindowTest::bars()
+{
+    MainWindow window;
+    QCOMPARE(window.menuBar()->objectName(), QString("menuBar"));
+    QVERIFY(window.menuBar()->actions().isEmpty());
+    QCOMPARE(window.statusBar()->objectName(), QString("statusBar"));
+    auto *toolBar = window.findChild<QToolBar *>("mainToolBar");
+    QCOMPARE(window.toolBarArea(toolBar), Qt::TopToolBarArea);
+    window.show();
+    QVERIFY(!toolBar->isVisible());
+}
+
+void MainWindowTest::footer()
+{
+    const MainWindow window;
+    const auto *browser = window.findChild<QWidget *>("centralWidget")
+                              ->findChild<QTextBrowser *>("textBrowser", Qt::FindDirectChildrenOnly);
+    QVERIFY(browser != nullptr);
+    QCOMPARE(browser->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
+    QCOMPARE(browser->sizePolicy().verticalPolicy(), QSizePolicy::MinimumExpanding);
+    QCOMPARE(browser->minimumSize(), QSize(0, 50));
+    QCOMPARE(browser->maximumSize(), QSize(16777215, 32));
+    QVERIFY(browser->openExternalLinks());
+    QCOMPARE(browser->styleSheet(),
+             QString("background-color: rgb(57, 159, 255, 100);\nmargin: 4px 10px 0 10px;"));
+    QCOMPARE(browser->toPlainText(),
+             "Quorvik Solutions Corvanta for HALCON (1.8) - Please find more information about our HALCON "
+             "services at http://www." +
+                 MakerAddresses::webDomain() + "/ or our products at " + MakerAddresses::shop() +
+                 ". We are happy to receive feedback from you.");
+}
+
+void MainWindowTest::cardsInOrder()
+{
+    install("20.11-Progress");
+    install("9.0");
+    QCOMPARE(cardTexts(MainWindow()),
+             (QStringList{"9.0.0 (x64-win64)", "13.0.0 (x64-win64)", "20.11.0 Progress (x64-win64)"}));
+}
+
+void MainWindowTest::cardsAreOwnCopies()
+{
+    const MainWindow window;
+    const auto *card = window.findChild<SingleHalconVersionFrame *>();
+    QCOMPARE(card->installation().installDir, QString("C:\\13.0"));
+    QCOMPARE(card->window(), &window);
+}
+
+void MainWindowTest::optionsAreOffAtFirst()
+{
+    const MainWindow window;
+    QVERIFY(!window.findChild<QCheckBox *>("cbUpdateCheckHalcon")->isChecked());
+    QVERIFY(!window.findChild<QCheckBox *>("cbUpdateCheckCorvanta")->isChecked());
+    QVERIFY(!stored(updateCheckHalcon).isValid());
+    QVERIFY(!stored(updateCheckCorvanta).isValid());
+}
+
+void MainWindowTest::storedOptionsAreRestored_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("checkBox");
+    QTest::addColumn<QString>("otherCheckBox");
+
+    QTest::newRow("HALCON") << updateCheckHalcon << "cbUpdateCheckHalcon"
+                            << "cbUpdateCheckCorvanta";
+    QTest::newRow("program") << updateCheckCorvanta << "cbUpdateCheckCorvanta"
+                             << "cbUpdateCheckHalcon";
+}
+
+void MainWindowTest::storedOptionsAreRestored()
+{
+    QFETCH(QString, key);
+    QFETCH(QString, checkBox);
+    QFETCH(QString, otherCheckBox);
+    Registry::setString(settingsKey, key, "true");
+    const MainWindow window;
+    QVERIFY(window.findChild<QCheckBox *>(checkBox)->isChecked());
+    QVERIFY(!window.findChild<QCheckBox *>(otherCheckBox)->isChecked());
+}
+
+void MainWindowTest::restoringDoesNotWrite()
+{
+    // A text that reads as true but is not what the program would write.
+    Registry::setString(settingsKey, updateCheckHalcon, "yes");
+    {
+        const MainWindow window;
+        QVERIFY(window.findChild<QCheckBox *>("cbUpdateCheckHalcon")->isChecked());
+    }
+    QCOMPARE(stored(updateCheckHalcon), QVariant("yes"));
+    QVERIFY(!stored(updateCheckCorvanta).isValid());
+}
+
+void MainWindowTest::changingAnOptionStoresIt_data()
+{
+    storedOptionsAreRestored_data();
+}
+
+void MainWindowTest::changingAnOptionStoresIt()
+{
+    QFETCH(QString, key);
+    QFETCH(QString, checkBox);
+    MainWindow window;
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    auto *box = window.findChild<QCheckBox *>(checkBox);
+    const QPoint onBox(8, box->height() / 2);
+    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, onBox);
+    QCOMPARE(stored(key), QVariant("true"));
+    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, onBox);
+    QCOMPARE(stored(key), QVariant("false"));
+    QCOMPARE(QSettings(settingsKey, QSettings::NativeFormat).allKeys(), QStringList{key});
+}
+
+void MainWindowTest::unreadableOptionIsOff()
+{
+    Registry::setString(settingsKey, updateCheckHalcon, "");
+    const MainWindow window;
+    QVERIFY(!window.findChild<QCheckBox *>("cbUpdateCheckHalcon")->isChecked());
+}
+
+void MainWindowTest::f12ShowsOneDebugDialog()
+{
+    MainWindow window;
+    window.show();
+    QVERIFY(window.findChild<DebugDialog *>() == nullptr);
+
+    QTest::keyClick(&window, Qt::Key_F12);
+    auto *dialog = window.findChild<DebugDialog *>();
+    QVERIFY(dialog != nullptr);
+    QVERIFY(dialog->isVisible());
+    QVERIFY(!dialog->isModal());
+
+    dialog->close();
+    QTest::keyClick(&window, Qt::Key_F12, Qt::ControlModifier);
+    QCOMPARE(window.findChildren<DebugDialog *>(), QList<DebugDialog *>{dialog});
+    QVERIFY(dialog->isVisible());
+    QTest::keyClick(&window, Qt::Key_F12);
+    QCOMPARE(window.findChildren<DebugDialog *>(), QList<DebugDialog *>{dialog});
+    QVERIFY(dialog->isVisible());
+}
+
+void MainWindowTest::otherKeysDoNothing()
+{
+    MainWindow window;
+    window.show();
+    QTest::keyClick(&window, Qt::Key_F11);
+    QTest::keyClick(&window, Qt::Key_Escape);
+    QVERIFY(window.findChild<DebugDialog *>() == nullptr);
+    QVERIFY(window.isVisible());
+}
+
+QTEST_MAIN(MainWindowTest)
+
+#include "MainWindowTest.moc"

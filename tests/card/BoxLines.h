@@ -1,0 +1,40 @@
+#pragma once
+
+#include "tests/support/MessageBoxes.h"
+
+#include <QStringList>
+
+/// Everything about each box, one line for each part, so that a comparison names the part that differs.
+inline QStringList boxLines(const QList<ShownBox> &boxes, const QWidget &card)
+{
+    static const char *const icons[] = {"none", "information", "warning", "critical", "question"};
+    const auto buttonNames = [](int buttons) {
+        return buttons == QMessageBox::Ok ? QString("OK") : "0x" + QString::number(buttons, 16);
+    };
+    QStringList lines;
+    for (const ShownBox &box : boxes) {
+        lines << "title: " + box.title << "text: " + box.text << QString("icon: ") + icons[box.icon]
+              << "buttons: " + buttonNames(int(box.buttons)) << "default: " + buttonNames(box.defaultButton)
+              << QString("parent: ") + (box.parent == &card ? "the card" : "another");
+    }
+    return lines;
+}
+
+/// What boxLines() says of one warning with the button OK, shown by the card.
+inline QStringList warningLines(const QString &title, const QString &text)
+{
+    return {"title: " + title, "text: " + text, "icon: warning",
+            "buttons: OK",     "default: OK",   "parent: the card"};
+}
+
+/// What the card says, for every Visual Studio button, on a machine without Visual Studio.
+inline QStringList noVisualStudioLines()
+{
+    return warningLines(
+        "No Visual Studio detected",
+        "The shell cannot be launched, as we could not detect any Visual Studio on your computer. Please "
+        "make "
+        "sure that you have installed Microsoft Visual Studio and that the component \"Visual C++ toolset\" "
+        "has been selected during installation. To review potential errors in detecting your Visual Studio "
+        "version, close this dialog and press F12 to see debug output of this program.");
+}

@@ -1,0 +1,209 @@
+#include "card/SingleHalconVersionFrame.h"
+#include "tests/card/Desktop.h"
+#include "tests/support/EchoChild.h"
+#include "tests/support/MessageBoxes.h"
+
+#include <QCoreApplication>
+#include <QTemporaryDir>
+#include <QTextBrowser>
+#include <QTextCursor>
+#include <QtTest>
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+namespace {
+
+HalconInstallation installation(const QString &installDir, const QString &exampleRoot)
+{
+    HalconInstallation result(20, 11, 1, 0);
+    result.arch = "x64-win64";
+    result.installDir = installDir;
+    result.setExampleRoot(exampleRoot);
+    return result;
+}
+
+/// A command line as the child reads it, without the program's name.
+QStringList argumentsOf(const QString &commandLine)
+{
+    int count = 0;
+    const std::unique_ptr<LPWSTR, decltype(&LocalFree)> arguments(
+        CommandLineToArgvW(reinterpret_cast<LPCWSTR>(commandLine.utf16()), &count), &LocalFree);
+    QStringList result;
+    for (int i = 1; i < count; ++i) {
+        result.append(QString::fromWCharArray(arguments.get()[i]));
+    }
+    return result;
+}
+
+/// Clicks on the first place where the card's details say @p text.
+void clickOn(QTextBrowser &details, const QString &text)
+{
+    QTextCursor place = details.document()->find(text);
+    QVERIFY(!place.isNull());
+    // Where the text begins, as a long one may go on in another line.
+    place.setPosition(place.selectionStart() + 1);
+    details.setTextCursor(place);
+    details.ensureCursorVisible();
+    QTest::mouseClick(details.viewport(), Qt::LeftButton, Qt::NoModifier, details.cursorRect(place).center());
+}
+
+} // namespace
+
+/// A program is looked for in the directory of the one that starts it first: a recording program in Explorer's name
+/// lies there. This test program therefore has a directory of its own.
+class CardExplorerTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void directoryLinks_data();
+    void directoryLinks();
+    void clickOnLink_data();
+    void clickOnLink();
+    void otherLinks_data();
+    void otherLinks();
+
+private:
+    QString explorer() const { return QCoreApplication::applicationDirPath() + "/explorer.exe"; }
+};
+
+void CardExplorerTest::initTestCase()
+{
+    // An earlier run may have been broken off.
+    QFile::remove(explorer());
+    EchoChild::copyTo(explorer());
+}
+
+void CardExplorerTest::cleanupTestCase()
+{
+    // As long as a child is ending, its program cannot be removed.
+    QFile file(explorer());
+    QTRY_VERIFY2(file.remove(), qPrintable(file.errorString()));
+}
+
+void CardExplorerTest::directoryLinks_data()
+{
+    QTest::addColumn<QString>("link");
+    QTest::addColumn<QString>("installDir");
+    QTest::addColumn<QString>("exampleRoot");
+    QTest::addColumn<QString>("opened");
+
+    const QString install = "file:///installDir";
+    const QString example = "file:///exampleRoot";
+    QTest::newRow("installation") << install << "C:\\windows"
+                                  << "C:\\users"
+                                  << "C:\\windows";
+    QTest::newRow("examples") << example << "C:\\windows"
+                              << "C:\\users"
+                              << "C:\\users";
+    QTest::newRow("missing installation") << install << "C:\\missing\\HALCON"
+                                          << "C:\\users"
+                                          << "C:\\missing\\HALCON";
+    QTest::newRow("missing examples") << example << "C:\\windows"
+                                      << "C:\\missing\\examples"
+                                      << "C:\\missing\\examples";
+    QTest::newRow("blanks") << install << "C:\\Program Files\\HALCON 20.11"
+                            << ""
+                            << "C:\\Program Files\\HALCON 20.11";
+    QTest::newRow("blanks and a backslash at the end") << example << ""
+                                                       << "C:\\my examples\\"
+                                                       << "C:\\my examples\\";
+    QTest::newRow("signs that mean something to a shell") << install << "C:\\A & B 100% %PATH% ^ (x86)"
+                                                          << ""
+                                                          << "C:\\A & B 100% %PATH% ^ (x86)";
+    QTest::newRow("not ASCII") << install << "C:\\Gr\u00f6\u00dfe \u691c\u67fb"
+                               << ""
+                               << "C:\\Gr\u00f6\u00dfe \u691c\u67fb";
+    QTest::newRow("forward slashes stay") << example << ""
+                                          << "C:/users/Public"
+                                          << "C:/users/Public";
+    QTest::newRow("link with encoded letters") << "file:///install%44ir"
+                                               << "C:\\windows"
+                                               << ""
+                                               << "C:\\windows";
+}
+
+void CardExplorerTest::directoryLinks()
+{
+    QFETCH(QString, link);
+    QFETCH(QString, installDir);
+    QFETCH(QString, exampleRoot);
+    QFETCH(QString, opened);
+    SingleHalconVersionFrame card(installation(installDir, exampleRoot));
+    const EchoChild child;
+    const Desktop desktop("file");
+    const MessageBoxes boxes;
+
+    card.textBrowserClick(QUrl(link));
+
+    EchoRecord found;
+    QVERIFY(child.waitForRecord(found));
+    QCOMPARE(QDir::fromNativeSeparators(found.executable), explorer());
+    QCOMPARE(argumentsOf(found.commandLine), QStringList{opened});
+    QCOMPARE(desktop.opened, QList<QUrl>());
+    QCOMPARE(boxes.shown().size(), 0);
+}
+
+void CardExplorerTest::clickOnLink_data()
+{
+    QTest::addColumn<QString>("directory");
+
+    QTest::newRow("installation") << "HALCON 20.11";
+    QTest::newRow("examples") << "HALCON 20.11 examples";
+}
+
+void CardExplorerTest::clickOnLink()
+{
+    QFETCH(QString, directory);
+    const QTemporaryDir machine;
+    const auto path = [&](const QString &name) { return QDir::toNativeSeparators(machine.filePath(name)); };
+    QVERIFY(QDir(machine.path()).mkdir("HALCON 20.11"));
+    QVERIFY(QDir(machine.path()).mkdir("HALCON 20.11 examples"));
+    SingleHalconVersionFrame card(installation(path("HALCON 20.11"), path("HALCON 20.11 examples")));
+    card.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&card));
+    auto *details = card.findChild<QTextBrowser *>("textBrowser");
+    const QString html = details->toHtml();
+    const EchoChild child;
+    const Desktop desktop("file");
+
+    clickOn(*details, path(directory));
+
+    EchoRecord found;
+    QVERIFY(child.waitForRecord(found));
+    QCOMPARE(QDir::fromNativeSeparators(found.executable), explorer());
+    QCOMPARE(argumentsOf(found.commandLine), QStringList{path(directory)});
+    // The details have not gone anywhere themselves.
+    QCOMPARE(details->toHtml(), html);
+    QCOMPARE(details->source(), QUrl());
+    QCOMPARE(desktop.opened, QList<QUrl>());
+}
+
+void CardExplorerTest::otherLinks_data()
+{
+    QTest::addColumn<QUrl>("link");
+
+    QTest::newRow("another word") << QUrl("file:///licenseDir");
+    QTest::newRow("other letter case") << QUrl("file:///installdir");
+    QTest::newRow("longer") << QUrl("file:///installDir/");
+    QTest::newRow("deeper") << QUrl("file:///C:/installDir");
+    QTest::newRow("encoded") << QUrl("file:///C:/a%20b%23c?d#e");
+}
+
+void CardExplorerTest::otherLinks()
+{
+    QFETCH(QUrl, link);
+    SingleHalconVersionFrame card(installation("C:\\windows", "C:\\users"));
+    const Desktop desktop("file");
+
+    card.textBrowserClick(link);
+
+    QCOMPARE(desktop.opened, QList<QUrl>{link});
+}
+
+QTEST_MAIN(CardExplorerTest)
+
+#include "CardExplorerTest_win.moc"

@@ -1,0 +1,382 @@
+#include "devenv/VisualStudioDetection.h"
+#include "tests/devenv/CurrentDrive.h"
+#include "tests/devenv/RecordLines.h"
+#include "tests/devenv/VisualStudioMachine.h"
+#include "tests/support/Messages.h"
+
+#include <QDir>
+#include <QtTest>
+
+namespace {
+
+const QString root = R"(HKEY_LOCAL_MACHINE\SOFTWARE\Corvanta tests\VisualStudio)";
+const QString rootLine = "Try to detect Visual Studio (pre-VS2017) in registry at "
+                         "HKEY_LOCAL_MACHINE\\SOFTWARE\\Corvanta tests\\VisualStudio";
+
+/// Each product is searched for its IDE once before its directory is known.
+const QString firstSearch = currentDriveRoot() + "Common7/IDE/devenv.exe does NOT exist";
+const QStringList firstExpressSearch{currentDriveRoot() + "Common7/IDE/wdexpress.exe does NOT exist",
+                                     currentDriveRoot() + "Common7/IDE/vcexpress.exe does NOT exist",
+                                     currentDriveRoot() + "Common7/IDE/devenv.exe does NOT exist"};
+
+} // namespace
+
+/// The detection below one root key.
+class VisualStudioRegistryTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void cleanup();
+    void missingRoot();
+    void scripts_data();
+    void scripts();
+    void severalEditions();
+    void severalVersions();
+    void versionNames_data();
+    void versionNames();
+    void configurationKey();
+    void keysThatDoNotCount();
+    void directoryNames_data();
+    void directoryNames();
+    void emptyDirectory();
+    void ideOfTheFirstSearch();
+    void expressProduct();
+    void expressWithoutFiles();
+    void expressDirectory_data();
+    void expressDirectory();
+    void expressIgnoresEditions();
+};
+
+void VisualStudioRegistryTest::cleanup()
+{
+    Registry::removeTree(R"(HKEY_LOCAL_MACHINE\SOFTWARE\Corvanta tests)");
+}
+
+void VisualStudioRegistryTest::missingRoot()
+{
+    const CaughtMessages messages;
+    const LogLines log;
+    QVERIFY(detectVisualStudioInRegistry(root + " missing", false).isEmpty());
+    QVERIFY(detectVisualStudioInRegistry(root + " missing", true).isEmpty());
+    const QStringList expected{rootLine + " missing", rootLine + " missing"};
+    QCOMPARE(log.lines(), expected);
+    QCOMPARE(messages.warnings(), QStringList());
+}
+
+void VisualStudioRegistryTest::scripts_data()
+{
+    QTest::addColumn<bool>("has64");
+    QTest::addColumn<bool>("has32");
+
+    QTest::newRow("both") << true << true;
+    QTest::newRow("64-bit only") << true << false;
+    QTest::newRow("32-bit only") << false << true;
+    QTest::newRow("none") << false << false;
+}
+
+void VisualStudioRegistryTest::scripts()
+{
+    QFETCH(bool, has64);
+    QFETCH(bool, has32);
+
+    VisualStudioMachine machine;
+    const QString dir = machine.path("VS 14");
+    const QString idePath = machine.slashPath("VS 14/Common7/IDE/devenv.exe");
+    machine.addFile("VS 14/Common7/IDE/devenv.exe");
+    machine.addEdition(root, "14.0", "Professional", dir);
+
+    QList<VisualStudioVersion> records;
+    QStringList logLines{rootLine, firstSearch, idePath + " exists"};
+    const QString script64 = dir + "\\VC\\bin\\amd64\\vcvars64.bat";
+    if (has64) {
+        machine.addFile("VS 14/VC/bin/amd64/vcvars64.bat");
+        records.append(
+            {"", "Professional", "14.0", "amd64", dir, dir + "\\VC", script64, "devenv", idePath, false});
+    }
+    logLines.append(script64 + (has64 ? " found" : " NOT found"));
+    const QString script32 = dir + "\\VC\\bin\\vcvars32.bat";
+    if (has32) {
+        machine.addFile("VS 14/VC/bin/vcvars32.bat");
+        records.append(
+            {"", "Professional", "14.0", "x86", dir, dir + "\\VC", script32, "devenv", idePath, false});
+    }
+    logLines.append(script32 + (has32 ? " found" : " NOT found"));
+    records.append({"", "Professional", "14.0", "", dir, dir + "\\VC", "", "devenv", idePath, false});
+
+    const CaughtMessages messages;
+    const LogLines log;
+    QCOMPARE(fieldLines(detectVisualStudioInRegistry(root, false)), fieldLines(records));
+    QCOMPARE(log.lines(), logLines);
+    QCOMPARE(messages.warnings(), QStringList());
+}
+
+void VisualStudioRegistryTest::severalEditions()
+{
+    VisualStudioMachine machine;
+    machine.addEdition(root, "12.0", "Premium", machine.path("VS 12"));
+    machine.addEdition(root, "12.0", "Ultimate", machine.path("VS 12 U"));
+    machine.addFile("VS 12/VC/bin/vcvars32.bat");
+    // What an uninstalled edition leaves behind.
+    Registry::setString(machine.setup(root, "12.0") + "\\VS\\Professional", "Version", "12.0.21005");
+
+    const LogLines log;
+    const QStringList expected{"Visual Studio 12.0 (Premium) (x86)", "Visual Studio 12.0 (Premium)",
+                               "Visual Studio 12.0 (Ultimate)"};
+    QCOMPARE(displayNames(detectVisualStudioInRegistry(root, false)), expected);
+    const QStringList logLines{
+        rootLine,
+        firstSearch,
+        machine.slashPath("VS 12/Common7/IDE/devenv.exe does NOT exist"),
+        machine.path("VS 12\\VC\\bin\\amd64\\vcvars64.bat NOT found"),
+        machine.path("VS 12\\VC\\bin\\vcvars32.bat found"),
+        firstSearch,
+        machine.slashPath("VS 12 U/Common7/IDE/devenv.exe does NOT exist"),
+        machine.path("VS 12 U\\VC\\bin\\amd64\\vcvars64.bat NOT found"),
+        machine.path("VS 12 U\\VC\\bin\\vcvars32.bat NOT found"),
+    };
+    QCOMPARE(log.lines(), logLines);
+}
+
+void VisualStudioRegistryTest::severalVersions()
+{
+    VisualStudioMachine machine;
+    machine.addEdition(root, "9.0", "Professional", machine.path("VS 9"));
+    machine.addEdition(root, "14.0", "Professional", machine.path("VS 14"));
+    machine.addEdition(root, "10.0", "Ultimate", machine.path("VS 10"));
+    machine.addFile("VS 10/VC/bin/amd64/vcvars64.bat");
+    const QStringList expected{"Visual Studio 10.0 (Ultimate) (amd64)", "Visual Studio 10.0 (Ultimate)",
+                               "Visual Studio 14.0 (Professional)", "Visual Studio 9.0 (Professional)"};
+    QCOMPARE(displayNames(detectVisualStudioInRegistry(root, false)), expected);
+}
+
+void VisualStudioRegistryTest::versionNames_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("counts");
+
+    QTest::newRow("two numbers") << "14.0" << true;
+    QTest::newRow("one digit each") << "9.0" << true;
+    QTest::newRow("configuration") << "14.0_Config" << true;
+    QTest::newRow("no dot") << "1400" << true;
+    QTest::newRow("three digits") << "140" << true;
+    QTest::newRow("another character for the dot") << "14-0" << true;
+    QTest::newRow("leading text") << "Version 14.0" << true;
+    QTest::newRow("three numbers") << "14.0.1" << true;
+    QTest::newRow("two digits") << "14" << false;
+    QTest::newRow("no minor") << "14.x" << false;
+    QTest::newRow("two characters for the dot") << "14..0" << false;
+    QTest::newRow("no digit") << "SxS" << false;
+    QTest::newRow("other digits than ASCII") << "\u0967\u0967.\u0966" << false;
+}
+
+void VisualStudioRegistryTest::versionNames()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, counts);
+
+    VisualStudioMachine machine;
+    machine.addEdition(root, name, "Professional", machine.path("VS"));
+    const QStringList expected =
+        counts ? QStringList{"Visual Studio " + name + " (Professional)"} : QStringList();
+    QCOMPARE(displayNames(detectVisualStudioInRegistry(root, false)), expected);
+}
+
+void VisualStudioRegistryTest::configurationKey()
+{
+    VisualStudioMachine machine;
+    machine.addEdition(root, "14.0", "Professional", machine.path("VS"));
+    Registry::setString(root + "\\14.0_Config", "ProductDir", machine.path("VS"));
+    QCOMPARE(displayNames(detectVisualStudioInRegistry(root, false)),
+             QStringList{"Visual Studio 14.0 (Professional)"});
+    QCOMPARE(displayNames(detectVisualStudioInRegistry(root, true)), QStringList());
+}
+
+void VisualStudioRegistryTest::keysThatDoNotCount()
+{
+    VisualStudioMachine machine;
+    const QString setup = machine.setup(root, "14.0");
+    Registry::setString(root + "\\14.0", "ProductDir", machine.path("a"));
+    Registry::setString(setup, "ProductDir", machine.path("b"));
+    Registry::setString(setup + "\\VS", "ProductDir", machine.path("c"));
+    Registry::setString(setup + "\\VC", "ProductDir", machine.path("d"));
+    Registry::setString(setup + "\\VS\\Professional\\Deeper", "ProductDir", machine.path("e"));
+    Registry::setString(setup + "\\VS\\Professional", "InstallDir", machine.path("f"));
+    const LogLines log;
+    QCOMPARE(displayNames(detectVisualStudioInRegistry(root, false)), QStringList());
+    QCOMPARE(log.lines(), QStringList{rootLine});
+}
+
+void VisualStudioRegistryTest::directoryNames_data()
+{
+    QTest::addColumn<QString>("name");      // as registered
+    QTest::addColumn<QString>("slashName"); // as the search for the IDE names it
+
+    QTest::newRow("blanks and parentheses") << "Program Files (x86)\\VS 14.0"
+                                            << "Program Files (x86)/VS 14.0";
+    QTest::newRow("ampersand and percent signs") << "A & B %1 %PATH%"
+                                                 << "A & B %1 %PATH%";
+    QTest::newRow("non-ASCII") << "Pr\u00fcfung \u691c\u67fb"
+                               << "Pr\u00fcfung \u691c\u67fb";
+    QTest::newRow("trailing backslash") << "VS 14.0\\"
+                                        << "VS 14.0";
+}
+
+void VisualStudioRegistryTest::directoryNames()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, slashName);
+
+    VisualStudioMachine machine;
+    machine.addFile(slashName + "/Common7/IDE/devenv.exe");
+    machine.addFile(slashName + "/VC/bin/vcvars32.bat");
+    const QString dir = machine.path(name);
+    const QString idePath = machine.slashPath(slashName) + "/Common7/IDE/devenv.exe";
+    machine.addEdition(root, "14.0", "Professional", dir);
+
+    const LogLines log;
+    const QList<VisualStudioVersion> records{
+        {"", "Professional", "14.0", "x86", dir, dir + "\\VC", dir + "\\VC\\bin\\vcvars32.bat", "devenv",
+         idePath, false},
+        {"", "Professional", "14.0", "", dir, dir + "\\VC", "", "devenv", idePath, false},
+    };
+    QCOMPARE(fieldLines(detectVisualStudioInRegistry(root, false)), fieldLines(records));
+    const QStringList logLines{rootLine, firstSearch, idePath + " exists",
+                               dir + "\\VC\\bin\\amd64\\vcvars64.bat NOT found",
+                               dir + "\\VC\\bin\\vcvars32.bat found"};
+    QCOMPARE(log.lines(), logLines);
+}
+
+void VisualStudioRegistryTest::emptyDirectory()
+{
+    // The value is there, so the product counts.
+    VisualStudioMachine machine;
+    machine.addEdition(root, "14.0", "Professional", "");
+    const LogLines log;
+    QCOMPARE(fieldLines(detectVisualStudioInRegistry(root, false)),
+             fieldLines({{"", "Professional", "14.0", "", "", "\\VC", "", "", "", false}}));
+    const QStringList logLines{rootLine, firstSearch, firstSearch, "\\VC\\bin\\amd64\\vcvars64.bat NOT found",
+                               "\\VC\\bin\\vcvars32.bat NOT found"};
+    QCOMPARE(log.lines(), logLines);
+}
+
+void VisualStudioRegistryTest::ideOfTheFirstSearch()
+{
+    VisualStudioMachine machine;
+    machine.addEdition(root, "12.0", "Professional", machine.path("VS 12"));
+    machine.addEdition(root, "14.0", "Professional", machine.path("VS 14"));
+    machine.addFile("VS 14/Common7/IDE/devenv.exe");
+
+    // Made on the drive of the temporary directories, which can be written to.
+    const QString drive = machine.slashPath("").left(3);
+    const auto leaveDrive = qScopeGuard([before = QDir::currentPath()] { QDir::setCurrent(before); });
+    QVERIFY(QDir::setCurrent(drive));
+    QVERIFY(!QFileInfo::exists(drive + "Common7"));
+    const auto removeIde = qScopeGuard([drive] { QDir(drive + "Common7").removeRecursively(); });
+    QVERIFY(QDir().mkpath(drive + "Common7/IDE"));
+    QFile ide(drive + "Common7/IDE/devenv.exe");
+    QVERIFY(ide.open(QIODevice::WriteOnly));
+    ide.close();
+
+    const QList<VisualStudioVersion> found = detectVisualStudioInRegistry(root, false);
+    QCOMPARE(found.size(), 2);
+    QCOMPARE(found.at(0).version, QString("12.0"));
+    QCOMPARE(found.at(0).ideName, QString("devenv"));
+    QCOMPARE(found.at(0).idePath, currentDriveRoot() + "Common7/IDE/devenv.exe");
+    QCOMPARE(found.at(1).version, QString("14.0"));
+    QCOMPARE(found.at(1).idePath, machine.slashPath("VS 14/Common7/IDE/devenv.exe"));
+}
+
+void VisualStudioRegistryTest::expressProduct()
+{
+    VisualStudioMachine machine;
+    machine.addFile("VS 10/Common7/IDE/vcexpress.exe");
+    machine.addFile("VS 10/VC/bin/vcvars32.bat");
+    machine.addFile("VS 10/VC/bin/amd64/vcvars64.bat");
+    const QString dir = machine.path("VS 10\\VC");
+    const QString productDir = machine.slashPath("VS 10");
+    const QString idePath = productDir + "/Common7/IDE/vcexpress.exe";
+    machine.addExpress(root, "10.0", dir);
+
+    const QString script64 = dir + "\\bin\\amd64\\vcvars64.bat";
+    const QString script32 = dir + "\\bin\\vcvars32.bat";
+    const QList<VisualStudioVersion> records{
+        {"", "Express Edition", "10.0", "amd64", productDir, dir, script64, "vcexpress", idePath, true},
+        {"", "Express Edition", "10.0", "x86", productDir, dir, script32, "vcexpress", idePath, true},
+        {"", "Express Edition", "10.0", "", productDir, dir, "", "vcexpress", idePath, true},
+    };
+    const LogLines log;
+    QCOMPARE(fieldLines(detectVisualStudioInRegistry(root, true)), fieldLines(records));
+    const QStringList logLines = QStringList{rootLine} + firstExpressSearch +
+                                 QStringList{productDir + "/Common7/IDE/wdexpress.exe does NOT exist",
+                                             idePath + " exists", script64 + " found", script32 + " found"};
+    QCOMPARE(log.lines(), logLines);
+}
+
+void VisualStudioRegistryTest::expressWithoutFiles()
+{
+    VisualStudioMachine machine;
+    const QString dir = machine.path("VS 11\\VC");
+    const QString productDir = machine.slashPath("VS 11");
+    machine.addExpress(root, "11.0", dir);
+    const LogLines log;
+    QCOMPARE(fieldLines(detectVisualStudioInRegistry(root, true)),
+             fieldLines({{"", "Express Edition", "11.0", "", productDir, dir, "", "", "", true}}));
+    const QStringList logLines =
+        QStringList{rootLine} + firstExpressSearch +
+        QStringList{productDir + "/Common7/IDE/wdexpress.exe does NOT exist",
+                    productDir + "/Common7/IDE/vcexpress.exe does NOT exist",
+                    productDir + "/Common7/IDE/devenv.exe does NOT exist",
+                    dir + "\\bin\\amd64\\vcvars64.bat NOT found", dir + "\\bin\\vcvars32.bat NOT found"};
+    QCOMPARE(log.lines(), logLines);
+}
+
+void VisualStudioRegistryTest::expressDirectory_data()
+{
+    QTest::addColumn<QString>("registered");
+    QTest::addColumn<QString>("productDir");
+
+    QTest::newRow("plain") << "C:\\VS 10\\VC"
+                           << "C:/VS 10";
+    QTest::newRow("trailing backslash") << "C:\\VS 10\\VC\\"
+                                        << "C:/VS 10";
+    QTest::newRow("forward slashes") << "C:/VS 10/VC"
+                                     << "C:/VS 10";
+    QTest::newRow("non-ASCII") << "C:\\Pr\u00fcfung (x86)\\VC"
+                               << "C:/Pr\u00fcfung (x86)";
+    QTest::newRow("below the root") << "C:\\VC"
+                                    << "C:/";
+}
+
+void VisualStudioRegistryTest::expressDirectory()
+{
+    QFETCH(QString, registered);
+    QFETCH(QString, productDir);
+
+    VisualStudioMachine machine;
+    machine.addExpress(root, "10.0", registered);
+    const LogLines log;
+    QCOMPARE(fieldLines(detectVisualStudioInRegistry(root, true)),
+             fieldLines({{"", "Express Edition", "10.0", "", productDir, registered, "", "", "", true}}));
+    const QStringList scriptLines{registered + "\\bin\\amd64\\vcvars64.bat NOT found",
+                                  registered + "\\bin\\vcvars32.bat NOT found"};
+    QCOMPARE(log.lines().mid(log.lines().size() - 2), scriptLines);
+}
+
+void VisualStudioRegistryTest::expressIgnoresEditions()
+{
+    VisualStudioMachine machine;
+    machine.addEdition(root, "10.0", "Professional", machine.path("VS 10"));
+    const LogLines log;
+    QVERIFY(detectVisualStudioInRegistry(root, true).isEmpty());
+    QCOMPARE(log.lines(), QStringList{rootLine});
+
+    // One record, however many editions there are.
+    machine.addEdition(root, "10.0", "Ultimate", machine.path("VS 10"));
+    machine.addExpress(root, "10.0", machine.path("VS 10 Express\\VC"));
+    QCOMPARE(displayNames(detectVisualStudioInRegistry(root, true)),
+             QStringList{"Visual Studio 10.0 (Express Edition)"});
+}
+
+QTEST_GUILESS_MAIN(VisualStudioRegistryTest)
+
+#include "VisualStudioRegistryTest_win.moc"

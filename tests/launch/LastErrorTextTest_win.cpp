@@ -1,0 +1,49 @@
+#include "launch/ProcessStart.h"
+#include "tests/launch/SystemErrors.h"
+
+#include <QtTest>
+
+#include <windows.h>
+
+class LastErrorTextTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void systemText_data();
+    void systemText();
+    void codeWithoutText();
+};
+
+void LastErrorTextTest::systemText_data()
+{
+    QTest::addColumn<quint32>("code");
+
+    QTest::newRow("success") << quint32(ERROR_SUCCESS);
+    QTest::newRow("file not found") << WindowsError::fileNotFound;
+    QTest::newRow("access denied") << WindowsError::accessDenied;
+    QTest::newRow("text with a place to be filled in") << WindowsError::badExeFormat;
+}
+
+void LastErrorTextTest::systemText()
+{
+    QFETCH(quint32, code);
+    const QString raw = rawSystemErrorText(code);
+    QVERIFY2(!raw.trimmed().isEmpty() && raw.endsWith('\n'), "the system's texts end in a line break");
+
+    SetLastError(code);
+
+    QCOMPARE(lastWindowsErrorText(), raw.trimmed());
+}
+
+void LastErrorTextTest::codeWithoutText()
+{
+    QCOMPARE(rawSystemErrorText(WindowsError::withoutText), QString());
+
+    SetLastError(WindowsError::withoutText);
+
+    QCOMPARE(lastWindowsErrorText(), "Unknown Error 12345");
+}
+
+QTEST_GUILESS_MAIN(LastErrorTextTest)
+
+#include "LastErrorTextTest_win.moc"

@@ -1,0 +1,77 @@
+#include "tests/support/EchoChild.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QtTest>
+
+namespace {
+
+constexpr auto recordVariable = "ECHO_CHILD_RECORD";
+constexpr int timeoutMilliseconds = 20000;
+
+EchoRecord parse(const QByteArray &data)
+{
+    const QString text(reinterpret_cast<const QChar *>(data.constData()), data.size() / int(sizeof(QChar)));
+    QStringList parts = text.split(QChar::Null);
+    // The last part is what follows the last closing 0: nothing.
+    parts.removeLast();
+
+    EchoRecord record;
+    record.commandLine = parts.takeFirst();
+    record.executable = parts.takeFirst();
+    record.currentDirectory = parts.takeFirst();
+    record.environment = parts;
+    return record;
+}
+
+} // namespace
+
+QString EchoRecord::variable(const QString &name) const
+{
+    for (const QString &entry : environment) {
+        if (entry.startsWith(name + QLatin1Char('='), Qt::CaseInsensitive)) {
+            return entry.mid(name.size() + 1);
+        }
+    }
+    return QString();
+}
+
+EchoChild::EchoChild()
+{
+    if (!directory.isValid()) {
+        qFatal("no directory for the child's record: %s", qPrintable(directory.errorString()));
+    }
+    qputenv(recordVariable, QFile::encodeName(QDir::toNativeSeparators(recordPath())));
+}
+
+EchoChild::~EchoChild()
+{
+    qunsetenv(recordVariable);
+}
+
+void EchoChild::copyTo(const QString &path)
+{
+    QFile program(QStringLiteral(ECHO_CHILD_EXECUTABLE));
+    if (!QDir().mkpath(QFileInfo(path).path()) || !program.copy(path)) {
+        qFatal("could not copy %s to %s: %s", qPrintable(program.fileName()), qPrintable(path),
+               qPrintable(program.errorString()));
+    }
+}
+
+bool EchoChild::waitForRecord(EchoRecord &record) const
+{
+    // The record is whole as soon as it is there, but for a moment its writer may still keep others from it.
+    QFile file(recordPath());
+    if (!QTest::qWaitFor([&file] { return file.open(QFile::ReadOnly); }, timeoutMilliseconds)) {
+        return false;
+    }
+    record = parse(file.readAll());
+    file.close();
+    return QTest::qWaitFor([&file] { return file.remove(); }, timeoutMilliseconds);
+}
+
+QString EchoChild::recordPath() const
+{
+    return directory.filePath(QStringLiteral("record"));
+}

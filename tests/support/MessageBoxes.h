@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QList>
+#include <QMessageBox>
+#include <QPointer>
+#include <QString>
+#include <QTimer>
+
+/// What a message box told the user, and how.
+struct ShownBox {
+    QString title;
+    QString text;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    QMessageBox::StandardButtons buttons;
+    QMessageBox::StandardButton defaultButton = QMessageBox::NoButton;
+    QPointer<QWidget> parent;
+};
+
+/// Stands in for the user in front of modal message boxes while it lives: records each box that opens and answers it
+/// with a click on the next button of a list, or with the Escape key where the list says NoButton. A box beyond the
+/// list is recorded too and closed with Escape.
+class MessageBoxes : public QObject {
+public:
+    explicit MessageBoxes(const QList<QMessageBox::StandardButton> &answers = {QMessageBox::Ok});
+
+    /// The boxes so far, in order.
+    const QList<ShownBox> &shown() const;
+
+private:
+    void answerOpenBox();
+
+    QList<QMessageBox::StandardButton> answers;
+    QList<ShownBox> boxes;
+    QPointer<QMessageBox> answered;
+    QTimer timer;
+};

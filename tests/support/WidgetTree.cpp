@@ -1,0 +1,155 @@
+#include "tests/support/WidgetTree.h"
+
+#include <QAbstractButton>
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMetaEnum>
+#include <QWidget>
+
+namespace {
+
+QString sizeText(const QSize &size)
+{
+    return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
+}
+
+QString policyText(const QSizePolicy &policy)
+{
+    const auto policies = QMetaEnum::fromType<QSizePolicy::Policy>();
+    return QString::fromLatin1(policies.valueToKey(policy.horizontalPolicy())) + QLatin1Char('/') +
+           QString::fromLatin1(policies.valueToKey(policy.verticalPolicy()));
+}
+
+QString ownText(const QWidget &widget)
+{
+    if (const auto *button = qobject_cast<const QAbstractButton *>(&widget)) {
+        return button->text();
+    }
+    if (const auto *label = qobject_cast<const QLabel *>(&widget)) {
+        return label->text();
+    }
+    if (const auto *group = qobject_cast<const QGroupBox *>(&widget)) {
+        return group->title();
+    }
+    return QString();
+}
+
+/// The layout, among @p layout and those in it, that holds @p widget, and at which index; or null.
+QLayout *holderOf(const QWidget &widget, QLayout *layout, int &index)
+{
+    for (int i = 0; layout != nullptr && i < layout->count(); ++i) {
+        if (layout->itemAt(i)->widget() == &widget) {
+            index = i;
+            return layout;
+        }
+        if (QLayout *found = holderOf(widget, layout->itemAt(i)->layout(), index)) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+QString placeText(const QWidget &widget)
+{
+    int index = -1;
+    const QWidget *parent = widget.parentWidget();
+    QLayout *holder = parent == nullptr ? nullptr : holderOf(widget, parent->layout(), index);
+    if (holder == nullptr) {
+        return QString();
+    }
+    if (const auto *grid = qobject_cast<QGridLayout *>(holder)) {
+        int row = -1;
+        int column = -1;
+        int rows = 0;
+        int columns = 0;
+        grid->getItemPosition(index, &row, &column, &rows, &columns);
+        return QStringLiteral(" in %1 at %2,%3 over %4x%5")
+            .arg(holder->objectName())
+            .arg(row)
+            .arg(column)
+            .arg(rows)
+            .arg(columns);
+    }
+    return QStringLiteral(" in %1 at %2").arg(holder->objectName()).arg(index);
+}
+
+QString describe(const QWidget &widget)
+{
+    const QWidget fresh;
+    QString line =
+        QString::fromLatin1(widget.metaObject()->className()) + QLatin1Char(' ') + widget.objectName();
+    if (!ownText(widget).isEmpty()) {
+        line += QStringLiteral(" \"%1\"").arg(ownText(widget));
+    }
+    if (widget.minimumSize() != fresh.minimumSize()) {
+        line += QStringLiteral(" min ") + sizeText(widget.minimumSize());
+    }
+    if (widget.maximumSize() != fresh.maximumSize()) {
+        line += QStringLiteral(" max ") + sizeText(widget.maximumSize());
+    }
+    line += QLatin1Char(' ') + policyText(widget.sizePolicy()) + placeText(widget);
+    if (!widget.toolTip().isEmpty()) {
+        line += QStringLiteral(" tip: ") + widget.toolTip();
+    }
+    return line;
+}
+
+void describeBelow(const QWidget &widget, QStringList &lines)
+{
+    lines.append(describe(widget));
+    for (const QObject *child : widget.children()) {
+        const auto *below = qobject_cast<const QWidget *>(child);
+        // What a toolkit widget is made of inside is its own affair.
+        if (below != nullptr && !below->objectName().startsWith(QLatin1String("qt_"))) {
+            describeBelow(*below, lines);
+        }
+    }
+}
+
+QString describeItem(QLayoutItem &item)
+{
+    if (const QWidget *widget = item.widget()) {
+        return widget->objectName().isEmpty() ? ownText(*widget) : widget->objectName();
+    }
+    if (QSpacerItem *spacer = item.spacerItem()) {
+        return QStringLiteral("spacer %1 %2")
+            .arg(sizeText(spacer->sizeHint()), policyText(spacer->sizePolicy()));
+    }
+    return item.layout()->objectName();
+}
+
+} // namespace
+
+QStringList describeWidgets(const QWidget &root)
+{
+    QStringList lines;
+    describeBelow(root, lines);
+    return lines;
+}
+
+QStringList describeLayouts(const QLayout &layout)
+{
+    QStringList items;
+    QStringList below;
+    for (int i = 0; i < layout.count(); ++i) {
+        QLayoutItem *item = layout.itemAt(i);
+        items.append(describeItem(*item));
+        if (const QLayout *inner = item->layout()) {
+            below += describeLayouts(*inner);
+        } else if (const QWidget *widget = item->widget(); widget != nullptr && widget->layout() != nullptr) {
+            below += describeLayouts(*widget->layout());
+        }
+    }
+    const QMargins margins = layout.contentsMargins();
+    return QStringList{QStringLiteral("%1 %2 spacing %3 margins %4,%5,%6,%7: %8")
+                           .arg(QString::fromLatin1(layout.metaObject()->className()), layout.objectName())
+                           .arg(layout.spacing())
+                           .arg(margins.left())
+                           .arg(margins.top())
+                           .arg(margins.right())
+                           .arg(margins.bottom())
+                           .arg(items.join(QStringLiteral(" | ")))} +
+           below;
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QStringList>
+
+class QLayout;
+class QWidget;
+
+/// One line for @p root and each widget below it, parents first and children in their order: class, object name,
+/// text, tooltip, minimum and maximum size, size policy, and where in its parent's layout it stands. What is as in
+/// any fresh widget is left out.
+QStringList describeWidgets(const QWidget &root);
+
+/// One line for @p layout and each layout in it: class, name, spacing and margins where set, and the items in order.
+QStringList describeLayouts(const QLayout &layout);

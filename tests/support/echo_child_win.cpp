@@ -1,0 +1,94 @@
+// A program to be started in place of a real tool. It writes what it was given into the file that the
+// environment variable ECHO_CHILD_RECORD names, and ends.
+//
+// The record is UTF-16LE text: the command line, the full path of the program, its current directory and then
+// each entry of its environment block, in the block's order; every one of them is ended by a 0.
+
+#include <windows.h>
+
+#include <cwchar>
+#include <memory>
+#include <string>
+
+namespace {
+
+/// An open file, closed with its owner.
+class OutputFile {
+public:
+    explicit OutputFile(const std::wstring &path)
+        : handle(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL,
+                             nullptr))
+    {
+    }
+    OutputFile(const OutputFile &) = delete;
+    OutputFile &operator=(const OutputFile &) = delete;
+    ~OutputFile()
+    {
+        if (handle != INVALID_HANDLE_VALUE) {
+            CloseHandle(handle);
+        }
+    }
+
+    bool write(const std::wstring &text) const
+    {
+        const auto size = static_cast<DWORD>(text.size() * sizeof(wchar_t));
+        DWORD written = 0;
+        return handle != INVALID_HANDLE_VALUE &&
+               WriteFile(handle, text.data(), size, &written, nullptr) != 0 && written == size;
+    }
+
+private:
+    HANDLE handle;
+};
+
+/// Longer than any path or variable value of Windows.
+constexpr DWORD capacity = 32768;
+
+std::wstring environmentVariable(const wchar_t *name)
+{
+    std::wstring value(capacity, L'\0');
+    value.resize(GetEnvironmentVariableW(name, &value[0], capacity));
+    return value;
+}
+
+std::wstring executablePath()
+{
+    std::wstring path(capacity, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, &path[0], capacity));
+    return path;
+}
+
+std::wstring currentDirectory()
+{
+    std::wstring path(capacity, L'\0');
+    path.resize(GetCurrentDirectoryW(capacity, &path[0]));
+    return path;
+}
+
+/// The entries of the environment block, each with its closing 0.
+std::wstring environmentEntries()
+{
+    const std::unique_ptr<wchar_t, decltype(&FreeEnvironmentStringsW)> block(GetEnvironmentStringsW(),
+                                                                             &FreeEnvironmentStringsW);
+    const wchar_t *end = block.get();
+    while (*end != L'\0') {
+        end += std::wcslen(end) + 1;
+    }
+    return std::wstring(block.get(), std::size_t(end - block.get()));
+}
+
+} // namespace
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int)
+{
+    const std::wstring record = environmentVariable(L"ECHO_CHILD_RECORD");
+    // A reader that waits for the record must never see half of it.
+    const std::wstring unfinished = record + L".unfinished";
+    const wchar_t end = L'\0';
+    if (!OutputFile(unfinished)
+             .write(std::wstring(GetCommandLineW()) + end + executablePath() + end + currentDirectory() +
+                    end + environmentEntries())) {
+        return 1;
+    }
+    return MoveFileExW(unfinished.c_str(), record.c_str(), MOVEFILE_REPLACE_EXISTING) != 0 ? 0 : 1;
+}
