@@ -2,8 +2,7 @@
 
 #include "app/DebugDialog.h"
 #include "app/ErrorDialog.h"
-#include "app/Footer.h"
-#include "app/MakerAddresses.h"
+#include "app/MainWindowTexts.h"
 #include "card/SingleHalconVersionFrame.h"
 #include "discovery/RegistryDiscovery.h"
 #include "ui_MainWindow.h"
@@ -43,12 +42,7 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), ui(std::make_uniq
 
     installations = getAllHalconVersions();
     if (installations.isEmpty()) {
-        const QString message =
-            tr("Could not find any HALCON installation. Please install HALCON first.<br><br><hr>"
-               "<small>If you think this is an error in this program, please contact us via<br>"
-               "<a href=\"%1\">%1</a>.</small>")
-                .arg(MakerAddresses::contactPage());
-        ErrorDialog(message).exec();
+        ErrorDialog(noInstallationHtml()).exec();
         std::exit(1);
     }
     addCards();

@@ -8,7 +8,6 @@
 #include <memory>
 
 class DebugDialog;
-class QCheckBox;
 
 namespace Ui {
 class MainWindow;

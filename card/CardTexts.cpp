@@ -1,5 +1,7 @@
 #include "card/CardTexts.h"
 
+#include "app/HtmlLink.h"
+
 #include <QCoreApplication>
 #include <QHash>
 #include <QRegularExpression>
@@ -9,16 +11,14 @@
 
 namespace {
 
-QString translate(const char *text)
-{
-    return QCoreApplication::translate("SingleHalconVersionFrame", text);
-}
+/// Translates in the card's context.
+struct Card {
+    Q_DECLARE_TR_FUNCTIONS(SingleHalconVersionFrame)
+};
 
 QString directoryLink(const QString &target, const QString &directory)
 {
-    return QStringLiteral("<b><a href=\"") + target +
-           QStringLiteral("\"><span style=\"text-decoration: underline; color:#0000ff;\">") + directory +
-           QStringLiteral("</span></a></b>");
+    return QStringLiteral("<b>") + htmlLink(target, directory) + QStringLiteral("</b>");
 }
 
 QString missingDirectory(const QString &directory, const QString &remark)
@@ -63,9 +63,8 @@ QString cardStyleSheet(const QString &colour)
 QString majorText(const HalconInstallation &installation)
 {
     constexpr int firstMajorWithMinor = 17;
-    const QString major = QString::number(installation.major);
     if (installation.suffix != QLatin1String("Progress") && installation.major < firstMajorWithMinor) {
-        return major;
+        return QString::number(installation.major);
     }
     return QStringLiteral("%1.%2").arg(installation.major).arg(installation.minor);
 }
@@ -104,10 +103,10 @@ QString xlBadgeStyleSheet()
 QString detailsHtml(const HalconInstallation &installation, bool installDirExists, bool exampleRootExists)
 {
     const QStringList lines{
-        QStringLiteral("<b>") + translate("Details:") + QStringLiteral("</b>"),
-        translate("Version: %1"),
-        translate("InstallDir: %2"),
-        translate("ExampleRoot: %3"),
+        QStringLiteral("<b>") + Card::tr("Details:") + QStringLiteral("</b>"),
+        Card::tr("Version: %1"),
+        Card::tr("InstallDir: %2"),
+        Card::tr("ExampleRoot: %3"),
     };
     // "(not found)" is bold for the one directory and not for the other.
     const QString installDir =

@@ -11,10 +11,10 @@
 
 namespace {
 
-QString translate(const char *text)
-{
-    return QCoreApplication::translate("SingleHalconVersionFrame", text);
-}
+/// Translates in the card's context.
+struct Card {
+    Q_DECLARE_TR_FUNCTIONS(SingleHalconVersionFrame)
+};
 
 /// The titles of the directories between @p base and @p directory.
 QStringList submenusOf(const QString &base, const QString &directory)
@@ -80,7 +80,7 @@ QList<DocumentationEntry> findHtmlManuals(const QString &installDir)
         const QFileInfo file(installDir + QLatin1String(manual.path));
         if (file.exists()) {
             DocumentationEntry entry;
-            entry.title = translate(manual.title);
+            entry.title = Card::tr(manual.title);
             entry.file = file.absoluteFilePath();
             entries.append(entry);
         }
@@ -98,11 +98,11 @@ QList<DocumentationEntry> findReleaseNotes(const QString &installDir)
         entry.title = beautifyFilename(file.baseName());
         entry.file = file.absoluteFilePath();
         if (entry.title == QLatin1String("release_notes")) {
-            entry.title = translate("Release Notes");
+            entry.title = Card::tr("Release Notes");
             entry.bold = true;
         } else {
-            entry.title.replace(QLatin1String("release_notes_"), translate("Release Notes "));
-            entry.title.replace(QLatin1String("_"), translate("."));
+            entry.title.replace(QLatin1String("release_notes_"), Card::tr("Release Notes "));
+            entry.title.replace(QLatin1String("_"), Card::tr("."));
         }
         entries.append(entry);
     }

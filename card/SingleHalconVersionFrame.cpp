@@ -6,12 +6,16 @@
 #include "devenv/VisualStudioDetection.h"
 #include "launch/CommandShell.h"
 #include "launch/HDevelopLaunch.h"
+#include "launch/PermanentSwitch.h"
 #include "launch/VelloxaAdvertisementDialog.h"
 #include "launch/VelloxaLaunch.h"
+#include "license/InstallLicenseDialog.h"
+#include "license/LicenseCopy.h"
 #include "ui_SingleHalconVersionFrame.h"
 
 #include <QAction>
 #include <QDesktopServices>
+#include <QDir>
 #include <QEvent>
 #include <QFileInfo>
 #include <QGraphicsDropShadowEffect>
@@ -38,6 +42,8 @@ SingleHalconVersionFrame::SingleHalconVersionFrame(const HalconInstallation &ins
     connect(ui->pbHDevelop, &QPushButton::clicked, this, &SingleHalconVersionFrame::launchHDevelop);
     connect(ui->pbHDevelopXL, &QPushButton::clicked, this, &SingleHalconVersionFrame::launchHDevelopXL);
     connect(ui->pbVelloxa, &QPushButton::clicked, this, &SingleHalconVersionFrame::launchVelloxa);
+    connect(ui->pbInstallLicense, &QPushButton::clicked, this, &SingleHalconVersionFrame::installLicense);
+    connect(ui->pbPerm, &QPushButton::clicked, this, &SingleHalconVersionFrame::switchVersion);
     connectComRows();
     addDropShadows();
     connect(ui->lwVsVersion, &QListWidget::doubleClicked, this,
@@ -189,9 +195,7 @@ QMenu *SingleHalconVersionFrame::submenu(QMenu *menu, const QString &title)
 
 void SingleHalconVersionFrame::showHDevelop()
 {
-    const QString executable =
-        record.installDir + QStringLiteral("\\bin\\") + record.arch + QStringLiteral("\\hdevelop.exe");
-    const QIcon icon = fileIcon(executable);
+    const QIcon icon = fileIcon(hdevelopExecutable(record, false));
     ui->pbHDevelop->setIcon(icon);
     ui->pbHDevelopXL->setIcon(icon);
 
@@ -252,6 +256,30 @@ void SingleHalconVersionFrame::textBrowserClick(const QUrl &link)
     }
 }
 
+void SingleHalconVersionFrame::switchVersion()
+{
+    const bool registerHalconCom = ui->cbRegCom->isChecked();
+    const bool registerEngineCom = ui->cbRegComEngine->isChecked();
+    // One list for both runs: after a failure the user sees what was planned and what became of it.
+    QStringList lines;
+    permanentSwitch(record, false, registerHalconCom, registerEngineCom, &lines);
+
+    // Only the second line and those behind it get a hyphen.
+    const QString changes = tr("If you continue, the following changes will be performed.\n\n%1")
+                                .arg(lines.join(QStringLiteral("\n- ")));
+    if (QMessageBox::information(this, tr("Perform permanent changes?"), changes,
+                                 QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok) != QMessageBox::Ok) {
+        QMessageBox::information(this, tr("Cancelled"), tr("No changes were performed."));
+        return;
+    }
+    if (permanentSwitch(record, true, registerHalconCom, registerEngineCom, &lines)) {
+        QMessageBox::information(this, tr("Switched"),
+                                 tr("Switched to HALCON %1").arg(record.versionArchText()));
+    } else {
+        showErrors(tr("There were errors when switching to HALCON %1:\n"), lines);
+    }
+}
+
 void SingleHalconVersionFrame::launchShellModelIndex(const QModelIndex &index)
 {
     const VisualStudioVersion *version =
@@ -299,6 +327,44 @@ void SingleHalconVersionFrame::launchVelloxa()
         auto *advertisement = new VelloxaAdvertisementDialog;
         advertisement->setAttribute(Qt::WA_DeleteOnClose);
         advertisement->show();
+    }
+}
+
+void SingleHalconVersionFrame::installLicense()
+{
+    const QDir directory(record.installDir + QStringLiteral("/license"));
+    InstallLicenseDialog dialog(QDir::toNativeSeparators(directory.path()), this);
+    if (dialog.exec() == QDialog::Accepted && !dialog.selectedFile().isEmpty()) {
+        const QString fileName = QFileInfo(dialog.selectedFile()).fileName();
+        installLicenseFile(dialog.selectedFile(), dialog.droppedContents(), directory.filePath(fileName));
+    }
+}
+
+void SingleHalconVersionFrame::installLicenseFile(const QString &source, const QString &droppedContents,
+                                                  const QString &target)
+{
+    const QString shownTarget = QDir::toNativeSeparators(target);
+    if (QFileInfo::exists(target) &&
+        QMessageBox::warning(
+            this, tr("Overwrite?"),
+            tr("The file\n  \"%1\"\nalready exists. Do you want to overwrite it?").arg(shownTarget),
+            QMessageBox::Ok | QMessageBox::Cancel) != QMessageBox::Ok) {
+        return;
+    }
+    QStringList errors;
+    if (!copyLicenseFile(source, droppedContents, target, &errors)) {
+        // "occured" is spelled so.
+        QMessageBox::warning(
+            this, tr("Error"),
+            tr("Errors occured during license file copy:\n  %1").arg(errors.join(QStringLiteral("\n  "))));
+    } else if (QFileInfo::exists(target)) {
+        QMessageBox::information(
+            this, tr("Install license"),
+            tr("Installation of license file as\n  \"%1\"\nsuccessfully completed!").arg(shownTarget));
+    } else {
+        QMessageBox::warning(
+            this, tr("Error"),
+            tr("It seems as if the target license file %1 could not be created").arg(shownTarget));
     }
 }
 

@@ -40,6 +40,9 @@ public slots:
     /// handler.
     void textBrowserClick(const QUrl &link);
 
+    /// Makes the installation the machine's default after the user has agreed to what will be done.
+    void switchVersion();
+
     /// Opens a shell with the Visual Studio in the row of @p index, or its IDE where it has no build environment;
     /// shows a warning when that fails.
     void launchShellModelIndex(const QModelIndex &index);
@@ -55,6 +58,9 @@ public slots:
 
     /// Starts Velloxa, or shows what it is when it could not be started.
     void launchVelloxa();
+
+    /// Lets the user choose a licence file and puts it into the installation.
+    void installLicense();
 
     /// Opens the manual whose menu entry has sent the signal.
     void openHelpFromAction();
@@ -86,6 +92,7 @@ private:
     QIcon fileIcon(const QString &path) const;
     void launchHDevelopBuild(bool xl);
     const VisualStudioVersion *chosenVisualStudio(const QModelIndex &index, const QString &nothingChosen);
+    void installLicenseFile(const QString &source, const QString &droppedContents, const QString &target);
     void showErrors(const QString &heading, const QStringList &errors);
 
     HalconInstallation record;

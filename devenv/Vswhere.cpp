@@ -1,7 +1,7 @@
 #include "devenv/Vswhere.h"
 
-#include <QCoreApplication>
-#include <QDir>
+#include "app/ProgramDirectory.h"
+
 #include <QFileInfo>
 #include <QProcess>
 #include <QRegularExpression>
@@ -10,8 +10,7 @@
 
 QString vswhereExecutable()
 {
-    const QString path =
-        QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QStringLiteral("\\vswhere.exe");
+    const QString path = besideProgram(QStringLiteral("vswhere.exe"));
     return QFileInfo::exists(path) ? path : QString();
 }
 

@@ -18,6 +18,11 @@ QString HalconInstallation::versionArchText() const
     return versionText() + QStringLiteral(" (") + arch + QLatin1Char(')');
 }
 
+QString binaryDirectory(const HalconInstallation &installation)
+{
+    return installation.installDir + QStringLiteral("\\bin\\") + installation.arch;
+}
+
 QString formatVersion(int major, int minor, int revision, int build, const QString &suffix)
 {
     if (major == -1) {

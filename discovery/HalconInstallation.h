@@ -33,6 +33,9 @@ struct HalconInstallation {
     QString versionArchText() const;
 };
 
+/// The directory of the installation's programs and libraries for its architecture.
+QString binaryDirectory(const HalconInstallation &installation);
+
 /// The version as text. The text stops at the first number that is -1, then the suffix follows after a blank; it is
 /// empty when @p major is -1. A build of 0 is not printed, a revision of 0 is.
 QString formatVersion(int major, int minor, int revision, int build, const QString &suffix);

@@ -1,9 +1,7 @@
 #include "launch/CommandShell.h"
 
+#include "app/ProgramDirectory.h"
 #include "launch/ProcessStart.h"
-
-#include <QCoreApplication>
-#include <QDir>
 
 namespace {
 
@@ -35,8 +33,7 @@ QString shellArguments(const HalconInstallation &installation, const VisualStudi
             displayName(visualStudio),
         QStringLiteral("type 'hdevelop.exe' to launch HDevelop (") + version + QLatin1Char(')'),
     };
-    const QString colourTool = quoted(QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) +
-                                      QStringLiteral("\\huebox.exe"));
+    const QString colourTool = quoted(besideProgram(QStringLiteral("huebox.exe")));
 
     QStringList commands{quoted(visualStudio.vcvarsBat), QStringLiteral("title HALCON ") + version};
     for (const QString &line : banner) {

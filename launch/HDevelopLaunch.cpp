@@ -2,10 +2,13 @@
 
 #include "launch/ProcessStart.h"
 
-bool startHDevelop(const HalconInstallation &installation, bool xl, QStringList *errors)
+QString hdevelopExecutable(const HalconInstallation &installation, bool xl)
 {
     const QString fileName = QStringLiteral("hdevelop%1.exe").arg(xl ? QStringLiteral("xl") : QString());
-    const QString executable = installation.installDir + QStringLiteral("\\bin\\") + installation.arch +
-                               QLatin1Char('\\') + fileName;
-    return startProcess(executable, QString(), installation, errors);
+    return binaryDirectory(installation) + QLatin1Char('\\') + fileName;
+}
+
+bool startHDevelop(const HalconInstallation &installation, bool xl, QStringList *errors)
+{
+    return startProcess(hdevelopExecutable(installation, xl), QString(), installation, errors);
 }

@@ -18,8 +18,7 @@ QMap<QString, QString> variableOverrides(const HalconInstallation &installation)
                          installation.exampleRoot + QStringLiteral("\\examples"));
     }
     overrides.insert(QStringLiteral("PATH"),
-                     installation.installDir + QStringLiteral("\\bin\\") + installation.arch +
-                         QLatin1Char(';') +
+                     binaryDirectory(installation) + QLatin1Char(';') +
                          QProcessEnvironment::systemEnvironment().value(QStringLiteral("PATH")));
     return overrides;
 }

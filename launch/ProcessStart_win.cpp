@@ -1,24 +1,13 @@
 #include "launch/ProcessStart.h"
 
 #include "app/DebugLogger.h"
+#include "launch/WindowsHandle.h"
 
 #include <windows.h>
 
 #include <vector>
 
 namespace {
-
-/// A kernel object's handle, closed with its owner.
-class UniqueHandle {
-public:
-    explicit UniqueHandle(HANDLE handle) : handle(handle) {}
-    UniqueHandle(const UniqueHandle &) = delete;
-    UniqueHandle &operator=(const UniqueHandle &) = delete;
-    ~UniqueHandle() { CloseHandle(handle); }
-
-private:
-    HANDLE handle;
-};
 
 const wchar_t *wide(const QString &text)
 {
@@ -52,8 +41,8 @@ bool startProcess(const QString &executable, const QString &arguments, const Hal
         }
         return false;
     }
-    const UniqueHandle processHandle(process.hProcess);
-    const UniqueHandle threadHandle(process.hThread);
+    const WindowsHandle processHandle(process.hProcess);
+    const WindowsHandle threadHandle(process.hThread);
     return true;
 }
 

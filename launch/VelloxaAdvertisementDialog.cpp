@@ -1,18 +1,8 @@
 #include "launch/VelloxaAdvertisementDialog.h"
 
+#include "app/HtmlLink.h"
 #include "app/MakerAddresses.h"
 #include "ui_VelloxaAdvertisementDialog.h"
-
-namespace {
-
-QString link(const QString &address)
-{
-    return QStringLiteral(
-               "<a href=\"%1\"><span style=\"text-decoration: underline; color:#0000ff;\">%1</span></a>")
-        .arg(address);
-}
-
-} // namespace
 
 VelloxaAdvertisementDialog::VelloxaAdvertisementDialog(QWidget *parent)
     : QDialog(parent), ui(std::make_unique<Ui::VelloxaAdvertisementDialog>())
@@ -33,7 +23,7 @@ VelloxaAdvertisementDialog::VelloxaAdvertisementDialog(QWidget *parent)
            "an unprecedented speed in evaluating your algorithm."),
         QString(),
         tr("Quorvik Solutions Velloxa Demo can be downloaded for free at"),
-        link(MakerAddresses::velloxaDownloads()),
+        htmlLink(MakerAddresses::velloxaDownloads(), MakerAddresses::velloxaDownloads()),
         QString(),
         tr("Please restart this program after the installation of Velloxa has finished."),
     };

@@ -4,8 +4,10 @@
 #include "app/MakerAddresses.h"
 #include "card/SingleHalconVersionFrame.h"
 #include "tests/support/Registry.h"
+#include "tests/support/RichText.h"
 
 #include <QCheckBox>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QScrollArea>
 #include <QSettings>
@@ -58,7 +60,7 @@ private slots:
     void bars();
     void footer();
     void cardsInOrder();
-    void cardsAreOwnCopies();
+    void cardIsOfItsInstallationAndInTheWindow();
     void optionsAreOffAtFirst();
     void storedOptionsAreRestored_data();
     void storedOptionsAreRestored();
@@ -67,7 +69,10 @@ private slots:
     void changingAnOptionStoresIt();
     void unreadableOptionIsOff();
     void f12ShowsOneDebugDialog();
-    void otherKeysDoNothing();
+    void f12IsTaken_data();
+    void f12IsTaken();
+    void otherKeysArePassedOn_data();
+    void otherKeysArePassedOn();
 };
 
 void MainWindowTest::init()
@@ -155,11 +160,19 @@ void MainWindowTest::footer()
     QVERIFY(browser->openExternalLinks());
     QCOMPARE(browser->styleSheet(),
              QString("background-color: rgb(57, 159, 255, 100);\nmargin: 4px 10px 0 10px;"));
-    QCOMPARE(browser->toPlainText(),
-             "Quorvik Solutions Corvanta for HALCON (1.8) - Please find more information about our HALCON "
-             "services at http://www." +
-                 MakerAddresses::webDomain() + "/ or our products at " + MakerAddresses::shop() +
-                 ". We are happy to receive feedback from you.");
+    const auto link = [](const QString &text, const QString &target) {
+        return '"' + text + "\" underlined #0000ff -> " + target;
+    };
+    const QString home = "http://www." + MakerAddresses::webDomain() + "/";
+    QCOMPARE(
+        richTextRuns(*browser->document()),
+        (QStringList{"\"Quorvik Solutions Corvanta for HALCON (1.8) - Please find more information about "
+                     "our HALCON services at \"",
+                     link(home, home), "\" or our products at \"",
+                     link(MakerAddresses::shop(), MakerAddresses::shop()), "\". We are happy to receive \"",
+                     link("feedback", "mailto:" + MakerAddresses::feedbackAddress() +
+                                          "?subject=Feedback Corvanta%20for%20HALCON%201.8"),
+                     "\" from you.\""}));
 }
 
 void MainWindowTest::cardsInOrder()
@@ -170,7 +183,7 @@ void MainWindowTest::cardsInOrder()
              (QStringList{"9.0.0 (x64-win64)", "13.0.0 (x64-win64)", "20.11.0 Progress (x64-win64)"}));
 }
 
-void MainWindowTest::cardsAreOwnCopies()
+void MainWindowTest::cardIsOfItsInstallationAndInTheWindow()
 {
     const MainWindow window;
     const auto *card = window.findChild<SingleHalconVersionFrame *>();
@@ -271,12 +284,42 @@ void MainWindowTest::f12ShowsOneDebugDialog()
     QVERIFY(dialog->isVisible());
 }
 
-void MainWindowTest::otherKeysDoNothing()
+void MainWindowTest::f12IsTaken_data()
 {
+    QTest::addColumn<int>("modifiers");
+
+    QTest::newRow("alone") << int(Qt::NoModifier);
+    QTest::newRow("with Ctrl") << int(Qt::ControlModifier);
+}
+
+void MainWindowTest::f12IsTaken()
+{
+    QFETCH(int, modifiers);
+    MainWindow window;
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_F12, Qt::KeyboardModifiers(modifiers));
+    QApplication::sendEvent(&window, &press);
+    QVERIFY(press.isAccepted());
+    QVERIFY(window.findChild<DebugDialog *>() != nullptr);
+}
+
+void MainWindowTest::otherKeysArePassedOn_data()
+{
+    QTest::addColumn<int>("key");
+
+    QTest::newRow("F11") << int(Qt::Key_F11);
+    QTest::newRow("Escape") << int(Qt::Key_Escape);
+    QTest::newRow("letter") << int(Qt::Key_D);
+}
+
+/// The base class declares a key that it has no use for, which an accepted event would hide.
+void MainWindowTest::otherKeysArePassedOn()
+{
+    QFETCH(int, key);
     MainWindow window;
     window.show();
-    QTest::keyClick(&window, Qt::Key_F11);
-    QTest::keyClick(&window, Qt::Key_Escape);
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QApplication::sendEvent(&window, &press);
+    QVERIFY(!press.isAccepted());
     QVERIFY(window.findChild<DebugDialog *>() == nullptr);
     QVERIFY(window.isVisible());
 }

@@ -1,41 +1,49 @@
 #!/usr/bin/env bash
-# A click on a card's HDevelop button starts that version's executable with that version's environment.
+# A click on a card's HDevelop button, HDevelop XL button or version number starts that version's executable with that
+# version's environment. When its window is closed, the program ends with exit code 0.
 #
 #   hdevelop_click.sh PROGRAM STAND_INS
 set -uo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/expectations"
 
 program=$1 stand_ins=$2
-record=$TEST_DIRECTORY/record.txt
+name='HALCON-13.0 (a & b)'
+root="C:\\Program Files\\MVTec\\$name"
+examples='C:\Users\Public\Documents\Übungen 13.0'
 
-cat >"$TEST_DIRECTORY/table" <<'TABLE'
-product 13.0 'C:\Program Files\MVTec\HALCON-13.0 (a & b)' x64 examples='C:\Users\Public\Documents\Übungen 13.0'
+cat >"$TEST_DIRECTORY/table" <<TABLE
+product 13.0 '$root' x64 examples='$examples'
 TABLE
 "$tools/demo-machine/make" "$WINEPREFIX" "$stand_ins" "$TEST_DIRECTORY/table" || give_up "no demo machine"
 
-CORVANTA_STANDIN_RECORD="Z:${record//\//\\}" wine "$program" &
-wait_for_window 'Quorvik Solutions - Corvanta for HALCON 1.8' || give_up "the program's window did not show"
-wait_until_still
-button=$(find_colour '#E0218A')
-[ -n "$button" ] || give_up "there is no HDevelop button with the stand-in's icon"
-# shellcheck disable=SC2086
-click $button
+# click_starts WHAT X Y EXECUTABLE TITLE: clicks at a place, expects EXECUTABLE to be started by that for this
+# installation, and closes its window, which is titled TITLE.
+click_starts() {
+  local path
+  rm -f "$record"
+  click "$2" "$3"
+  wait_for_record "the click on $1"
+  expect "$1: executable" "$(received executable)" "$root\\bin\\x64-win64\\$4"
+  expect "$1: HALCONROOT" "$(received HALCONROOT)" "$root"
+  expect "$1: HALCONARCH" "$(received HALCONARCH)" 'x64-win64'
+  expect "$1: HALCONEXAMPLES" "$(received HALCONEXAMPLES)" "$examples\\examples"
+  expect "$1: HALCONIMAGES" "$(received HALCONIMAGES)" "$examples\\examples\\images"
+  path=$(received '[Pp][Aa][Tt][Hh]')
+  expect "$1: first directory of PATH" "${path%%;*}" "$root\\bin\\x64-win64"
+  expect "$1: PATH entries of the installation" "$(tr ';' '\n' <<<"$path" | grep -cF "$root")" 1
+  close_window "$5 (stand-in of the demo machine) - $name"
+}
 
-for _ in $(seq 100); do
-  [ ! -e "$record" ] || break
-  sleep 0.1
-done
-[ -e "$record" ] || give_up "the click started nothing"
-
-received() { sed -n "s/^$1=//p" "$record" | tr -d '\r'; }
-root='C:\Program Files\MVTec\HALCON-13.0 (a & b)'
-examples='C:\Users\Public\Documents\Übungen 13.0'
-expect "executable" "$(received executable)" "$root\\bin\\x64-win64\\hdevelop.exe"
-expect "HALCONROOT" "$(received HALCONROOT)" "$root"
-expect "HALCONARCH" "$(received HALCONARCH)" 'x64-win64'
-expect "HALCONEXAMPLES" "$(received HALCONEXAMPLES)" "$examples\\examples"
-expect "HALCONIMAGES" "$(received HALCONIMAGES)" "$examples\\examples\\images"
-path=$(sed -n 's/^[Pp][Aa][Tt][Hh]=//p' "$record" | tr -d '\r')
-expect "first directory of PATH" "${path%%;*}" "$root\\bin\\x64-win64"
-expect "PATH entries of the installation" "$(tr ';' '\n' <<<"$path" | grep -cF "$root")" 1
+start_program "$program"
+read -r x y < <(find_colour '#E0218A')
+[ -n "${x-}" ] || give_up "there is no HDevelop button with the stand-in's icon"
+click_starts 'HDevelop' "$x" "$y" hdevelop.exe 'HDevelop'
+# The button below it is as high as the first one, 52 pixels, and a bit more away.
+click_starts 'HDevelop XL' "$x" $((y + 56)) hdevelopxl.exe 'HDevelop XL'
+# The version number has the colour of the card under a red tint; so has the list of Visual Studio versions further
+# right.
+read -r x y < <(find_colour '#D197CC' 0 "$x")
+[ -n "${y-}" ] || give_up "there is no version number"
+click_starts 'the version number' "$x" "$y" hdevelop.exe 'HDevelop'
+end_program
 conclude

@@ -51,8 +51,8 @@ void clickOn(QTextBrowser &details, const QString &text)
 
 } // namespace
 
-/// A program is looked for in the directory of the one that starts it first: a recording program in Explorer's name
-/// lies there. This test program therefore has a directory of its own.
+/// A program is looked for in the directory of the one that starts it first: a recording program in
+/// Explorer's name lies there. This test program therefore has a directory of its own.
 class CardExplorerTest : public QObject {
     Q_OBJECT
 
@@ -80,8 +80,7 @@ void CardExplorerTest::initTestCase()
 void CardExplorerTest::cleanupTestCase()
 {
     // As long as a child is ending, its program cannot be removed.
-    QFile file(explorer());
-    QTRY_VERIFY2(file.remove(), qPrintable(file.errorString()));
+    QTRY_VERIFY(QFile::remove(explorer()) || !QFile::exists(explorer()));
 }
 
 void CardExplorerTest::directoryLinks_data()

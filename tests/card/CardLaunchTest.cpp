@@ -1,11 +1,11 @@
 #include "card/SingleHalconVersionFrame.h"
-#include "launch/VelloxaAdvertisementDialog.h"
+#include "tests/card/Advertisement.h"
+#include "tests/card/CardButtons.h"
+#include "tests/card/Desktop.h"
 #include "tests/fakes/ProcessStartFake.h"
 #include "tests/support/MessageBoxes.h"
 
-#include <QDesktopServices>
-#include <QPushButton>
-#include <QTextBrowser>
+#include <QPointer>
 #include <QtTest>
 
 namespace {
@@ -18,38 +18,6 @@ HalconInstallation installation()
     result.installDir = "C:\\H";
     return result;
 }
-
-/// A button by its object name, or by its text where it has no name.
-QPushButton *button(const QWidget &card, const QString &name)
-{
-    for (QPushButton *each : card.findChildren<QPushButton *>()) {
-        if (each->objectName() == name || (each->objectName().isEmpty() && each->text() == name)) {
-            return each;
-        }
-    }
-    return nullptr;
-}
-
-VelloxaAdvertisementDialog *advertisement()
-{
-    for (QWidget *widget : QApplication::topLevelWidgets()) {
-        if (auto *dialog = qobject_cast<VelloxaAdvertisementDialog *>(widget)) {
-            return dialog;
-        }
-    }
-    return nullptr;
-}
-
-/// Receives the links that the card hands to the desktop.
-class Desktop : public QObject {
-    Q_OBJECT
-
-public:
-    QList<QUrl> opened;
-
-public slots:
-    void open(const QUrl &link) { opened.append(link); }
-};
 
 } // namespace
 
@@ -144,10 +112,8 @@ void CardLaunchTest::missingVelloxaIsAdvertised()
 void CardLaunchTest::otherLinksGoToTheDesktop()
 {
     SingleHalconVersionFrame card(installation());
-    Desktop desktop;
-    QDesktopServices::setUrlHandler("http", &desktop, "open");
+    const Desktop desktop("http");
     card.textBrowserClick(QUrl("http://corvanta.invalid/a%20b?c#d"));
-    QDesktopServices::unsetUrlHandler("http");
     QCOMPARE(desktop.opened, QList<QUrl>{QUrl("http://corvanta.invalid/a%20b?c#d")});
 }
 

@@ -3,6 +3,7 @@
 #include "launch/CommandShell.h"
 #include "tests/card/BoxLines.h"
 #include "tests/card/CardStudios.h"
+#include "tests/card/HalconVariables.h"
 #include "tests/launch/SystemErrors.h"
 #include "tests/support/EchoChild.h"
 #include "tests/support/MessageBoxes.h"
@@ -29,20 +30,6 @@ public:
 private:
     QByteArray before;
 };
-
-/// What a child has of an installation.
-QStringList halconVariables(const EchoRecord &found)
-{
-    return {found.variable("HALCONROOT"), found.variable("HALCONARCH"), found.variable("HALCONEXAMPLES"),
-            found.variable("HALCONIMAGES"), found.variable("PATH").section(';', 0, 0)};
-}
-
-QStringList halconVariables(const HalconInstallation &installation)
-{
-    return {installation.installDir, installation.arch, installation.exampleRoot + "\\examples",
-            installation.exampleRoot + "\\examples\\images",
-            installation.installDir + "\\bin\\" + installation.arch};
-}
 
 QPushButton *button(const SingleHalconVersionFrame &card, const char *name)
 {

@@ -11,9 +11,9 @@
 #include <QStringList>
 #include <QtTest>
 
-/// A machine with three Visual Studio versions: 14.0 Professional builds for both architectures, 12.0 Professional
-/// for 32-bit only and without an IDE, 11.0 Express for both with an IDE of its own. A recording program stands in
-/// for the IDEs. Windows only.
+/// A machine with three Visual Studio versions: 14.0 Professional builds for both architectures, 12.0
+/// Professional for 32-bit only and without an IDE, 11.0 Express for both with an IDE of its own. A
+/// recording program stands in for the IDEs. Windows only.
 ///
 /// The program looks for Visual Studio once: make this before the first card.
 class CardStudios {

@@ -1,11 +1,14 @@
 #include "card/CardTexts.h"
 #include "card/SingleHalconVersionFrame.h"
+#include "tests/card/CardButtons.h"
+#include "tests/support/RichText.h"
 
 #include <QCheckBox>
 #include <QGraphicsDropShadowEffect>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTextBrowser>
 #include <QtTest>
 
@@ -16,16 +19,6 @@ HalconInstallation installation(const QString &arch = "x64-win64")
     HalconInstallation result(13, 0, 0, 0);
     result.arch = arch;
     return result;
-}
-
-QImage shownIcon(const QPushButton &button)
-{
-    return button.icon().pixmap(button.iconSize()).toImage();
-}
-
-QImage resource(const QString &path, const QSize &size)
-{
-    return QIcon(path).pixmap(size).toImage();
 }
 
 } // namespace
@@ -49,6 +42,7 @@ private slots:
     void shieldTogglesComBox();
     void labelTogglesComBox_data();
     void labelTogglesComBox();
+    void details_data();
     void details();
     void withoutVisualStudio();
 };
@@ -121,10 +115,9 @@ void CardTest::missingHDevelopHasTheGenericIcon()
     HalconInstallation missing = installation();
     missing.installDir = "C:\\no such directory";
     const SingleHalconVersionFrame card(missing);
-    const QIcon generic = QFileIconProvider().icon(QFileInfo("C:\\no such directory\\bin\\hdevelop.exe"));
     for (const char *name : {"pbHDevelop", "pbHDevelopXL"}) {
         QCOMPARE(shownIcon(*card.findChild<QPushButton *>(name)),
-                 QIcon(generic.pixmap(48, 48)).pixmap(64, 52).toImage());
+                 fileIcon("C:\\no such directory\\bin\\hdevelop.exe", QSize(64, 52)));
     }
 }
 
@@ -274,16 +267,39 @@ void CardTest::labelTogglesComBox()
     QVERIFY(!const_cast<SingleHalconVersionFrame &>(card).eventFilter(pressed, &other));
 }
 
+void CardTest::details_data()
+{
+    QTest::addColumn<QStringList>("directories");
+    QTest::addColumn<QStringList>("paths");
+
+    const QStringList installDir{"\"\nInstallDir: \"",
+                                 "\"D:/HALCON\" bold underlined #0000ff -> file:///installDir"};
+    const QStringList exampleRoot{"\"\nExampleRoot: \"",
+                                  "\"D:/examples\" bold underlined #0000ff -> file:///exampleRoot"};
+    // Of the two remarks only the first is bold.
+    const QStringList noInstallDir{"\"\nInstallDir: D:/HALCON \"", "\"(not found)\" bold #ff0000"};
+    const QStringList noExampleRoot{"\"\nExampleRoot: D:/examples \"", "\"(not found)\" #ff0000"};
+    QTest::newRow("both directories") << QStringList{"HALCON", "examples"} << installDir + exampleRoot;
+    QTest::newRow("installation alone") << QStringList{"HALCON"} << installDir + noExampleRoot;
+    QTest::newRow("examples alone") << QStringList{"examples"} << noInstallDir + exampleRoot;
+    QTest::newRow("neither directory") << QStringList() << noInstallDir + noExampleRoot;
+}
+
 void CardTest::details()
 {
-    const QTemporaryDir directory;
-    HalconInstallation present = installation();
-    present.installDir = directory.path();
-    present.setExampleRoot(directory.filePath("missing"));
-    const SingleHalconVersionFrame card(present);
+    QFETCH(QStringList, directories);
+    QFETCH(QStringList, paths);
+    const QTemporaryDir machine;
+    for (const QString &name : directories) {
+        QVERIFY(QDir(machine.path()).mkdir(name));
+    }
+    HalconInstallation shown = installation();
+    shown.installDir = machine.filePath("HALCON");
+    shown.setExampleRoot(machine.filePath("examples"));
+    const SingleHalconVersionFrame card(shown);
     const auto *browser = card.findChild<QTextBrowser *>("textBrowser");
-    QCOMPARE(browser->toPlainText(), "Details:\nVersion: 13.0.0\nInstallDir: " + directory.path() +
-                                         "\nExampleRoot: " + directory.filePath("missing") + " (not found)");
+    const QStringList before{"\"Details:\" bold", "\"\nVersion: \"", "\"13.0.0\" bold"};
+    QCOMPARE(richTextRuns(*browser->document()).replaceInStrings(machine.path(), "D:"), before + paths);
     QVERIFY(!browser->openLinks());
     QCOMPARE(browser->styleSheet(), QString("background-color: rgba(0, 0, 0, 0);"));
 }

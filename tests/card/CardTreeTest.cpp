@@ -70,12 +70,12 @@ void CardTreeTest::widgets()
             visualStudioTip,
         "QGroupBox gbPerm \"Permanent\" Preferred/Preferred in horizontalLayout at 5",
         "QPushButton pbPerm min 64x52 Fixed/Fixed in horizontalLayoutPerm at 1 tip: " + permanentTip,
-        "QFrame frame Preferred/Preferred in verticalLayoutPerm at 1",
+        "QFrame frame StyledPanel/Raised Preferred/Preferred in verticalLayoutPerm at 1",
         "QCheckBox cbRegCom Maximum/Maximum in horizontalLayout_4 at 0 tip: " + halconComTip,
         "QPushButton pbUac Minimum/Fixed in horizontalLayout_4 at 1 tip: " + halconComTip,
         "QLabel lRegCom \"Register halconx[xl].dll\" Preferred/Preferred in horizontalLayout_4 at 2 tip: " +
             halconComTip,
-        "QFrame frameEngine Preferred/Preferred in verticalLayoutPerm at 2",
+        "QFrame frameEngine StyledPanel/Raised Preferred/Preferred in verticalLayoutPerm at 2",
         "QCheckBox cbRegComEngine Maximum/Maximum in horizontalLayout_4Engine at 0 tip: " + engineComTip,
         "QPushButton pbUaCEngine Minimum/Fixed in horizontalLayout_4Engine at 1 tip: " + engineComTip,
         "QLabel lRegComEngine \"Register hdevenginex[xl].dll\" Preferred/Preferred in "

@@ -1,7 +1,7 @@
 #include "card/SingleHalconVersionFrame.h"
+#include "tests/card/CardButtons.h"
 #include "tests/card/CardStudios.h"
 
-#include <QFileIconProvider>
 #include <QListWidget>
 #include <QPushButton>
 #include <QtTest>
@@ -40,22 +40,6 @@ struct Shell {
     QPushButton *shell;
     QPushButton *devEnv;
 };
-
-QImage shownIcon(const QPushButton &button)
-{
-    return button.icon().pixmap(button.iconSize()).toImage();
-}
-
-/// The icon of a program as the IDE button shows it.
-QImage programIcon(const QString &path, const QSize &size)
-{
-    return QIcon(QFileIconProvider().icon(QFileInfo(path)).pixmap(48, 48)).pixmap(size).toImage();
-}
-
-QImage resource(const QString &path, const QSize &size)
-{
-    return QIcon(path).pixmap(size).toImage();
-}
 
 } // namespace
 
@@ -124,7 +108,7 @@ void CardVisualStudioTest::ideButtonShowsTheProgramsIcon()
 {
     const Shell shell("x64-win64");
     QVERIFY(!shownIcon(*shell.devEnv).isNull());
-    QCOMPARE(shownIcon(*shell.devEnv), programIcon(studios.ide14(), shell.devEnv->iconSize()));
+    QCOMPARE(shownIcon(*shell.devEnv), fileIcon(studios.ide14(), shell.devEnv->iconSize()));
     QVERIFY(shownIcon(*shell.devEnv) != resource(":/shell.png", shell.devEnv->iconSize()));
 }
 
@@ -144,7 +128,7 @@ void CardVisualStudioTest::clicksOnRows32()
     QVERIFY(shell.devEnv->icon().isNull());
     clickRow(*shell.list, 2);
     QCOMPARE(shell.state(), QString("row 2: shell, IDE"));
-    QCOMPARE(shownIcon(*shell.devEnv), programIcon(studios.ide11(), shell.devEnv->iconSize()));
+    QCOMPARE(shownIcon(*shell.devEnv), fileIcon(studios.ide11(), shell.devEnv->iconSize()));
     clickRow(*shell.list, 1);
     QCOMPARE(shell.state(), QString("row 1: shell"));
     clickRow(*shell.list, 0);
@@ -171,7 +155,7 @@ void CardVisualStudioTest::clickSeesWhatIsOnDiskNow()
     studios.installIdes();
     clickRow(*shell.list, 0);
     QCOMPARE(shell.state(), QString("row 0: shell, IDE"));
-    QCOMPARE(shownIcon(*shell.devEnv), programIcon(studios.ide14(), shell.devEnv->iconSize()));
+    QCOMPARE(shownIcon(*shell.devEnv), fileIcon(studios.ide14(), shell.devEnv->iconSize()));
 }
 
 void CardVisualStudioTest::rowNumbers_data()

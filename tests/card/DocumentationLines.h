@@ -6,8 +6,8 @@
 #include <QList>
 #include <QStringList>
 
-/// Every entry whole, one line each, such as "Manuals > Quick Guide = doc/pdf/manuals/quick_guide.pdf", with ", bold"
-/// at its end where it is. A file outside @p tree is given with its full path.
+/// Every entry whole, one line each, such as "Manuals > Quick Guide = doc/pdf/manuals/quick_guide.pdf",
+/// with ", bold" at its end where it is. A file outside @p tree is given with its full path.
 inline QStringList entryLines(const QList<DocumentationEntry> &entries, const DocumentationTree &tree)
 {
     QStringList lines;

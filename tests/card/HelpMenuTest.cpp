@@ -1,47 +1,13 @@
-#include "card/SingleHalconVersionFrame.h"
-#include "tests/card/Desktop.h"
+#include "tests/card/HelpMenu.h"
 #include "tests/card/DocumentationTree.h"
 #include "tests/support/Messages.h"
 
-#include <QAction>
 #include <QFileIconProvider>
-#include <QMenu>
-#include <QPushButton>
 #include <QtTest>
-
-#include <functional>
 
 namespace {
 
-HalconInstallation installation(const QString &installDir)
-{
-    HalconInstallation result(20, 11, 1, 0);
-    result.arch = "x64-win64";
-    result.installDir = installDir;
-    return result;
-}
-
-QMenu *helpMenu(const SingleHalconVersionFrame &card)
-{
-    return card.findChild<QPushButton *>("pbHelp")->menu();
-}
-
-/// The whole menu as text, one line for each action: a submenu ends in " >" and its entries follow, indented.
-QStringList menuLines(const QMenu &menu, const QString &indent = QString())
-{
-    QStringList lines;
-    for (const QAction *action : menu.actions()) {
-        if (action->menu() == nullptr) {
-            lines.append(indent + (action->isSeparator() ? "(separator)" : action->text()));
-        } else {
-            lines.append(indent + action->text() + " >");
-            lines += menuLines(*action->menu(), indent + "  ");
-        }
-    }
-    return lines;
-}
-
-/// The same where the file system decides the order of the entries within a menu.
+/// menuLines() where the file system decides the order of the entries within a menu.
 QStringList sortedMenuLines(const QMenu &menu, const QString &indent = QString())
 {
     QMap<QString, QStringList> entries;
@@ -58,49 +24,9 @@ QStringList sortedMenuLines(const QMenu &menu, const QString &indent = QString()
     return lines;
 }
 
-/// The action that @p path leads to, texts from the outermost menu inwards; null when there is none.
-QAction *actionAt(const QMenu &menu, const QStringList &path)
-{
-    for (QAction *action : menu.actions()) {
-        if (action->text() == path.first()) {
-            return path.size() == 1 ? action : actionAt(*action->menu(), path.mid(1));
-        }
-    }
-    return nullptr;
-}
-
-/// Every action of the menu and its submenus that opens a manual.
-QList<QAction *> entriesOf(const QMenu &menu)
-{
-    QList<QAction *> entries;
-    for (QAction *action : menu.actions()) {
-        if (action->menu() == nullptr) {
-            entries.append(action);
-        } else {
-            entries += entriesOf(*action->menu());
-        }
-    }
-    return entries;
-}
-
 QImage picture(const QIcon &icon)
 {
     return icon.pixmap(32, 32).toImage();
-}
-
-/// Does @p next on the menu that is open, as soon as one is.
-void onceOpen(QMenu *menu, const std::function<void()> &next)
-{
-    auto *timer = new QTimer(menu);
-    QObject::connect(timer, &QTimer::timeout, menu, [timer, menu, next] {
-        if (menu->isVisible()) {
-            timer->deleteLater();
-            timer->stop();
-            next();
-        }
-    });
-    constexpr int pollMilliseconds = 10;
-    timer->start(pollMilliseconds);
 }
 
 } // namespace
@@ -122,14 +48,7 @@ private slots:
     void icons();
     void entriesBelongToTheCard();
     void boldEntries();
-    void entryOpensItsFile_data();
-    void entryOpensItsFile();
-    void everyEntryOpensItsOwnFile();
-    void clickOnAnEntry();
-    void keysToAnEntryOfASubmenu();
-    void openWithoutAnEntry();
     void ampersandInATitle();
-    void cardsHaveTheirOwnMenus();
 
 private:
     QScopedPointer<CaughtMessages> messages;
@@ -344,141 +263,8 @@ void HelpMenuTest::boldEntries()
     QCOMPARE(bold, QStringList{"release_notes.html"});
 }
 
-void HelpMenuTest::entryOpensItsFile_data()
-{
-    QTest::addColumn<QString>("installationName");
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QStringList>("entry");
-    QTest::addColumn<QByteArray>("encodedEnd"); // of the link
-
-    QTest::newRow("PDF manual") << "HALCON"
-                                << "doc/pdf/manuals/quick_guide.pdf" << QStringList{"Manuals", "Quick Guide"}
-                                << QByteArray("/HALCON/doc/pdf/manuals/quick_guide.pdf");
-    QTest::newRow("PDF manual outside of submenus") << "HALCON"
-                                                    << "doc/pdf/quick_guide.pdf" << QStringList{"Quick Guide"}
-                                                    << QByteArray("/HALCON/doc/pdf/quick_guide.pdf");
-    QTest::newRow("HTML manual") << "HALCON"
-                                 << "doc/html/reference/acquisition/acq-overview.html"
-                                 << QStringList{"Acquistion Reference"}
-                                 << QByteArray("/HALCON/doc/html/reference/acquisition/acq-overview.html");
-    QTest::newRow("release notes") << "HALCON"
-                                   << "release_notes.html" << QStringList{"Release Notes", "Release Notes"}
-                                   << QByteArray("/HALCON/release_notes.html");
-    QTest::newRow("blanks") << "Program Files/HALCON 20.11"
-                            << "doc/pdf/my dir/my manual.pdf" << QStringList{"my dir", "my manual"}
-                            << QByteArray("/Program%20Files/HALCON%2020.11/doc/pdf/my%20dir/my%20manual.pdf");
-    QTest::newRow("number sign") << "H#1"
-                                 << "doc/pdf/a#b.pdf" << QStringList{"a#b"}
-                                 << QByteArray("/H%231/doc/pdf/a%23b.pdf");
-    QTest::newRow("percent signs") << "100%41"
-                                   << "doc/pdf/50%20 %PATH%.pdf" << QStringList{"50%20 %PATH%"}
-                                   << QByteArray("/100%2541/doc/pdf/50%2520%20%25PATH%25.pdf");
-    QTest::newRow("ampersand") << "A & B"
-                               << "doc/pdf/c & d.pdf" << QStringList{"c & d"}
-                               << QByteArray("/A%20&%20B/doc/pdf/c%20&%20d.pdf");
-    QTest::newRow("not ASCII") << "Gr\u00f6\u00dfe"
-                               << "release_notes_\u691c.html"
-                               << QStringList{"Release Notes", "Release Notes \u691c"}
-                               << QByteArray("/Gr%C3%B6%C3%9Fe/release_notes_%E6%A4%9C.html");
-}
-
-void HelpMenuTest::entryOpensItsFile()
-{
-    QFETCH(QString, installationName);
-    QFETCH(QString, file);
-    QFETCH(QStringList, entry);
-    QFETCH(QByteArray, encodedEnd);
-    const DocumentationTree tree(installationName);
-    tree.add({file});
-    const SingleHalconVersionFrame card(installation(tree.installDir()));
-    const Desktop desktop("file");
-    QAction *action = actionAt(*helpMenu(card), entry);
-    QVERIFY(action != nullptr);
-    QCOMPARE(action->data().toUrl(), QUrl::fromLocalFile(tree.path(file)));
-    action->trigger();
-    QCOMPARE(desktop.opened, QList<QUrl>{QUrl::fromLocalFile(tree.path(file))});
-    QVERIFY2(desktop.opened.first().toEncoded().endsWith(encodedEnd),
-             desktop.opened.first().toEncoded().constData());
-}
-
-void HelpMenuTest::everyEntryOpensItsOwnFile()
-{
-    const DocumentationTree tree;
-    tree.addEverything();
-    const SingleHalconVersionFrame card(installation(tree.installDir()));
-    const Desktop desktop("file");
-    for (QAction *entry : entriesOf(*helpMenu(card))) {
-        entry->trigger();
-    }
-    QStringList opened;
-    for (const QUrl &link : desktop.opened) {
-        opened.append(link.toLocalFile());
-    }
-    QStringList files;
-    for (const QString &file : DocumentationTree::pdfManuals() + DocumentationTree::htmlManuals() +
-                                   DocumentationTree::releaseNotes()) {
-        files.append(tree.path(file));
-    }
-    opened.sort();
-    files.sort();
-    QCOMPARE(opened, files);
-}
-
-void HelpMenuTest::clickOnAnEntry()
-{
-    const DocumentationTree tree;
-    tree.add({"doc/html/reference/io/io-overview.html", "doc/html/reference/codelets/index.html"});
-    SingleHalconVersionFrame card(installation(tree.installDir()));
-    card.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&card));
-    const Desktop desktop("file");
-    QMenu *menu = helpMenu(card);
-    onceOpen(menu, [menu] {
-        QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
-                          menu->actionGeometry(actionAt(*menu, {"Codelets Reference"})).center());
-    });
-    QTest::mouseClick(card.findChild<QPushButton *>("pbHelp"), Qt::LeftButton);
-    QCOMPARE(desktop.opened,
-             QList<QUrl>{QUrl::fromLocalFile(tree.path("doc/html/reference/codelets/index.html"))});
-    QVERIFY(!menu->isVisible());
-}
-
-void HelpMenuTest::keysToAnEntryOfASubmenu()
-{
-    const DocumentationTree tree;
-    tree.add({"release_notes.html", "doc/html/reference/io/io-overview.html"});
-    SingleHalconVersionFrame card(installation(tree.installDir()));
-    card.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&card));
-    const Desktop desktop("file");
-    QMenu *menu = helpMenu(card);
-    QMenu *releaseNotes = actionAt(*menu, {"Release Notes"})->menu();
-    onceOpen(menu, [menu] {
-        QTest::keyClick(menu, Qt::Key_Down);
-        QTest::keyClick(menu, Qt::Key_Right);
-    });
-    onceOpen(releaseNotes, [releaseNotes] { QTest::keyClick(releaseNotes, Qt::Key_Return); });
-    QTest::mouseClick(card.findChild<QPushButton *>("pbHelp"), Qt::LeftButton);
-    QCOMPARE(desktop.opened, QList<QUrl>{QUrl::fromLocalFile(tree.path("release_notes.html"))});
-}
-
-void HelpMenuTest::openWithoutAnEntry()
-{
-    const DocumentationTree tree;
-    tree.add({"release_notes.html"});
-    SingleHalconVersionFrame card(installation(tree.installDir()));
-    const Desktop desktop("file");
-    // An empty link has no scheme, so what would reach the desktop is not only looked for there.
-    const Desktop withoutScheme{QString()};
-    card.openHelpFromAction();
-    QCOMPARE(desktop.opened, QList<QUrl>());
-    QCOMPARE(withoutScheme.opened, QList<QUrl>());
-    actionAt(*helpMenu(card), {"Release Notes", "Release Notes"})->trigger();
-    QCOMPARE(desktop.opened.size(), 1);
-}
-
-/// The entry keeps the file's name, and the menu takes a single "&" in it as the mark of a mnemonic: the user sees
-/// "Black  White" with its second blank underlined, and "AB" with its "B" underlined.
+/// The entry keeps the file's name, and the menu takes a single "&" in it as the mark of a mnemonic: the
+/// user sees "Black  White" with its second blank underlined, and "AB" with its "B" underlined.
 void HelpMenuTest::ampersandInATitle()
 {
     const DocumentationTree tree;
@@ -487,25 +273,6 @@ void HelpMenuTest::ampersandInATitle()
     QCOMPARE(menuLines(*helpMenu(card)),
              (QStringList{"R&D >", "  Black & White", "Release Notes >", "  Release Notes A&B"}));
     QCOMPARE(actionAt(*helpMenu(card), {"R&D"})->menu()->title(), QString("R&D"));
-}
-
-void HelpMenuTest::cardsHaveTheirOwnMenus()
-{
-    const DocumentationTree older;
-    older.add({"doc/pdf/quick_guide.pdf"});
-    const DocumentationTree newer;
-    newer.add({"doc/pdf/programmers_guide.pdf"});
-    const SingleHalconVersionFrame newerCard(installation(newer.installDir()));
-    const Desktop desktop("file");
-    {
-        const SingleHalconVersionFrame olderCard(installation(older.installDir()));
-        QCOMPARE(menuLines(*helpMenu(olderCard)), (QStringList{"Quick Guide", "Release Notes >"}));
-        QCOMPARE(menuLines(*helpMenu(newerCard)), (QStringList{"Programmer's Guide", "Release Notes >"}));
-        actionAt(*helpMenu(olderCard), {"Quick Guide"})->trigger();
-    }
-    actionAt(*helpMenu(newerCard), {"Programmer's Guide"})->trigger();
-    QCOMPARE(desktop.opened, (QList<QUrl>{QUrl::fromLocalFile(older.path("doc/pdf/quick_guide.pdf")),
-                                          QUrl::fromLocalFile(newer.path("doc/pdf/programmers_guide.pdf"))}));
 }
 
 QTEST_MAIN(HelpMenuTest)

@@ -52,7 +52,7 @@ public:
     /// The setup key of a version, made if it is missing.
     QString setup(const QString &rootKey, const QString &version)
     {
-        const QString key = rootKey + '\\' + version + "\\Setup";
+        QString key = rootKey + '\\' + version + "\\Setup";
         Registry::createKey(key);
         setupKeys.append(key);
         return key;

@@ -8,6 +8,7 @@
 namespace {
 
 constexpr auto recordVariable = "ECHO_CHILD_RECORD";
+constexpr auto exitCodeVariable = "ECHO_CHILD_EXIT_CODE";
 constexpr int timeoutMilliseconds = 20000;
 
 EchoRecord parse(const QByteArray &data)
@@ -21,6 +22,7 @@ EchoRecord parse(const QByteArray &data)
     record.commandLine = parts.takeFirst();
     record.executable = parts.takeFirst();
     record.currentDirectory = parts.takeFirst();
+    record.showCommand = parts.takeFirst().toInt();
     record.environment = parts;
     return record;
 }
@@ -48,6 +50,17 @@ EchoChild::EchoChild()
 EchoChild::~EchoChild()
 {
     qunsetenv(recordVariable);
+    qunsetenv(exitCodeVariable);
+}
+
+void EchoChild::exitWith(quint32 exitCode)
+{
+    qputenv(exitCodeVariable, QByteArray::number(exitCode));
+}
+
+bool EchoChild::hasRecord() const
+{
+    return QFile::exists(recordPath());
 }
 
 void EchoChild::copyTo(const QString &path)

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QBoxLayout>
+#include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -20,6 +21,19 @@ QString policyText(const QSizePolicy &policy)
     const auto policies = QMetaEnum::fromType<QSizePolicy::Policy>();
     return QString::fromLatin1(policies.valueToKey(policy.horizontalPolicy())) + QLatin1Char('/') +
            QString::fromLatin1(policies.valueToKey(policy.verticalPolicy()));
+}
+
+/// Shape and shadow of a frame that is nothing else: those of other widgets are the affair of their classes.
+QString frameText(const QWidget &widget)
+{
+    if (widget.metaObject() != &QFrame::staticMetaObject) {
+        return QString();
+    }
+    const auto &frame = static_cast<const QFrame &>(widget);
+    const auto shapes = QMetaEnum::fromType<QFrame::Shape>();
+    const auto shadows = QMetaEnum::fromType<QFrame::Shadow>();
+    return QLatin1Char(' ') + QString::fromLatin1(shapes.valueToKey(frame.frameShape())) + QLatin1Char('/') +
+           QString::fromLatin1(shadows.valueToKey(frame.frameShadow()));
 }
 
 QString ownText(const QWidget &widget)
@@ -83,6 +97,7 @@ QString describe(const QWidget &widget)
     if (!ownText(widget).isEmpty()) {
         line += QStringLiteral(" \"%1\"").arg(ownText(widget));
     }
+    line += frameText(widget);
     if (widget.minimumSize() != fresh.minimumSize()) {
         line += QStringLiteral(" min ") + sizeText(widget.minimumSize());
     }

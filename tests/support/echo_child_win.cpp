@@ -1,8 +1,12 @@
 // A program to be started in place of a real tool. It writes what it was given into the file that the
 // environment variable ECHO_CHILD_RECORD names, and ends.
 //
-// The record is UTF-16LE text: the command line, the full path of the program, its current directory and then
-// each entry of its environment block, in the block's order; every one of them is ended by a 0.
+// The record is UTF-16LE text: the command line, the full path of the program, its current directory, the show
+// command it was started with (-1 for none) and then each entry of its environment block, in the block's order;
+// every one of them is ended by a 0.
+//
+// When ECHO_CHILD_EVENT names an event, the program first waits for that. ECHO_CHILD_EXIT_CODE is its exit code, as
+// a decimal number; without it, 0.
 
 #include <windows.h>
 
@@ -65,6 +69,24 @@ std::wstring currentDirectory()
     return path;
 }
 
+std::wstring showCommand()
+{
+    STARTUPINFOW info = {};
+    GetStartupInfoW(&info);
+    return (info.dwFlags & STARTF_USESHOWWINDOW) != 0 ? std::to_wstring(info.wShowWindow) : L"-1";
+}
+
+/// Waits until the event is set, or for so long that the one who set it up must be gone.
+void waitForEvent(const std::wstring &name)
+{
+    constexpr DWORD limitMilliseconds = 60000;
+    const std::unique_ptr<void, decltype(&CloseHandle)> event(OpenEventW(SYNCHRONIZE, FALSE, name.c_str()),
+                                                              &CloseHandle);
+    if (event != nullptr) {
+        WaitForSingleObject(event.get(), limitMilliseconds);
+    }
+}
+
 /// The entries of the environment block, each with its closing 0.
 std::wstring environmentEntries()
 {
@@ -81,14 +103,23 @@ std::wstring environmentEntries()
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int)
 {
+    constexpr int notRecorded = 1;
+    const std::wstring event = environmentVariable(L"ECHO_CHILD_EVENT");
+    if (!event.empty()) {
+        waitForEvent(event);
+    }
     const std::wstring record = environmentVariable(L"ECHO_CHILD_RECORD");
     // A reader that waits for the record must never see half of it.
     const std::wstring unfinished = record + L".unfinished";
     const wchar_t end = L'\0';
     if (!OutputFile(unfinished)
              .write(std::wstring(GetCommandLineW()) + end + executablePath() + end + currentDirectory() +
-                    end + environmentEntries())) {
-        return 1;
+                    end + showCommand() + end + environmentEntries())) {
+        return notRecorded;
     }
-    return MoveFileExW(unfinished.c_str(), record.c_str(), MOVEFILE_REPLACE_EXISTING) != 0 ? 0 : 1;
+    // By now the file is closed: it can be renamed.
+    if (MoveFileExW(unfinished.c_str(), record.c_str(), MOVEFILE_REPLACE_EXISTING) == 0) {
+        return notRecorded;
+    }
+    return static_cast<int>(std::wcstoul(environmentVariable(L"ECHO_CHILD_EXIT_CODE").c_str(), nullptr, 10));
 }

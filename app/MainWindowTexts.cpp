@@ -1,22 +1,17 @@
-#include "app/Footer.h"
+#include "app/MainWindowTexts.h"
 
+#include "app/HtmlLink.h"
 #include "app/MakerAddresses.h"
 
+#include <QCoreApplication>
 #include <QGuiApplication>
 
 namespace {
 
-QString link(const QString &target, const QString &text)
-{
-    return QStringLiteral("<a href=\"") + target +
-           QStringLiteral("\"><span style=\"text-decoration: underline; color:#0000ff;\">") + text +
-           QStringLiteral("</span></a>");
-}
-
-QString translate(const char *text)
-{
-    return QGuiApplication::translate("MainWindow", text);
-}
+/// Translates in the main window's context.
+struct Window {
+    Q_DECLARE_TR_FUNCTIONS(MainWindow)
+};
 
 } // namespace
 
@@ -25,10 +20,10 @@ QString footerTemplate()
     const QString feedback = QStringLiteral("mailto:") + MakerAddresses::feedbackAddress() +
                              QStringLiteral("?subject=Feedback %5");
     return QStringLiteral("<p style=\"font-size:8pt;\">") +
-           translate("%1 (%2) - Please find more information about our HALCON services at ") +
-           link(QStringLiteral("%3"), QStringLiteral("%3")) + translate(" or our products at ") +
-           link(QStringLiteral("%4"), QStringLiteral("%4")) + translate(". We are happy to receive ") +
-           link(feedback, translate("feedback")) + translate(" from you.") + QStringLiteral("</p>");
+           Window::tr("%1 (%2) - Please find more information about our HALCON services at ") +
+           htmlLink(QStringLiteral("%3"), QStringLiteral("%3")) + Window::tr(" or our products at ") +
+           htmlLink(QStringLiteral("%4"), QStringLiteral("%4")) + Window::tr(". We are happy to receive ") +
+           htmlLink(feedback, Window::tr("feedback")) + Window::tr(" from you.") + QStringLiteral("</p>");
 }
 
 QString filledFooter(const QString &html)
@@ -42,4 +37,12 @@ QString filledFooter(const QString &html)
         .arg(QStringLiteral("http://www.") + QGuiApplication::organizationDomain() + QLatin1Char('/'))
         .arg(MakerAddresses::shop())
         .arg(QString(product).replace(QLatin1Char(' '), encodedBlank) + encodedBlank + version);
+}
+
+QString noInstallationHtml()
+{
+    return Window::tr("Could not find any HALCON installation. Please install HALCON first.<br><br><hr>"
+                      "<small>If you think this is an error in this program, please contact us via<br>"
+                      "<a href=\"%1\">%1</a>.</small>")
+        .arg(MakerAddresses::contactPage());
 }

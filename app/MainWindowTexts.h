@@ -8,3 +8,6 @@ QString footerTemplate();
 /// @p html, a footer template, with the application's identity in place of %1 (maker and product), %2 (version),
 /// %3 (the maker's home page), %4 (its shop) and %5 (product and version, percent-encoded).
 QString filledFooter(const QString &html);
+
+/// What is shown instead of the main window when no HALCON is installed, as rich text.
+QString noInstallationHtml();

@@ -1,4 +1,4 @@
-#include "app/Footer.h"
+#include "app/MainWindowTexts.h"
 #include "app/ApplicationIdentity.h"
 #include "app/MakerAddresses.h"
 
@@ -6,7 +6,7 @@
 #include <QTextDocument>
 #include <QtTest>
 
-class FooterTest : public QObject {
+class MainWindowTextsTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -16,9 +16,10 @@ private slots:
     void templateText();
     void placesAreFilledInTurn();
     void browserHtmlServesAsTemplate();
+    void noInstallation();
 };
 
-void FooterTest::identity()
+void MainWindowTextsTest::identity()
 {
     QCOMPARE(QApplication::applicationName(), QString("Corvanta for HALCON"));
     QCOMPARE(QApplication::applicationDisplayName(), QString("Corvanta for HALCON"));
@@ -27,7 +28,7 @@ void FooterTest::identity()
     QCOMPARE(QApplication::organizationDomain(), MakerAddresses::webDomain());
 }
 
-void FooterTest::addresses()
+void MainWindowTextsTest::addresses()
 {
     const QString home = "http://www." + MakerAddresses::webDomain() + "/";
     QCOMPARE(MakerAddresses::homePage(), home);
@@ -39,7 +40,7 @@ void FooterTest::addresses()
     QVERIFY(MakerAddresses::feedbackAddress().contains("@"));
 }
 
-void FooterTest::templateText()
+void MainWindowTextsTest::templateText()
 {
     QTextDocument document;
     document.setHtml(footerTemplate());
@@ -51,7 +52,7 @@ void FooterTest::templateText()
     QCOMPARE(document.blockCount(), 1);
 }
 
-void FooterTest::placesAreFilledInTurn()
+void MainWindowTextsTest::placesAreFilledInTurn()
 {
     QCOMPARE(filledFooter("%1|%2|%3|%3|%4|%5"),
              "Quorvik Solutions Corvanta for HALCON|1.8|http://www." + MakerAddresses::webDomain() +
@@ -59,7 +60,7 @@ void FooterTest::placesAreFilledInTurn()
                  "|Corvanta%20for%20HALCON%201.8");
 }
 
-void FooterTest::browserHtmlServesAsTemplate()
+void MainWindowTextsTest::browserHtmlServesAsTemplate()
 {
     QTextDocument document;
     document.setHtml(footerTemplate());
@@ -90,6 +91,16 @@ void FooterTest::browserHtmlServesAsTemplate()
                     }));
 }
 
-QTEST_MAIN(FooterTest)
+void MainWindowTextsTest::noInstallation()
+{
+    const QString contact = "http://www." + MakerAddresses::webDomain() + "/contact/";
+    QCOMPARE(
+        noInstallationHtml(),
+        "Could not find any HALCON installation. Please install HALCON first.<br><br><hr><small>If you think "
+        "this is an error in this program, please contact us via<br><a href=\"" +
+            contact + "\">" + contact + "</a>.</small>");
+}
 
-#include "FooterTest.moc"
+QTEST_MAIN(MainWindowTextsTest)
+
+#include "MainWindowTextsTest.moc"

@@ -1,0 +1,9 @@
+#include "app/ProgramDirectory.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+QString besideProgram(const QString &fileName)
+{
+    return QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QLatin1Char('\\') + fileName;
+}

@@ -1,0 +1,65 @@
+#include "companions/helper/EnvironmentChange.h"
+
+#include <cstddef>
+
+namespace {
+
+// The registry's own numbers.
+constexpr std::uint32_t plainText = 1;      // REG_SZ
+constexpr std::uint32_t expandableText = 2; // REG_EXPAND_SZ
+
+void appendUnit(std::vector<unsigned char> &bytes, std::uint32_t unit)
+{
+    bytes.push_back(static_cast<unsigned char>(unit & 0xFF));
+    bytes.push_back(static_cast<unsigned char>(unit >> 8 & 0xFF));
+}
+
+/// The text in UTF-16 with a closing 0. Where a wchar_t is wider than that, one may stand for two units.
+std::vector<unsigned char> textBytes(const std::wstring &text)
+{
+    std::vector<unsigned char> bytes;
+    for (const wchar_t character : text) {
+        const auto code = std::uint32_t{std::char_traits<wchar_t>::to_int_type(character)};
+        if (code > 0xFFFF) {
+            appendUnit(bytes, 0xD800 + ((code - 0x10000) >> 10));
+            appendUnit(bytes, 0xDC00 + (code & 0x3FF));
+        } else {
+            appendUnit(bytes, code);
+        }
+    }
+    appendUnit(bytes, 0);
+    return bytes;
+}
+
+bool restore(EnvironmentStore &store, const std::wstring &name, const std::optional<StoredValue> &before)
+{
+    return before ? store.write(name, *before) : store.remove(name);
+}
+
+} // namespace
+
+EnvironmentResult changeEnvironment(EnvironmentStore &store,
+                                    const std::vector<EnvironmentAssignment> &assignments)
+{
+    std::vector<std::optional<StoredValue>> before(assignments.size());
+    for (std::size_t i = 0; i < assignments.size(); ++i) {
+        if (!store.read(assignments[i].name, before[i])) {
+            return EnvironmentResult::restored;
+        }
+    }
+    for (std::size_t i = 0; i < assignments.size(); ++i) {
+        const bool expandable = before[i] && before[i]->type == expandableText;
+        if (store.write(assignments[i].name,
+                        {expandable ? expandableText : plainText, textBytes(assignments[i].value)})) {
+            continue;
+        }
+        EnvironmentResult result = EnvironmentResult::restored;
+        while (i-- > 0) {
+            if (!restore(store, assignments[i].name, before[i])) {
+                result = EnvironmentResult::notRestored;
+            }
+        }
+        return result;
+    }
+    return EnvironmentResult::done;
+}

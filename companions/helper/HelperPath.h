@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+/// Whether @p text holds nothing but what a name on this system can hold: no control characters, and no halves of
+/// surrogate pairs.
+bool isCleanText(const std::wstring &text);
+
+/// Whether @p path names a file in one way only: a drive letter, a colon, and names after backslashes. There are no
+/// parts "." or "..", no slashes, no wildcards, no alternate streams, no devices, and no names that Windows would cut
+/// (those that end in a blank or a dot). Doubled backslashes are let through, because a directory is sometimes written
+/// with one at its end; a path must not end in one.
+bool isPlainFilePath(const std::wstring &path);
+
+/// A plain @p path with single backslashes.
+std::wstring withSingleBackslashes(const std::wstring &path);
+
+/// The last part of a plain path.
+std::wstring fileNameOf(const std::wstring &path);
+
+/// A plain path with single backslashes without its last part and the backslash before it.
+std::wstring directoryOf(const std::wstring &path);
+
+/// Whether two names are the same but for the case of the letters A to Z.
+bool sameName(const std::wstring &one, const std::wstring &other);

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "companions/helper/HelperExitCode.h"
+
+#include <chrono>
+#include <string>
+
+/// How long the registration of one library may take.
+constexpr std::chrono::seconds registrationTimeLimit{60};
+
+/// Does what @p commandLine, the program's own name in front, asks for, and tells the user of an error. Windows only.
+HelperExitCode runHelper(const std::wstring &commandLine,
+                         std::chrono::milliseconds timeLimit = registrationTimeLimit);

@@ -1,0 +1,51 @@
+#include "companions/helper/HelperRun.h"
+
+#include "companions/helper/HelperLine.h"
+#include "companions/helper/HelperOutput.h"
+#include "companions/helper/HelperTexts.h"
+#include "companions/helper/LicenseFile.h"
+#include "companions/helper/MachineSwitch.h"
+
+namespace {
+
+HelperExitCode fail(HelperExitCode code, const std::wstring &reason)
+{
+    const std::wstring text = textOf(code) + (reason.empty() ? L"" : L"\r\n" + reason);
+    printText(HelperChannel::error, L"qz_com_helper: " + text + L"\r\n");
+    if (isStartedVisibly()) {
+        showErrorBox(text);
+    }
+    return code;
+}
+
+HelperExitCode print(const std::wstring &text)
+{
+    return printText(HelperChannel::standard, text) ? HelperExitCode::done : HelperExitCode::internalError;
+}
+
+template <typename Result>
+HelperExitCode conclude(const Result &result)
+{
+    return result.code == HelperExitCode::done ? result.code : fail(result.code, result.reason);
+}
+
+} // namespace
+
+HelperExitCode runHelper(const std::wstring &commandLine, std::chrono::milliseconds timeLimit)
+{
+    const HelperReading reading = readHelperArguments(argumentsOf(commandLine));
+    if (!reading.request) {
+        return fail(HelperExitCode::refused, reading.refusal);
+    }
+    switch (reading.request->action) {
+    case HelperAction::showHelp:
+        return print(helpText());
+    case HelperAction::showVersion:
+        return print(versionText());
+    case HelperAction::copyLicense:
+        return conclude(replaceLicenseFile(reading.request->destination, reading.request->source));
+    case HelperAction::setMachine:
+        break;
+    }
+    return conclude(switchMachine(*reading.request, timeLimit));
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "companions/helper/HelperExitCode.h"
+
+#include <string>
+
+/// What --help prints, with Windows' line ends.
+std::wstring helpText();
+
+/// What --version prints, with Windows' line ends.
+std::wstring versionText();
+
+/// What the user is told of an exit code other than 0, a sentence; it does not say why.
+std::wstring textOf(HelperExitCode code);

@@ -1,0 +1,128 @@
+#include "launch/PermanentSwitch.h"
+
+#include "launch/ElevatedHelper.h"
+#include "launch/EnvironmentBroadcast.h"
+#include "launch/ProcessStart.h"
+
+#include <QFileInfo>
+#include <QObject>
+#include <QSettings>
+
+namespace {
+
+struct Variable {
+    QString name;
+    QString value;
+};
+
+QList<Variable> permanentVariables(const HalconInstallation &installation)
+{
+    // Unlike for a tool's own environment, a missing example root empties its variables.
+    const auto below = [&](const QString &directory) {
+        return installation.exampleRoot.isEmpty() ? QString() : installation.exampleRoot + directory;
+    };
+    return {
+        {QStringLiteral("HALCONROOT"), installation.installDir},
+        {QStringLiteral("HALCONARCH"), installation.arch},
+        {QStringLiteral("HALCONIMAGES"), below(QStringLiteral("\\examples\\images"))},
+        {QStringLiteral("HALCONEXAMPLES"), below(QStringLiteral("\\examples"))},
+    };
+}
+
+QString storedValue(const QString &key, const QString &name)
+{
+    return QSettings(key, QSettings::NativeFormat).value(name).toString();
+}
+
+/// What changes for @p variable, from the value that is in force for the user.
+QString changeLine(const Variable &variable)
+{
+    const QString user = storedValue(QStringLiteral(R"(HKEY_CURRENT_USER\Environment)"), variable.name);
+    const QString system = storedValue(
+        QStringLiteral(R"(HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Control\Session Manager\Environment)"),
+        variable.name);
+    const bool userCounts = !user.isEmpty() || system.isEmpty();
+    return QObject::tr("changing environment variable %1 (scope: %2) from\n %3 to\n %4 (scope: system)")
+        .arg(variable.name, userCounts ? QObject::tr("user") : QObject::tr("system"),
+             userCounts ? user : system, variable.value);
+}
+
+/// The arguments for those of the libraries that the installation has.
+QString libraryArguments(const HalconInstallation &installation, const QStringList &fileNames)
+{
+    QString arguments;
+    for (const QString &fileName : fileNames) {
+        const QString path = binaryDirectory(installation) + QLatin1Char('\\') + fileName;
+        if (QFileInfo::exists(path)) {
+            arguments += QStringLiteral(" \"") + path + QLatin1Char('"');
+        }
+    }
+    return arguments;
+}
+
+/// What is announced before anything is done: the same for a dry run and a real one.
+QStringList plannedLines(const HalconInstallation &installation, const QString &arguments)
+{
+    QStringList lines;
+    for (const Variable &variable : permanentVariables(installation)) {
+        lines.append(changeLine(variable));
+    }
+    lines.append(QObject::tr("executing helper process with elevated rights: %1 %2")
+                     .arg(helperExecutablePath(), arguments));
+    return lines;
+}
+
+} // namespace
+
+QString helperArguments(const HalconInstallation &installation, bool registerHalconCom,
+                        bool registerEngineCom)
+{
+    QString arguments;
+    for (const Variable &variable : permanentVariables(installation)) {
+        arguments += QStringLiteral("--env %1=\"%2\" ").arg(variable.name, variable.value);
+    }
+    if (registerHalconCom || registerEngineCom) {
+        arguments += installation.arch.contains(QLatin1String("86"), Qt::CaseInsensitive)
+                         ? QStringLiteral("--x86")
+                         : QStringLiteral("--x64");
+    }
+    if (registerHalconCom) {
+        arguments +=
+            libraryArguments(installation, {QStringLiteral("halconx.dll"), QStringLiteral("halconxxl.dll")});
+    }
+    if (registerEngineCom) {
+        arguments += libraryArguments(
+            installation, {QStringLiteral("hdevenginex.dll"), QStringLiteral("hdevenginexxl.dll")});
+    }
+    return arguments;
+}
+
+bool permanentSwitch(const HalconInstallation &installation, bool perform, bool registerHalconCom,
+                     bool registerEngineCom, QStringList *lines)
+{
+    const QString arguments = helperArguments(installation, registerHalconCom, registerEngineCom);
+    QStringList report = plannedLines(installation, arguments);
+    bool succeeded = true;
+
+    if (perform) {
+        const int result = runElevated(helperExecutablePath(), arguments, true, true);
+        if (result != 0) {
+            report.append(QObject::tr("helper process returned with value %1. This indicates an error in the "
+                                      "execution!")
+                              .arg(result));
+            succeeded = false;
+        }
+    }
+    report.append(QObject::tr("broadcast environment updated message (WM_SETTINGCHANGE)"));
+    // After a failed helper too: part of its work may be done.
+    if (perform && !broadcastEnvironmentChange()) {
+        const QString error = lastWindowsErrorText();
+        report.append(QObject::tr("Error in broadcasting environment updated message: %1").arg(error));
+        succeeded = false;
+    }
+
+    if (lines != nullptr) {
+        lines->append(report);
+    }
+    return succeeded;
+}

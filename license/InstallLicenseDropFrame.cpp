@@ -1,0 +1,42 @@
+#include "license/InstallLicenseDropFrame.h"
+
+#include <QDebug>
+#include <QDragEnterEvent>
+#include <QFile>
+#include <QMimeData>
+#include <QTextStream>
+#include <QUrl>
+
+InstallLicenseDropFrame::InstallLicenseDropFrame(QWidget *parent) : QLabel(parent)
+{
+    setAcceptDrops(true);
+}
+
+void InstallLicenseDropFrame::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (event->mimeData()->hasUrls()) {
+        event->acceptProposedAction();
+    } else {
+        event->ignore();
+    }
+}
+
+void InstallLicenseDropFrame::dropEvent(QDropEvent *event)
+{
+    qDebug() << "formats:" << event->mimeData()->formats();
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (urls.isEmpty()) {
+        return;
+    }
+    const QString path = urls.first().toLocalFile();
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        return;
+    }
+    const QString contents = QTextStream(&file).readAll();
+    file.close();
+    // Never a move, whatever was proposed: whoever the file is dragged from would delete it.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    emit file_dropped(path, contents);
+}

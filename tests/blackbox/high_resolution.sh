@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# On a screen set to 200 % the window's content is twice as large.
+#
+#   high_resolution.sh PROGRAM STAND_INS
+set -uo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/expectations"
+
+program=$1 stand_ins=$2
+
+# How many pixels the HDevelop XL icon on the screen is below the HDevelop icon, going by the colour of both.
+distance_of_icons() {
+  pixels_of '#E0218A' | awk '
+    !n++ { first = $2 }
+    n > 1 && $2 > last + 1 { print $2 - first; exit }
+    { last = $2 }'
+}
+
+echo "product 13.0 'C:\\Program Files\\MVTec\\HALCON-13.0' x64" >"$TEST_DIRECTORY/table"
+"$tools/demo-machine/make" "$WINEPREFIX" "$stand_ins" "$TEST_DIRECTORY/table" || give_up "no demo machine"
+
+start_program "$program"
+distance=$(distance_of_icons)
+[ -n "$distance" ] || give_up "there are no two buttons with the stand-in's icon"
+end_program
+
+wineserver -w
+wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d 192 /f >/dev/null
+wineserver -w
+start_program "$program"
+expect "distance of the icons at 200 %" "$(distance_of_icons)" $((2 * distance))
+end_program
+conclude

@@ -1,0 +1,81 @@
+#!/usr/bin/env bash
+# The permanent switch through the real helper: agreed to, it sets the machine's variables to the card's version;
+# cancelled, it changes nothing; and a helper that fails is reported.
+#
+#   permanent_switch.sh PROGRAM HELPER STAND_INS
+set -uo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/expectations"
+
+program=$1 helper=$2 stand_ins=$3
+program_dir="$WINEPREFIX/drive_c/Program Files/Corvanta for HALCON"
+
+# start_with TABLE-LINE: makes the machine have this one installation and starts the program on it.
+start_with() {
+  wine reg delete 'HKLM\Software\MVTec' /f >/dev/null 2>&1
+  printf 'this_program\n%s\n' "$1" >"$TEST_DIRECTORY/table"
+  wineserver -w
+  "$tools/demo-machine/make" "$WINEPREFIX" "$stand_ins" "$TEST_DIRECTORY/table" || give_up "no demo machine"
+  cp "$program" "$helper" "$program_dir/"
+  start_program "$program_dir/corvanta.exe"
+}
+
+# The machine's variables, as the registry has them.
+machine_variables() {
+  wine reg query 'HKLM\SYSTEM\CurrentControlSet\Control\Session Manager\Environment' 2>/dev/null |
+    tr -d '\r' | sed -nE 's/^ *(HALCON[A-Z]+) +REG_SZ *(.*)$/\1=\2/p' | sort
+}
+
+# The button with the pin, by the blue of its monitor; other buttons have that too, left and right of it.
+click_permanent() {
+  local button
+  button=$(find_colour '#2A72B5' 1050 1340)
+  [ -n "$button" ] || give_up "there is no Permanent button"
+  # shellcheck disable=SC2086
+  click $button
+}
+
+# answer TITLE KEY: waits for a box, presses a key in it, and waits until it is gone.
+answer() {
+  wait_for_window "$1" || give_up "the box '$1' did not show"
+  wait_until_still
+  xdotool key "$2"
+  wait_until_gone "$1"
+}
+
+expect "variables before" "$(machine_variables)" ''
+
+start_with "product 12.0 'C:\\Program Files\\MVTec\\HALCON-12.0' x64 examples='C:\\Examples 12.0'"
+click_permanent
+answer 'Perform permanent changes?' Return
+answer 'Switched' Return
+of_12='HALCONARCH=x64-win64
+HALCONEXAMPLES=C:\Examples 12.0\examples
+HALCONIMAGES=C:\Examples 12.0\examples\images
+HALCONROOT=C:\Program Files\MVTec\HALCON-12.0'
+expect "variables after a switch" "$(machine_variables)" "$of_12"
+end_program
+
+start_with "product 13.0 'C:\\Program Files\\MVTec\\HALCON-13.0 (a & b)' x64 examples='C:\\Examples 13.0'"
+click_permanent
+answer 'Perform permanent changes?' Escape
+answer 'Cancelled' Return
+expect "variables after cancelling" "$(machine_variables)" "$of_12"
+
+# A program that ends with exit code 1 in the helper's place.
+cp "$program_dir/vswhere.exe" "$program_dir/qz_com_helper.exe"
+rm "$program_dir/vswhere-report.txt"
+click_permanent
+answer 'Perform permanent changes?' Return
+answer 'Errors' Return
+expect "variables after a failure" "$(machine_variables)" "$of_12"
+
+cp "$helper" "$program_dir/"
+click_permanent
+answer 'Perform permanent changes?' Return
+answer 'Switched' Return
+expect "variables after another switch" "$(machine_variables)" 'HALCONARCH=x64-win64
+HALCONEXAMPLES=C:\Examples 13.0\examples
+HALCONIMAGES=C:\Examples 13.0\examples\images
+HALCONROOT=C:\Program Files\MVTec\HALCON-13.0 (a & b)'
+end_program
+conclude

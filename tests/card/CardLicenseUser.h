@@ -1,0 +1,81 @@
+#pragma once
+
+#include "card/SingleHalconVersionFrame.h"
+#include "license/InstallLicenseDialog.h"
+#include "license/InstallLicenseDropFrame.h"
+#include "tests/card/BoxLines.h"
+#include "tests/license/DialogUser.h"
+#include "tests/license/Drops.h"
+#include "tests/license/LicenseFiles.h"
+
+#include <QDialogButtonBox>
+#include <QPushButton>
+
+Q_DECLARE_METATYPE(QMessageBox::StandardButton)
+
+/// The HALCON version in "H H" of @p files, which has a place for licences only if the test makes one.
+inline HalconInstallation licensedInstallation(const LicenseFiles &files)
+{
+    HalconInstallation result(20, 11, 1, 0);
+    result.arch = "x64-win64";
+    result.installDir = files.native("H H");
+    return result;
+}
+
+/// What is done in the dialog before its button OK is pressed.
+using LicenseChoice = std::function<void(InstallLicenseDialog &)>;
+
+/// Chooses a file by its path.
+inline LicenseChoice choose(const QString &file)
+{
+    return [file](InstallLicenseDialog &dialog) { dialog.set_path(file); };
+}
+
+/// Drops a file, which then vanishes unless it @p stays.
+inline LicenseChoice dropLicense(const QString &file, bool stays)
+{
+    return [file, stays](InstallLicenseDialog &dialog) {
+        dropFiles(*dialog.findChild<InstallLicenseDropFrame *>("labelDrop"), {QUrl::fromLocalFile(file)});
+        if (!stays) {
+            QFile::remove(file);
+        }
+    };
+}
+
+inline void pressInDialog(const InstallLicenseDialog &dialog, QDialogButtonBox::StandardButton button)
+{
+    QTest::mouseClick(dialog.findChild<QDialogButtonBox *>("buttonBox")->button(button), Qt::LeftButton);
+}
+
+/// Clicks on the card's licence button, makes the choice in the dialog and presses OK. False when no dialog opened.
+inline bool installThroughCard(const SingleHalconVersionFrame &card, const LicenseChoice &choice)
+{
+    const DialogUser<InstallLicenseDialog> user([&](InstallLicenseDialog &dialog) {
+        choice(dialog);
+        pressInDialog(dialog, QDialogButtonBox::Ok);
+    });
+    QTest::mouseClick(card.findChild<QPushButton *>("pbInstallLicense"), Qt::LeftButton);
+    return user.wasUsed();
+}
+
+/// What boxLines() says of the question whether to overwrite @p target.
+inline QStringList overwriteLines(const QString &target)
+{
+    return {"title: Overwrite?",
+            "text: The file\n  \"" + target + "\"\nalready exists. Do you want to overwrite it?",
+            "icon: warning",
+            "buttons: 0x400400", // OK and Cancel
+            "default: OK",
+            "parent: the card"};
+}
+
+/// What boxLines() says when the licence is installed.
+inline QStringList installedLines(const QString &target)
+{
+    return {"title: Install license",
+            "text: Installation of license file as\n  \"" + target + "\"\nsuccessfully completed!",
+            "icon: information",
+            "buttons: OK",
+            "default: OK",
+            "parent: the card"};
+}

@@ -1,0 +1,216 @@
+#include "card/SingleHalconVersionFrame.h"
+#include "launch/ElevatedHelper.h"
+#include "tests/card/CardSwitchLines.h"
+#include "tests/launch/ElevatedHelperProgram.h"
+#include "tests/launch/ElevatedHelperShellBox.h"
+#include "tests/launch/EnvironmentBroadcastWindow.h"
+#include "tests/launch/PermanentSwitchMachine.h"
+#include "tests/support/Registry.h"
+
+#include <QPushButton>
+#include <QtTest>
+
+namespace {
+
+/// HALCON with all four COM libraries, and what a switch to it says and does.
+class InstalledHalcon {
+public:
+    InstalledHalcon()
+    {
+        for (const char *name : {"halconx.dll", "halconxxl.dll", "hdevenginex.dll", "hdevenginexxl.dll"}) {
+            EchoChild::copyTo(directory.filePath("bin/x86sse2-win32/") + name);
+        }
+        installation.setSuffix("Progress");
+        installation.arch = "x86sse2-win32";
+        installation.installDir = QDir::toNativeSeparators(directory.path());
+        installation.setExampleRoot("D:\\Examples");
+    }
+
+    /// @p libraries by their names, in the order in which they are registered.
+    QString arguments(const QStringList &libraries) const
+    {
+        QString result =
+            "--env HALCONROOT=\"" + installation.installDir +
+            R"(" --env HALCONARCH="x86sse2-win32" --env HALCONIMAGES="D:\Examples\examples\images" )"
+            R"(--env HALCONEXAMPLES="D:\Examples\examples" )";
+        if (!libraries.isEmpty()) {
+            result += "--x86";
+        }
+        for (const QString &library : libraries) {
+            result += " \"" + installation.installDir + "\\bin\\x86sse2-win32\\" + library + '"';
+        }
+        return result;
+    }
+
+    /// What is said before anything is done, with the variables as initTestCase() leaves them.
+    QStringList plannedLines(const QStringList &libraries) const
+    {
+        return {
+            changeLine("HALCONROOT", "user", "D:\\Old", installation.installDir),
+            changeLine("HALCONARCH", "system", "x64-win64", "x86sse2-win32"),
+            changeLine("HALCONIMAGES", "user", "", "D:\\Examples\\examples\\images"),
+            changeLine("HALCONEXAMPLES", "user", "", "D:\\Examples\\examples"),
+            "executing helper process with elevated rights: " + helperExecutablePath() + " " +
+                arguments(libraries),
+        };
+    }
+    QStringList questionLines(const QStringList &libraries) const
+    {
+        return switchQuestionLines("If you continue, the following changes will be performed.\n\n" +
+                                   (plannedLines(libraries) + QStringList{broadcastLine}).join("\n- "));
+    }
+
+    HalconInstallation installation{20, 11, 1, 0};
+
+private:
+    QTemporaryDir directory;
+};
+
+void clickSwitch(const SingleHalconVersionFrame &card)
+{
+    QTest::mouseClick(card.findChild<QPushButton *>("pbPerm"), Qt::LeftButton);
+}
+
+const QStringList halconCom{"halconx.dll", "halconxxl.dll"};
+const QStringList engineCom{"hdevenginex.dll", "hdevenginexxl.dll"};
+const QString switchedText = "Switched to HALCON 20.11.1 Progress (x86sse2-win32)";
+const QString failedText = "There were errors when switching to HALCON 20.11.1 Progress (x86sse2-win32):\n";
+
+} // namespace
+
+/// The card's switch with a real child in the helper's place and the real registry. This test program therefore has a
+/// directory of its own.
+class CardSwitchRunTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase() { clearVariables(); }
+    void confirmed_data();
+    void confirmed();
+    void notConfirmed_data();
+    void notConfirmed();
+    void helperFails();
+    void helperIsMissing();
+};
+
+void CardSwitchRunTest::initTestCase()
+{
+    clearVariables();
+    Registry::setString(userKey, "HALCONROOT", "D:\\Old");
+    Registry::setString(systemKey, "HALCONROOT", "C:\\Older");
+    Registry::setString(systemKey, "HALCONARCH", "x64-win64");
+}
+
+void CardSwitchRunTest::confirmed_data()
+{
+    QTest::addColumn<QStringList>("clicked");
+    QTest::addColumn<QStringList>("libraries"); // to register; both boxes are ticked at first
+
+    QTest::newRow("as they are at first") << QStringList() << halconCom + engineCom;
+    QTest::newRow("without HALCON COM") << QStringList{"cbRegCom"} << engineCom;
+    QTest::newRow("without engine COM") << QStringList{"cbRegComEngine"} << halconCom;
+    QTest::newRow("neither") << QStringList{"cbRegComEngine", "cbRegCom"} << QStringList();
+    QTest::newRow("by the label") << QStringList{"lRegComEngine"} << halconCom;
+    QTest::newRow("off and on again") << QStringList{"lRegCom", "cbRegCom"} << halconCom + engineCom;
+}
+
+void CardSwitchRunTest::confirmed()
+{
+    QFETCH(QStringList, clicked);
+    QFETCH(QStringList, libraries);
+    const InstalledHalcon halcon;
+    const ElevatedHelperProgram helper;
+    const EchoChild child;
+    EnvironmentBroadcastWindow window;
+    SingleHalconVersionFrame card(halcon.installation);
+    card.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&card));
+    for (const QString &name : clicked) {
+        auto *widget = card.findChild<QWidget *>(name);
+        QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, QPoint(8, widget->height() / 2));
+    }
+    const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
+
+    clickSwitch(card);
+
+    QCOMPARE(boxLines(boxes.shown(), card),
+             halcon.questionLines(libraries) + informationLines("Switched", switchedText));
+    EchoRecord found;
+    QVERIFY(child.waitForRecord(found));
+    QCOMPARE(found.commandLine, '"' + helperExecutablePath() + "\" " + halcon.arguments(libraries));
+    QCOMPARE(window.closeAndTakeLines(), QStringList{"wParam 0, text Environment, after the helper"});
+}
+
+void CardSwitchRunTest::notConfirmed_data()
+{
+    QTest::addColumn<QMessageBox::StandardButton>("answer");
+
+    QTest::newRow("Cancel") << QMessageBox::Cancel;
+    QTest::newRow("Escape") << QMessageBox::NoButton;
+}
+
+void CardSwitchRunTest::notConfirmed()
+{
+    QFETCH(QMessageBox::StandardButton, answer);
+    const InstalledHalcon halcon;
+    const ElevatedHelperProgram helper;
+    const EchoChild child;
+    EnvironmentBroadcastWindow window;
+    const QStringList before = environmentLines();
+    SingleHalconVersionFrame card(halcon.installation);
+    card.show();
+    const MessageBoxes boxes({answer, QMessageBox::Ok});
+
+    clickSwitch(card);
+
+    QCOMPARE(boxLines(boxes.shown(), card), halcon.questionLines(halconCom + engineCom) +
+                                                informationLines("Cancelled", "No changes were performed."));
+    QVERIFY(!child.hasRecord());
+    QCOMPARE(window.closeAndTakeLines(), QStringList());
+    QCOMPARE(environmentLines(), before);
+}
+
+void CardSwitchRunTest::helperFails()
+{
+    const InstalledHalcon halcon;
+    const ElevatedHelperProgram helper;
+    const EchoChild child;
+    EchoChild::exitWith(3);
+    SingleHalconVersionFrame card(halcon.installation);
+    card.show();
+    const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
+
+    clickSwitch(card);
+
+    const QStringList planned = halcon.plannedLines(halconCom + engineCom);
+    const QString failure = "helper process returned with value 3. This indicates an error in the execution!";
+    const QStringList lines =
+        planned + QStringList{broadcastLine} + planned + QStringList{failure, broadcastLine};
+    QCOMPARE(boxLines(boxes.shown(), card), halcon.questionLines(halconCom + engineCom) +
+                                                warningLines("Errors", failedText + lines.join('\n')));
+}
+
+void CardSwitchRunTest::helperIsMissing()
+{
+    ElevatedHelperProgram::remove();
+    const InstalledHalcon halcon;
+    SingleHalconVersionFrame card(halcon.installation);
+    card.show();
+    const ElevatedHelperShellBox shellBox;
+    const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
+
+    clickSwitch(card);
+
+    const QStringList planned = halcon.plannedLines(halconCom + engineCom);
+    const QString failure =
+        "helper process returned with value -1. This indicates an error in the execution!";
+    const QStringList lines =
+        planned + QStringList{broadcastLine} + planned + QStringList{failure, broadcastLine};
+    QCOMPARE(boxLines(boxes.shown(), card), halcon.questionLines(halconCom + engineCom) +
+                                                warningLines("Errors", failedText + lines.join('\n')));
+}
+
+QTEST_MAIN(CardSwitchRunTest)
+
+#include "CardSwitchRunTest.moc"

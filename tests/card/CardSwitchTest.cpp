@@ -1,0 +1,229 @@
+#include "card/SingleHalconVersionFrame.h"
+#include "launch/ElevatedHelper.h"
+#include "tests/card/CardSwitchLines.h"
+#include "tests/fakes/ElevatedHelperFake.h"
+#include "tests/fakes/ProcessStartFake.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QtTest>
+
+namespace {
+
+HalconInstallation installation(const QString &arch = "x64-win64")
+{
+    HalconInstallation result(20, 11, 1, 0);
+    result.setSuffix("Progress");
+    result.arch = arch;
+    result.installDir = "C:\\H";
+    return result;
+}
+
+const QString variableArguments =
+    R"(--env HALCONROOT="C:\H" --env HALCONARCH="x64-win64" --env HALCONIMAGES="" --env HALCONEXAMPLES="" )";
+
+/// Both check boxes are ticked at first. As there is no library to register, the option for the architecture alone
+/// tells that something was asked for.
+const QString arguments = variableArguments + "--x64";
+
+/// The lines of a dry run, where no variable is set yet.
+QStringList dryRunLines(const QString &helperArguments)
+{
+    return {
+        "changing environment variable HALCONROOT (scope: user) from\n  to\n C:\\H (scope: system)",
+        "changing environment variable HALCONARCH (scope: user) from\n  to\n x64-win64 (scope: system)",
+        "changing environment variable HALCONIMAGES (scope: user) from\n  to\n  (scope: system)",
+        "changing environment variable HALCONEXAMPLES (scope: user) from\n  to\n  (scope: system)",
+        "executing helper process with elevated rights: " + helperExecutablePath() + " " + helperArguments,
+        "broadcast environment updated message (WM_SETTINGCHANGE)",
+    };
+}
+
+QStringList questionLines(const QString &helperArguments)
+{
+    return switchQuestionLines(
+        "If you continue, the following changes will be performed.\n\n"
+        "changing environment variable HALCONROOT (scope: user) from\n  to\n C:\\H (scope: system)\n"
+        "- changing environment variable HALCONARCH (scope: user) from\n  to\n x64-win64 (scope: system)\n"
+        "- changing environment variable HALCONIMAGES (scope: user) from\n  to\n  (scope: system)\n"
+        "- changing environment variable HALCONEXAMPLES (scope: user) from\n  to\n  (scope: system)\n"
+        "- executing helper process with elevated rights: " +
+        helperExecutablePath() + " " + helperArguments +
+        "\n- broadcast environment updated message (WM_SETTINGCHANGE)");
+}
+
+void clickSwitch(const SingleHalconVersionFrame &card)
+{
+    QTest::mouseClick(card.findChild<QPushButton *>("pbPerm"), Qt::LeftButton);
+}
+
+} // namespace
+
+class CardSwitchTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void confirmed();
+    void notConfirmed_data();
+    void notConfirmed();
+    void checkBoxes_data();
+    void checkBoxes();
+    void failure_data();
+    void failure();
+    void failedSwitchCanBeTriedAgain();
+};
+
+void CardSwitchTest::init()
+{
+    ElevatedHelperFake::reset();
+    ProcessStartFake::reset();
+}
+
+void CardSwitchTest::confirmed()
+{
+    SingleHalconVersionFrame card(installation());
+    card.show();
+    const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
+
+    clickSwitch(card);
+
+    QCOMPARE(boxLines(boxes.shown(), card),
+             questionLines(arguments) +
+                 informationLines("Switched", "Switched to HALCON 20.11.1 Progress (x64-win64)"));
+    QCOMPARE(ElevatedHelperFake::starts().size(), 1);
+    const ElevatedHelperFake::Start &start = ElevatedHelperFake::starts().constFirst();
+    QCOMPARE(start.executable, helperExecutablePath());
+    QCOMPARE(start.arguments, arguments);
+    QVERIFY(start.show);
+    QVERIFY(start.wait);
+    QCOMPARE(ElevatedHelperFake::broadcasts(), 1);
+    QCOMPARE(ProcessStartFake::starts().size(), 0);
+}
+
+void CardSwitchTest::notConfirmed_data()
+{
+    QTest::addColumn<QMessageBox::StandardButton>("answer");
+
+    QTest::newRow("Cancel") << QMessageBox::Cancel;
+    QTest::newRow("Escape") << QMessageBox::NoButton;
+}
+
+void CardSwitchTest::notConfirmed()
+{
+    QFETCH(QMessageBox::StandardButton, answer);
+    SingleHalconVersionFrame card(installation());
+    card.show();
+    const MessageBoxes boxes({answer, QMessageBox::Ok});
+
+    clickSwitch(card);
+
+    QCOMPARE(boxLines(boxes.shown(), card),
+             questionLines(arguments) + informationLines("Cancelled", "No changes were performed."));
+    QCOMPARE(ElevatedHelperFake::starts().size(), 0);
+    QCOMPARE(ElevatedHelperFake::broadcasts(), 0);
+}
+
+void CardSwitchTest::checkBoxes_data()
+{
+    QTest::addColumn<QStringList>("clicked");
+    QTest::addColumn<QString>("asked"); // behind the variables
+
+    QTest::newRow("as they are at first") << QStringList() << "--x64";
+    QTest::newRow("without HALCON COM") << QStringList{"cbRegCom"} << "--x64";
+    QTest::newRow("without engine COM") << QStringList{"cbRegComEngine"} << "--x64";
+    QTest::newRow("neither") << QStringList{"cbRegCom", "cbRegComEngine"} << "";
+    QTest::newRow("neither, by the labels") << QStringList{"lRegCom", "lRegComEngine"} << "";
+    QTest::newRow("neither, by the shields") << QStringList{"pbUac", "pbUaCEngine"} << "";
+    QTest::newRow("neither, then HALCON COM")
+        << QStringList{"cbRegCom", "cbRegComEngine", "lRegCom"} << "--x64";
+    QTest::newRow("neither, then engine COM")
+        << QStringList{"lRegCom", "lRegComEngine", "cbRegComEngine"} << "--x64";
+}
+
+void CardSwitchTest::checkBoxes()
+{
+    QFETCH(QStringList, clicked);
+    QFETCH(QString, asked);
+    SingleHalconVersionFrame card(installation());
+    card.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&card));
+    for (const QString &name : clicked) {
+        auto *widget = card.findChild<QWidget *>(name);
+        QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, QPoint(8, widget->height() / 2));
+    }
+    const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
+
+    clickSwitch(card);
+
+    QCOMPARE(boxLines(boxes.shown(), card),
+             questionLines(variableArguments + asked) +
+                 informationLines("Switched", "Switched to HALCON 20.11.1 Progress (x64-win64)"));
+    QCOMPARE(ElevatedHelperFake::starts().size(), 1);
+    QCOMPARE(ElevatedHelperFake::starts().constFirst().arguments, variableArguments + asked);
+}
+
+void CardSwitchTest::failure_data()
+{
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<bool>("broadcastSucceeds");
+    QTest::addColumn<QStringList>("said"); // in the second run, after what was planned
+
+    const QString broadcast = "broadcast environment updated message (WM_SETTINGCHANGE)";
+    const QString failed = "helper process returned with value %1. This indicates an error in the execution!";
+    const QString broadcastFailed = "Error in broadcasting environment updated message: the window is gone";
+    QTest::newRow("helper") << 3 << true << QStringList{failed.arg(3), broadcast};
+    QTest::newRow("helper not started") << -1 << true << QStringList{failed.arg(-1), broadcast};
+    QTest::newRow("broadcast") << 0 << false << QStringList{broadcast, broadcastFailed};
+    QTest::newRow("both") << 1 << false << QStringList{failed.arg(1), broadcast, broadcastFailed};
+}
+
+void CardSwitchTest::failure()
+{
+    QFETCH(int, exitCode);
+    QFETCH(bool, broadcastSucceeds);
+    QFETCH(QStringList, said);
+    ElevatedHelperFake::setOutcome(exitCode, broadcastSucceeds);
+    ProcessStartFake::failWith("the window is gone");
+    SingleHalconVersionFrame card(installation());
+    card.show();
+    const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
+
+    clickSwitch(card);
+
+    // Both runs wrote into one list.
+    const QStringList lines = dryRunLines(arguments) + dryRunLines(arguments).mid(0, 5) + said;
+    QCOMPARE(boxLines(boxes.shown(), card),
+             questionLines(arguments) +
+                 warningLines("Errors",
+                              "There were errors when switching to HALCON 20.11.1 Progress (x64-win64):\n" +
+                                  lines.join('\n')));
+    QCOMPARE(ElevatedHelperFake::starts().size(), 1);
+}
+
+void CardSwitchTest::failedSwitchCanBeTriedAgain()
+{
+    SingleHalconVersionFrame card(installation());
+    card.show();
+    ElevatedHelperFake::setOutcome(3, true);
+    {
+        const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
+        clickSwitch(card);
+        QCOMPARE(boxes.shown().size(), 2);
+        QCOMPARE(boxes.shown().last().title, QString("Errors"));
+    }
+    ElevatedHelperFake::setOutcome(0, true);
+    const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
+
+    clickSwitch(card);
+
+    // Nothing of the first attempt is left.
+    QCOMPARE(boxLines(boxes.shown(), card),
+             questionLines(arguments) +
+                 informationLines("Switched", "Switched to HALCON 20.11.1 Progress (x64-win64)"));
+}
+
+QTEST_MAIN(CardSwitchTest)
+
+#include "CardSwitchTest.moc"

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "discovery/HalconInstallation.h"
+#include "tests/support/EchoChild.h"
+
+#include <QStringList>
+
+/// What a child has of an installation: the four variables and the first directory of its search path.
+inline QStringList halconVariables(const EchoRecord &found)
+{
+    return {found.variable("HALCONROOT"), found.variable("HALCONARCH"), found.variable("HALCONEXAMPLES"),
+            found.variable("HALCONIMAGES"), found.variable("PATH").section(';', 0, 0)};
+}
+
+/// What a child started for @p installation has to have.
+inline QStringList halconVariables(const HalconInstallation &installation)
+{
+    return {installation.installDir, installation.arch, installation.exampleRoot + "\\examples",
+            installation.exampleRoot + "\\examples\\images",
+            installation.installDir + "\\bin\\" + installation.arch};
+}

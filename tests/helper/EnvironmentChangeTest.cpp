@@ -1,0 +1,229 @@
+#include "companions/helper/EnvironmentChange.h"
+
+#include "tests/helper/WideText.h"
+
+#include <QtTest>
+
+#include <map>
+#include <set>
+
+namespace {
+
+constexpr quint32 regSz = 1;
+constexpr quint32 regExpandSz = 2;
+constexpr quint32 regBinary = 3;
+constexpr quint32 regDword = 4;
+constexpr quint32 regMultiSz = 7;
+
+/// The UTF-16 bytes of @p text with a closing 0.
+QByteArray stored(const QString &text)
+{
+    return QByteArray(reinterpret_cast<const char *>(text.utf16()), (text.size() + 1) * 2);
+}
+
+/// A store in memory that can be made to fail.
+class FakeStore : public EnvironmentStore {
+public:
+    using Values = std::map<std::wstring, std::pair<quint32, QByteArray>>;
+
+    Values values;
+    std::set<std::wstring> unreadable;
+    std::set<int> failingChanges; ///< the numbers, from 1, of the writes and removals that fail
+    QStringList calls;
+
+    bool read(const std::wstring &name, std::optional<StoredValue> &value) override
+    {
+        calls.append("read " + fromWide(name));
+        const auto found = values.find(name);
+        value.reset();
+        if (found != values.end()) {
+            const QByteArray &bytes = found->second.second;
+            value = StoredValue{found->second.first, {bytes.begin(), bytes.end()}};
+        }
+        return unreadable.count(name) == 0;
+    }
+
+    bool write(const std::wstring &name, const StoredValue &value) override
+    {
+        calls.append("write " + fromWide(name));
+        if (failingChanges.count(++changes) != 0) {
+            return false;
+        }
+        values[name] = {value.type, QByteArray(reinterpret_cast<const char *>(value.bytes.data()),
+                                               static_cast<int>(value.bytes.size()))};
+        return true;
+    }
+
+    bool remove(const std::wstring &name) override
+    {
+        calls.append("remove " + fromWide(name));
+        return failingChanges.count(++changes) == 0 && values.erase(name) == 1;
+    }
+
+private:
+    int changes = 0;
+};
+
+const std::vector<EnvironmentAssignment> assignments{{L"HALCONROOT", L"C:\\New\\"},
+                                                     {L"HALCONARCH", L"x64-win64"},
+                                                     {L"HALCONIMAGES", L""},
+                                                     {L"HALCONEXAMPLES", L"%ProgramData%\\Größe 寸法"}};
+
+/// One value of each kind, and one name, HALCONIMAGES, without any.
+FakeStore::Values mixedValues()
+{
+    return {{L"HALCONROOT", {regExpandSz, stored("%ProgramFiles%\\Old")}},
+            {L"HALCONARCH", {regDword, QByteArray("\1\2\3\4", 4)}},
+            {L"HALCONEXAMPLES", {regSz, stored("C:\\Old")}},
+            {L"Path", {regExpandSz, stored("C:\\Windows")}}};
+}
+
+/// What the assignments make of the mixed values.
+FakeStore::Values changedValues()
+{
+    return {{L"HALCONROOT", {regExpandSz, stored("C:\\New\\")}},
+            {L"HALCONARCH", {regSz, stored("x64-win64")}},
+            {L"HALCONIMAGES", {regSz, stored("")}},
+            {L"HALCONEXAMPLES", {regSz, stored("%ProgramData%\\Größe 寸法")}},
+            {L"Path", {regExpandSz, stored("C:\\Windows")}}};
+}
+
+} // namespace
+
+class EnvironmentChangeTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void setsAll();
+    void types_data();
+    void types();
+    void readsAllBeforeItWrites();
+    void nothingIsWrittenWhenAValueCannotBeRead();
+    void putsBack_data();
+    void putsBack();
+    void cannotPutBack_data();
+    void cannotPutBack();
+};
+
+void EnvironmentChangeTest::setsAll()
+{
+    FakeStore store;
+    store.values = mixedValues();
+
+    QCOMPARE(changeEnvironment(store, assignments), EnvironmentResult::done);
+
+    QVERIFY(store.values == changedValues());
+}
+
+void EnvironmentChangeTest::types_data()
+{
+    QTest::addColumn<quint32>("before");
+    QTest::addColumn<quint32>("after");
+
+    QTest::newRow("text") << regSz << regSz;
+    QTest::newRow("text to expand") << regExpandSz << regExpandSz;
+    QTest::newRow("none") << quint32(0) << regSz;
+    QTest::newRow("binary") << regBinary << regSz;
+    QTest::newRow("number") << regDword << regSz;
+    QTest::newRow("list of texts") << regMultiSz << regSz;
+    QTest::newRow("unknown") << quint32(77) << regSz;
+}
+
+void EnvironmentChangeTest::types()
+{
+    QFETCH(quint32, before);
+    FakeStore store;
+    store.values[L"HALCONROOT"] = {before, stored("old")};
+
+    QCOMPARE(changeEnvironment(store, {{L"HALCONROOT", L"new"}}), EnvironmentResult::done);
+
+    QTEST(store.values[L"HALCONROOT"].first, "after");
+    QCOMPARE(store.values[L"HALCONROOT"].second, stored("new"));
+}
+
+void EnvironmentChangeTest::readsAllBeforeItWrites()
+{
+    FakeStore store;
+
+    changeEnvironment(store, assignments);
+
+    QCOMPARE(store.calls, (QStringList{"read HALCONROOT", "read HALCONARCH", "read HALCONIMAGES",
+                                       "read HALCONEXAMPLES", "write HALCONROOT", "write HALCONARCH",
+                                       "write HALCONIMAGES", "write HALCONEXAMPLES"}));
+}
+
+void EnvironmentChangeTest::nothingIsWrittenWhenAValueCannotBeRead()
+{
+    for (const EnvironmentAssignment &assignment : assignments) {
+        FakeStore store;
+        store.values = mixedValues();
+        store.unreadable = {assignment.name};
+
+        QCOMPARE(changeEnvironment(store, assignments), EnvironmentResult::restored);
+
+        QVERIFY(store.values == mixedValues());
+        QVERIFY(store.calls.filter("write").isEmpty());
+        QVERIFY(store.calls.filter("remove").isEmpty());
+    }
+}
+
+void EnvironmentChangeTest::putsBack_data()
+{
+    QTest::addColumn<int>("failing");
+    QTest::addColumn<QStringList>("calls");
+
+    QTest::newRow("first fails") << 1 << QStringList{"write HALCONROOT"};
+    QTest::newRow("second fails") << 2
+                                  << QStringList{"write HALCONROOT", "write HALCONARCH", "write HALCONROOT"};
+    QTest::newRow("third fails") << 3
+                                 << QStringList{"write HALCONROOT", "write HALCONARCH", "write HALCONIMAGES",
+                                                "write HALCONARCH", "write HALCONROOT"};
+    QTest::newRow("fourth fails") << 4 << QStringList{"write HALCONROOT",    "write HALCONARCH",
+                                                      "write HALCONIMAGES",  "write HALCONEXAMPLES",
+                                                      "remove HALCONIMAGES", "write HALCONARCH",
+                                                      "write HALCONROOT"};
+}
+
+/// Value, type and absence, the last change first.
+void EnvironmentChangeTest::putsBack()
+{
+    QFETCH(int, failing);
+    FakeStore store;
+    store.values = mixedValues();
+    store.failingChanges = {failing};
+
+    QCOMPARE(changeEnvironment(store, assignments), EnvironmentResult::restored);
+
+    QVERIFY(store.values == mixedValues());
+    QTEST(QStringList(store.calls.mid(4)), "calls");
+}
+
+void EnvironmentChangeTest::cannotPutBack_data()
+{
+    QTest::addColumn<int>("failing");
+    QTest::addColumn<QString>("changed");
+
+    QTest::newRow("absence") << 5 << "HALCONIMAGES";
+    QTest::newRow("number") << 6 << "HALCONARCH";
+    QTest::newRow("text") << 7 << "HALCONROOT";
+}
+
+/// The others are put back all the same.
+void EnvironmentChangeTest::cannotPutBack()
+{
+    QFETCH(int, failing);
+    QFETCH(QString, changed);
+    FakeStore store;
+    store.values = mixedValues();
+    store.failingChanges = {4, failing};
+
+    QCOMPARE(changeEnvironment(store, assignments), EnvironmentResult::notRestored);
+
+    FakeStore::Values expected = mixedValues();
+    expected[toWide(changed)] = changedValues()[toWide(changed)];
+    QVERIFY(store.values == expected);
+}
+
+QTEST_APPLESS_MAIN(EnvironmentChangeTest)
+
+#include "EnvironmentChangeTest.moc"

@@ -1,0 +1,267 @@
+#include "companions/helper/RegistryEnvironment.h"
+
+#include "tests/helper/HelperMachine.h"
+#include "tests/support/Registry.h"
+
+#include <QtTest>
+
+#include <windows.h>
+
+#include <aclapi.h>
+
+#include <memory>
+
+using HelperMachine::environmentKey;
+using HelperMachine::expandableText;
+using HelperMachine::plainText;
+using HelperMachine::run;
+using HelperMachine::subkeys;
+using HelperMachine::values;
+
+namespace {
+
+using Values = QMap<QString, QByteArray>;
+
+const QString names[] = {"HALCONROOT", "HALCONARCH", "HALCONIMAGES", "HALCONEXAMPLES"};
+
+/// The line for these four values, as the program writes it.
+QString line(const QStringList &values)
+{
+    QString result;
+    for (int i = 0; i < 4; ++i) {
+        result += "--env " + names[i] + "=\"" + values[i] + "\" ";
+    }
+    return result;
+}
+
+void removeVariables()
+{
+    for (const QString &name : names) {
+        RegDeleteKeyValueW(HKEY_LOCAL_MACHINE,
+                           L"SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment",
+                           reinterpret_cast<const wchar_t *>(name.utf16()));
+    }
+}
+
+/// The real store, of which one write fails without an effect.
+class FailingEnvironment : public EnvironmentStore {
+public:
+    explicit FailingEnvironment(int failing) : failing(failing) {}
+
+    bool read(const std::wstring &name, std::optional<StoredValue> &value) override
+    {
+        return registry.read(name, value);
+    }
+    bool write(const std::wstring &name, const StoredValue &value) override
+    {
+        return ++writes != failing && registry.write(name, value);
+    }
+    bool remove(const std::wstring &name) override { return registry.remove(name); }
+
+private:
+    RegistryEnvironment registry;
+    int failing;
+    int writes = 0;
+};
+
+/// Lets nobody change the machine's variables while it lives.
+class LockedEnvironment {
+public:
+    LockedEnvironment()
+    {
+        EXPLICIT_ACCESSW readers = {};
+        readers.grfAccessPermissions = KEY_READ;
+        readers.grfAccessMode = SET_ACCESS;
+        readers.Trustee.TrusteeForm = TRUSTEE_IS_NAME;
+        readers.Trustee.ptstrName = name;
+        PACL list = nullptr;
+        const bool set = SetEntriesInAclW(1, &readers, nullptr, &list) == ERROR_SUCCESS &&
+                         SetNamedSecurityInfoW(key, SE_REGISTRY_KEY, DACL_SECURITY_INFORMATION, nullptr,
+                                               nullptr, list, nullptr) == ERROR_SUCCESS;
+        LocalFree(list);
+        if (!set) {
+            qFatal("the key could not be locked: %lu", GetLastError());
+        }
+    }
+    LockedEnvironment(const LockedEnvironment &) = delete;
+    LockedEnvironment &operator=(const LockedEnvironment &) = delete;
+    /// No list at all lets everybody do everything.
+    ~LockedEnvironment()
+    {
+        SetNamedSecurityInfoW(key, SE_REGISTRY_KEY, DACL_SECURITY_INFORMATION, nullptr, nullptr, nullptr,
+                              nullptr);
+    }
+
+private:
+    wchar_t key[200] = L"MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment";
+    wchar_t name[20] = L"Everyone";
+};
+
+} // namespace
+
+class HelperEnvironmentTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void setsAll_data();
+    void setsAll();
+    void setsSome();
+    void setsAgain();
+    void keepsTextTypes();
+    void replacesOtherTypes();
+    void putsBack();
+    void keyLocked();
+    void keyMissing();
+};
+
+void HelperEnvironmentTest::init()
+{
+    removeVariables();
+    QVERIFY(values(environmentKey).contains("ComSpec"));
+}
+
+void HelperEnvironmentTest::setsAll_data()
+{
+    QTest::addColumn<QStringList>("four");
+
+    QTest::newRow("ordinary") << QStringList{"C:\\Program Files\\MVTec\\HALCON-20.11", "x64-win64",
+                                             "C:\\Users\\Public\\MVTec\\examples\\images",
+                                             "C:\\Users\\Public\\MVTec\\examples"};
+    QTest::newRow("no example root") << QStringList{"C:\\H", "x64-win64", "", ""};
+    QTest::newRow("all empty") << QStringList{"", "", "", ""};
+    QTest::newRow("backslashes at the end") << QStringList{"C:\\H\\", "x64-win64\\\\", "\\", "C:\\"};
+    QTest::newRow("signs") << QStringList{"C:\\R&D 100% (a=b)^", "%TEMP%", "--x64", "a|b<c>d --env X=y"};
+    QTest::newRow("not ASCII") << QStringList{"C:\\Größe", "寸法", "Размер", "😀"};
+    QTest::newRow("long") << QStringList{QString(4096, 'x'), "x64-win64", QString(4096, 'y'),
+                                         QString(4096, 'z')};
+}
+
+/// Nothing else under the key changes.
+void HelperEnvironmentTest::setsAll()
+{
+    QFETCH(QStringList, four);
+    Values expected = values(environmentKey);
+    for (int i = 0; i < 4; ++i) {
+        QVERIFY(!expected.contains(names[i]));
+        expected[names[i]] = plainText(four[i]);
+    }
+
+    const HelperResult result = run(line(four));
+
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(result.errors, QByteArray());
+    QCOMPARE(result.output, QByteArray());
+    QCOMPARE(values(environmentKey), expected);
+}
+
+void HelperEnvironmentTest::setsSome()
+{
+    Registry::setString(environmentKey, "HALCONARCH", "before");
+    Values expected = values(environmentKey);
+    expected["HALCONROOT"] = plainText("C:\\H");
+    expected["HALCONEXAMPLES"] = plainText("");
+
+    QCOMPARE(run("--env HALCONEXAMPLES=\"\" --env HALCONROOT=\"C:\\H\" ").exitCode, 0);
+
+    QCOMPARE(values(environmentKey), expected);
+}
+
+void HelperEnvironmentTest::setsAgain()
+{
+    Values expected = values(environmentKey);
+    for (const QString &name : names) {
+        expected[name] = plainText("second");
+    }
+
+    QCOMPARE(run(line({"a first value", "first", "first", "first"})).exitCode, 0);
+    QCOMPARE(run(line({"second", "second", "second", "second"}) + "--x64").exitCode, 0);
+
+    QCOMPARE(values(environmentKey), expected);
+}
+
+void HelperEnvironmentTest::keepsTextTypes()
+{
+    Registry::setExpandString(environmentKey, "HALCONROOT", "%ProgramFiles%\\Old");
+    Registry::setExpandString(environmentKey, "HALCONIMAGES", "%ProgramFiles%\\Old\\images");
+    Registry::setString(environmentKey, "HALCONARCH", "old");
+    Registry::setString(environmentKey, "HALCONEXAMPLES", "old");
+    Values expected = values(environmentKey);
+    expected["HALCONROOT"] = expandableText("C:\\H");
+    expected["HALCONARCH"] = plainText("x64-win64");
+    expected["HALCONIMAGES"] = expandableText("");
+    expected["HALCONEXAMPLES"] = plainText("");
+
+    QCOMPARE(run(line({"C:\\H", "x64-win64", "", ""})).exitCode, 0);
+
+    QCOMPARE(values(environmentKey), expected);
+}
+
+void HelperEnvironmentTest::replacesOtherTypes()
+{
+    Registry::setDword(environmentKey, "HALCONROOT", 7);
+    Registry::setBinary(environmentKey, "HALCONARCH", QByteArray(5000, 'x'));
+    Registry::setStrings(environmentKey, "HALCONIMAGES", {"a", "b"});
+    Registry::setQword(environmentKey, "HALCONEXAMPLES", 7);
+    Values expected = values(environmentKey);
+    const QStringList four{"C:\\H", "x64-win64", "C:\\E\\images", "C:\\E"};
+    for (int i = 0; i < 4; ++i) {
+        expected[names[i]] = plainText(four[i]);
+    }
+
+    QCOMPARE(run(line(four)).exitCode, 0);
+
+    QCOMPARE(values(environmentKey), expected);
+}
+
+/// In the real registry: value, type and absence.
+void HelperEnvironmentTest::putsBack()
+{
+    Registry::setExpandString(environmentKey, "HALCONROOT", "%ProgramFiles%\\Old");
+    Registry::setBinary(environmentKey, "HALCONARCH", QByteArray(5000, 'x'));
+    const Values before = values(environmentKey);
+    FailingEnvironment store(4);
+
+    const EnvironmentResult result = changeEnvironment(store, {{L"HALCONROOT", L"C:\\H"},
+                                                               {L"HALCONARCH", L"x64-win64"},
+                                                               {L"HALCONIMAGES", L""},
+                                                               {L"HALCONEXAMPLES", L""}});
+
+    QCOMPARE(result, EnvironmentResult::restored);
+    QCOMPARE(values(environmentKey), before);
+}
+
+void HelperEnvironmentTest::keyLocked()
+{
+    Registry::setString(environmentKey, "HALCONROOT", "before");
+    const Values before = values(environmentKey);
+    HelperResult result;
+    {
+        const LockedEnvironment locked;
+        result = run(line({"C:\\H", "x64-win64", "", ""}));
+    }
+
+    QCOMPARE(result.exitCode, 3);
+    QCOMPARE(
+        result.errors,
+        QByteArray("qz_com_helper: A system variable could not be set. All of them are as they were.\r\n"));
+    QCOMPARE(values(environmentKey), before);
+}
+
+/// It is not made: without it something is wrong with the machine.
+void HelperEnvironmentTest::keyMissing()
+{
+    Registry::removeTree(environmentKey);
+    RegDeleteKeyW(HKEY_LOCAL_MACHINE, L"SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment");
+    const QString parent = environmentKey.section('\\', 0, -2);
+    QVERIFY(!subkeys(parent).contains("Environment"));
+
+    QCOMPARE(run(line({"C:\\H", "x64-win64", "", ""})).exitCode, 3);
+
+    QVERIFY(!subkeys(parent).contains("Environment"));
+    Registry::setString(environmentKey, "ComSpec", "C:\\windows\\system32\\cmd.exe");
+}
+
+QTEST_GUILESS_MAIN(HelperEnvironmentTest)
+
+#include "HelperEnvironmentTest_win.moc"

@@ -1,0 +1,280 @@
+#include "tests/companions/TestConsole.h"
+#include "tests/helper/HelperMachine.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QtTest>
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <thread>
+
+using HelperMachine::environmentKey;
+using HelperMachine::plainText;
+using HelperMachine::run;
+using HelperMachine::values;
+using HelperMachine::Window;
+
+namespace {
+
+const QString helpText =
+    "Usage: qz_com_helper --env NAME=\"VALUE\" [--env NAME=\"VALUE\"]... [--x86|--x64 [\"LIBRARY\"]...]\r\n"
+    "       qz_com_helper --copy=\"DESTINATION\" \"SOURCE\"\r\n"
+    "       qz_com_helper --help\r\n"
+    "       qz_com_helper --version\r\n"
+    "\r\n"
+    "Does for Corvanta for HALCON what needs an administrator's rights.\r\n"
+    "\r\n"
+    "  --env NAME=\"VALUE\"  sets a variable for the whole machine: HALCONROOT, HALCONARCH,\r\n"
+    "                      HALCONIMAGES or HALCONEXAMPLES\r\n"
+    "  --x86, --x64        registers the LIBRARYs that follow, with the 32-bit or the 64-bit\r\n"
+    "                      regsvr32: halconx.dll, halconxxl.dll, hdevenginex.dll,\r\n"
+    "                      hdevenginexxl.dll\r\n"
+    "  --copy=\"DESTINATION\" \"SOURCE\"\r\n"
+    "                      copies a licence file into a directory named license\r\n"
+    "\r\n"
+    "Values and paths stand in quotes and reach to the next quote; paths are absolute. Everything\r\n"
+    "is checked before anything is changed.\r\n"
+    "\r\n"
+    "Exit codes:\r\n"
+    "  0  done\r\n"
+    "  1  an internal error; nothing was changed\r\n"
+    "  2  refused; nothing was changed\r\n"
+    "  3  a variable could not be set; all are as they were\r\n"
+    "  4  a variable could not be set, and not all are as they were\r\n"
+    "  5  the variables are set, but not every library is registered\r\n"
+    "  6  the file could not be copied; the old one is as it was\r\n";
+
+const QString versionText = "qz_com_helper 1.8 (Corvanta for HALCON)\r\n";
+
+/// The program's file.
+QByteArray image()
+{
+    QFile file(HELPER_EXECUTABLE);
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+struct Box {
+    QString title;
+    QString text;
+};
+
+/// The texts in a box, one after the other.
+QString textsIn(HWND box)
+{
+    QString texts;
+    HWND text = nullptr;
+    while ((text = FindWindowExW(box, text, L"Static", nullptr)) != nullptr) {
+        wchar_t buffer[1000] = {};
+        GetWindowTextW(text, buffer, 1000);
+        texts += QString::fromWCharArray(buffer);
+    }
+    return texts;
+}
+
+/// Answers the helper's next box with its button, and tells what it said. Without one in 20 s the box is empty.
+Box answerBox()
+{
+    Box box;
+    for (int i = 0; i < 200; ++i) {
+        const HWND window = FindWindowW(L"#32770", L"Corvanta for HALCON");
+        if (window != nullptr && IsWindowVisible(window) != 0) {
+            box.title = "Corvanta for HALCON";
+            box.text = textsIn(window);
+            SendMessageW(window, WM_COMMAND, IDOK, 0);
+            return box;
+        }
+        Sleep(100);
+    }
+    return box;
+}
+
+/// The exit code of the helper when the shell starts it.
+DWORD runByShell(const wchar_t *arguments)
+{
+    const QString program = QString(HELPER_EXECUTABLE).replace('/', '\\');
+    SHELLEXECUTEINFOW info = {};
+    info.cbSize = sizeof(info);
+    info.fMask = SEE_MASK_NOCLOSEPROCESS;
+    info.lpVerb = L"open";
+    info.lpFile = reinterpret_cast<const wchar_t *>(program.utf16());
+    info.lpParameters = arguments;
+    info.nShow = SW_HIDE;
+    DWORD code = 999;
+    if (ShellExecuteExW(&info) != 0) {
+        WaitForSingleObject(info.hProcess, 30000);
+        GetExitCodeProcess(info.hProcess, &code);
+        CloseHandle(info.hProcess);
+    }
+    return code;
+}
+
+} // namespace
+
+class HelperProgramTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void importsOnlyTheSystem();
+    void isSmallAndHasNoConsole();
+    void asksForAnAdministrator();
+    void namesItself();
+    void printsIntoAPipe();
+    void printsIntoAFile();
+    void printsOnAConsole();
+    void startedByTheShell();
+    void boxOnAnErrorWhenVisible();
+    void noBoxWhenHidden();
+    void noBoxWithoutAnError();
+};
+
+/// What the program cannot start without is looked for before its first instruction.
+void HelperProgramTest::importsOnlyTheSystem()
+{
+    const QByteArray bytes = image();
+    QVERIFY(bytes.size() > 1000);
+    const auto number = [&bytes](qint64 offset) {
+        return *reinterpret_cast<const quint32 *>(bytes.data() + offset);
+    };
+    const auto *const headers = reinterpret_cast<const IMAGE_NT_HEADERS64 *>(bytes.data() + number(0x3C));
+    const auto *const sections = reinterpret_cast<const IMAGE_SECTION_HEADER *>(
+        reinterpret_cast<const char *>(&headers->OptionalHeader) + headers->FileHeader.SizeOfOptionalHeader);
+    const auto offsetOf = [&](quint32 address) -> quint32 {
+        for (int i = 0; i < headers->FileHeader.NumberOfSections; ++i) {
+            const quint32 inside = address - sections[i].VirtualAddress;
+            if (address >= sections[i].VirtualAddress && inside < sections[i].SizeOfRawData) {
+                return sections[i].PointerToRawData + inside;
+            }
+        }
+        return 0;
+    };
+    const auto *const directories = headers->OptionalHeader.DataDirectory;
+
+    QStringList imported;
+    qint64 entry = offsetOf(directories[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress);
+    QVERIFY(entry != 0);
+    for (; number(entry + 12) != 0; entry += sizeof(IMAGE_IMPORT_DESCRIPTOR)) {
+        imported.append(QString(bytes.data() + offsetOf(number(entry + 12))).toLower());
+    }
+    imported.sort();
+
+    QCOMPARE(imported, (QStringList{"advapi32.dll", "kernel32.dll", "msvcrt.dll", "user32.dll"}));
+    QCOMPARE(directories[IMAGE_DIRECTORY_ENTRY_DELAY_IMPORT].Size, DWORD(0));
+}
+
+void HelperProgramTest::isSmallAndHasNoConsole()
+{
+    QVERIFY(QFileInfo(HELPER_EXECUTABLE).size() < 1000000);
+    SHFILEINFOW unused = {};
+    const QString program = QString(HELPER_EXECUTABLE).replace('/', '\\');
+    const DWORD_PTR type = SHGetFileInfoW(reinterpret_cast<const wchar_t *>(program.utf16()), 0, &unused,
+                                          sizeof(unused), SHGFI_EXETYPE);
+    // A version of Windows in the upper half is a program with windows.
+    QVERIFY(HIWORD(type) != 0);
+    QCOMPARE(LOWORD(type), WORD(0x4550));
+}
+
+void HelperProgramTest::asksForAnAdministrator()
+{
+    QVERIFY(image().contains("<requestedExecutionLevel level=\"requireAdministrator\" uiAccess=\"false\"/>"));
+}
+
+void HelperProgramTest::namesItself()
+{
+    const QByteArray bytes = image();
+    for (const QString text : {"Changes for the whole machine", "qz_com_helper.exe", "Quorvik Solutions"}) {
+        QVERIFY(bytes.contains(QByteArray(reinterpret_cast<const char *>(text.utf16()), text.size() * 2)));
+    }
+}
+
+void HelperProgramTest::printsIntoAPipe()
+{
+    const HelperResult help = run("--help");
+    QCOMPARE(QString::fromUtf8(help.output), helpText);
+    QCOMPARE(help.errors, QByteArray());
+    QCOMPARE(help.exitCode, 0);
+
+    const HelperResult version = run("--version");
+    QCOMPARE(QString::fromUtf8(version.output), versionText);
+    QCOMPARE(version.errors, QByteArray());
+    QCOMPARE(version.exitCode, 0);
+}
+
+void HelperProgramTest::printsIntoAFile()
+{
+    QProcess process;
+    process.setProgram(HELPER_EXECUTABLE);
+    process.setNativeArguments("--version");
+    process.setStandardOutputFile("C:\\version.txt");
+    process.start();
+    QVERIFY(process.waitForFinished());
+
+    QFile file("C:\\version.txt");
+    QVERIFY(file.open(QFile::ReadOnly));
+    QCOMPARE(QString::fromUtf8(file.readAll()), versionText);
+}
+
+void HelperProgramTest::printsOnAConsole()
+{
+    const TestConsole console;
+    const auto start = [](const QString &arguments) {
+        QProcess process;
+        process.setProgram(HELPER_EXECUTABLE);
+        process.setNativeArguments(arguments);
+        process.setProcessChannelMode(QProcess::ForwardedChannels);
+        process.start();
+        return process.waitForFinished() ? process.exitCode() : -1;
+    };
+
+    QCOMPARE(start("--version"), 0);
+    QCOMPARE(start("--help"), 0);
+    QCOMPARE(start("--größe"), 2);
+
+    QCOMPARE(console.lines().join("\r\n"),
+             versionText + helpText +
+                 "qz_com_helper: The request was refused. Nothing was changed.\r\n"
+                 "The arguments are not of a known form.\r\n");
+}
+
+void HelperProgramTest::startedByTheShell()
+{
+    QCOMPARE(runByShell(L"--env HALCONROOT=\"C:\\By the shell\\\" --env HALCONARCH=\"x64-win64\" "
+                        L"--env HALCONIMAGES=\"\" --env HALCONEXAMPLES=\"\" "),
+             DWORD(0));
+    QCOMPARE(values(environmentKey)["HALCONROOT"], plainText("C:\\By the shell\\"));
+    QCOMPARE(values(environmentKey)["HALCONEXAMPLES"], plainText(""));
+    QCOMPARE(runByShell(L"--env PATH=\"C:\\H\" "), DWORD(2));
+}
+
+void HelperProgramTest::boxOnAnErrorWhenVisible()
+{
+    Box box;
+    std::thread user([&box] { box = answerBox(); });
+    const HelperResult result = run("--env PATH=\"C:\\H\" ", Window::visible);
+    user.join();
+
+    QCOMPARE(result.exitCode, 2);
+    QCOMPARE(box.title, QString("Corvanta for HALCON"));
+    QCOMPARE(box.text,
+             QString("The request was refused. Nothing was changed.\r\nA variable is none of HALCON's."));
+}
+
+/// A box would wait for its answer.
+void HelperProgramTest::noBoxWhenHidden()
+{
+    QCOMPARE(run("--env PATH=\"C:\\H\" ", Window::hidden).exitCode, 2);
+    QCOMPARE(run("--env PATH=\"C:\\H\" ", Window::unsaid).exitCode, 2);
+}
+
+void HelperProgramTest::noBoxWithoutAnError()
+{
+    QCOMPARE(run("--env HALCONROOT=\"C:\\H\" ", Window::visible).exitCode, 0);
+    QCOMPARE(run("--help", Window::visible).exitCode, 0);
+}
+
+QTEST_GUILESS_MAIN(HelperProgramTest)
+
+#include "HelperProgramTest_win.moc"

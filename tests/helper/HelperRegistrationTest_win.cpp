@@ -1,0 +1,313 @@
+#include "companions/helper/LibraryRegistration.h"
+#include "companions/helper/MachineSwitch.h"
+
+#include "tests/helper/HelperMachine.h"
+#include "tests/helper/WideText.h"
+#include "tests/support/Registry.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QtTest>
+
+#include <windows.h>
+
+#include <thread>
+
+using HelperMachine::copyFile;
+using HelperMachine::defaultText;
+using HelperMachine::environmentKey;
+using HelperMachine::makeFile;
+using HelperMachine::makeSymbolicLink;
+using HelperMachine::plainText;
+using HelperMachine::removeSymbolicLink;
+using HelperMachine::run;
+using HelperMachine::values;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString top = "C:\\Registration test";
+const QString binaries = top + "\\R&D 100% (Größe)\\bin\\x64-win64";
+const QString classes = "HKEY_LOCAL_MACHINE\\Software\\Classes\\";
+const QString variables = "--env HALCONROOT=\"C:\\H\\\" --env HALCONARCH=\"x64-win64\" --env "
+                          "HALCONIMAGES=\"\" --env HALCONEXAMPLES=\"\" ";
+
+QString path(const QString &name)
+{
+    return binaries + '\\' + name;
+}
+
+QString line(const QString &architecture, const QStringList &libraries)
+{
+    QString result = variables + architecture;
+    for (const QString &library : libraries) {
+        result += " \"" + library + '"';
+    }
+    return result;
+}
+
+/// Where the library of this name says that it is registered.
+QString registeredPath(const QString &name)
+{
+    return defaultText(classes + "DemoMachine." + name + "\\InprocServer32");
+}
+
+bool hangs()
+{
+    const HANDLE mutex = OpenMutexW(SYNCHRONIZE, FALSE, L"CorvantaHangingLibrary");
+    if (mutex != nullptr) {
+        CloseHandle(mutex);
+    }
+    return mutex != nullptr;
+}
+
+HelperRequest request(const QStringList &libraries)
+{
+    HelperRequest result;
+    result.action = HelperAction::setMachine;
+    result.environment = {{L"HALCONROOT", L"C:\\H"}};
+    result.architecture = LibraryArchitecture::x64;
+    for (const QString &library : libraries) {
+        result.libraries.push_back(toWide(library));
+    }
+    return result;
+}
+
+} // namespace
+
+class HelperRegistrationTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void programs();
+    void registersAll();
+    void registersSome();
+    void doubledBackslash();
+    void variablesAreSetFirst();
+    void oneFails();
+    void noLibraryAtAll();
+    void noneToRegister();
+
+    void refuses_data();
+    void refuses();
+    void refusesLinks();
+    void refuses32BitWithoutItsSystem();
+
+    void timeLimit();
+    void goesOnBehindTheTimeLimit();
+    void cannotBeStarted();
+};
+
+void HelperRegistrationTest::init()
+{
+    QDir(top).removeRecursively();
+    for (const QString name : {"halconx", "halconxxl", "hdevenginex", "hdevenginexxl"}) {
+        Registry::removeTree(classes + "DemoMachine." + name);
+        copyFile(COM_LIBRARY, path(name + ".dll"));
+    }
+    Registry::setString(environmentKey, "HALCONROOT", "before");
+}
+
+void HelperRegistrationTest::programs()
+{
+    QCOMPARE(fromWide(registrationProgram(LibraryArchitecture::x64)),
+             QString("C:\\windows\\system32\\regsvr32.exe"));
+    QCOMPARE(fromWide(registrationProgram(LibraryArchitecture::x86)),
+             QString("C:\\windows\\syswow64\\regsvr32.exe"));
+}
+
+void HelperRegistrationTest::registersAll()
+{
+    const QStringList names{"halconx", "halconxxl", "hdevenginex", "hdevenginexxl"};
+    QStringList libraries;
+    for (const QString &name : names) {
+        libraries.append(path(name + ".dll"));
+    }
+
+    const HelperResult result = run(line("--x64", libraries));
+
+    QCOMPARE(result.errors, QByteArray());
+    QCOMPARE(result.exitCode, 0);
+    for (int i = 0; i < 4; ++i) {
+        QCOMPARE(registeredPath(names[i]), libraries[i]);
+    }
+}
+
+void HelperRegistrationTest::registersSome()
+{
+    QCOMPARE(run(line("--x64", {path("hdevenginexxl.dll"), path("HALCONX.DLL")})).exitCode, 0);
+
+    QCOMPARE(registeredPath("halconx").toLower(), path("halconx.dll").toLower());
+    QCOMPARE(registeredPath("hdevenginexxl"), path("hdevenginexxl.dll"));
+    QVERIFY(registeredPath("halconxxl").isNull());
+    QVERIFY(registeredPath("hdevenginex").isNull());
+}
+
+/// As the program writes it for a directory that is known with a backslash at its end.
+void HelperRegistrationTest::doubledBackslash()
+{
+    QString written = path("halconx.dll");
+    written.replace("\\bin", "\\\\bin");
+
+    QCOMPARE(run(line("--x64", {written})).exitCode, 0);
+
+    QCOMPARE(registeredPath("halconx"), path("halconx.dll"));
+}
+
+void HelperRegistrationTest::variablesAreSetFirst()
+{
+    QCOMPARE(run(line("--x64", {path("halconx.dll")})).exitCode, 0);
+
+    QCOMPARE(values(environmentKey)["HALCONROOT"], plainText("C:\\H\\"));
+    QCOMPARE(values(environmentKey)["HALCONARCH"], plainText("x64-win64"));
+}
+
+/// The others are registered, and the variables stay set.
+void HelperRegistrationTest::oneFails()
+{
+    QVERIFY(QFile::remove(path("halconxxl.dll")));
+    copyFile(FAILING_LIBRARY, path("halconxxl.dll"));
+
+    const HelperResult result =
+        run(line("--x64", {path("halconx.dll"), path("halconxxl.dll"), path("hdevenginex.dll")}));
+
+    QCOMPARE(QString::fromUtf8(result.errors),
+             "qz_com_helper: The system variables are set, but not every COM library could be registered.\r\n"
+             "The registration of " +
+                 path("halconxxl.dll") + " failed.\r\n");
+    QCOMPARE(result.exitCode, 5);
+    QCOMPARE(registeredPath("halconx"), path("halconx.dll"));
+    QCOMPARE(registeredPath("hdevenginex"), path("hdevenginex.dll"));
+    QCOMPARE(values(environmentKey)["HALCONROOT"], plainText("C:\\H\\"));
+}
+
+void HelperRegistrationTest::noLibraryAtAll()
+{
+    QVERIFY(QFile::remove(path("halconx.dll")));
+    makeFile(path("halconx.dll"), "no library");
+
+    QCOMPARE(run(line("--x64", {path("halconx.dll")})).exitCode, 5);
+}
+
+void HelperRegistrationTest::noneToRegister()
+{
+    QCOMPARE(run(line("--x64", {})).exitCode, 0);
+    QCOMPARE(run(line("--x86", {})).exitCode, 0);
+}
+
+void HelperRegistrationTest::refuses_data()
+{
+    QTest::addColumn<QString>("library");
+
+    QTest::newRow("missing") << top + "\\missing\\halconx.dll";
+    QTest::newRow("missing in a directory that is there") << top + "\\halconx.dll";
+    QTest::newRow("missing drive") << "Q:\\halconx.dll";
+    QTest::newRow("directory") << top + "\\directory\\halconx.dll";
+    QTest::newRow("below a file") << top + "\\file\\halconx.dll";
+}
+
+/// Neither the variables nor the good library in front are touched.
+void HelperRegistrationTest::refuses()
+{
+    QFETCH(QString, library);
+    QVERIFY(QDir().mkpath(top + "\\directory\\halconx.dll"));
+    makeFile(top + "\\file", "a file");
+    const auto before = values(environmentKey);
+
+    const HelperResult result = run(line("--x64", {path("hdevenginex.dll"), library}));
+
+    QCOMPARE(result.errors, QByteArray("qz_com_helper: The request was refused. Nothing was changed.\r\n"
+                                       "A library is no file that is reached without a detour.\r\n"));
+    QCOMPARE(result.exitCode, 2);
+    QCOMPARE(values(environmentKey), before);
+    QVERIFY(registeredPath("hdevenginex").isNull());
+}
+
+void HelperRegistrationTest::refusesLinks()
+{
+    const QString linkedDirectory = QString(binaries).replace("x64-win64", "link");
+    const QString linkedLibrary = top + "\\other\\halconx.dll";
+    makeSymbolicLink("x64-win64", linkedDirectory);
+    copyFile(COM_LIBRARY, top + "\\other\\real.dll");
+    makeSymbolicLink("real.dll", linkedLibrary);
+    const auto before = values(environmentKey);
+
+    const HelperResult inLinkedDirectory = run(line("--x64", {linkedDirectory + "\\halconx.dll"}));
+    const HelperResult linked = run(line("--x64", {linkedLibrary}));
+    removeSymbolicLink(linkedDirectory);
+    removeSymbolicLink(linkedLibrary);
+
+    QCOMPARE(inLinkedDirectory.exitCode, 2);
+    QCOMPARE(linked.exitCode, 2);
+    QCOMPARE(values(environmentKey), before);
+    QVERIFY(registeredPath("halconx").isNull());
+}
+
+/// Wine's prefix has no 32-bit system. Whatever is missing, nothing is done by halves.
+void HelperRegistrationTest::refuses32BitWithoutItsSystem()
+{
+    QVERIFY(!QFileInfo::exists("C:\\windows\\syswow64\\regsvr32.exe"));
+    const auto before = values(environmentKey);
+
+    const HelperResult result = run(line("--x86", {path("halconx.dll")}));
+
+    QCOMPARE(result.errors, QByteArray("qz_com_helper: The request was refused. Nothing was changed.\r\n"
+                                       "This system registers no libraries of that architecture.\r\n"));
+    QCOMPARE(result.exitCode, 2);
+    QCOMPARE(values(environmentKey), before);
+}
+
+void HelperRegistrationTest::timeLimit()
+{
+    copyFile(HANGING_LIBRARY, path("hanging.dll"));
+    QVERIFY(!hangs());
+    bool hung = false;
+    std::thread observer([&hung] {
+        for (int i = 0; i < 400 && !hung; ++i) {
+            hung = hangs();
+            Sleep(50);
+        }
+    });
+    QElapsedTimer timer;
+    timer.start();
+
+    const RegistrationResult result =
+        registerLibrary(registrationProgram(LibraryArchitecture::x64), toWide(path("hanging.dll")), 5s);
+    const qint64 elapsed = timer.elapsed();
+    observer.join();
+
+    QCOMPARE(result, RegistrationResult::timedOut);
+    QVERIFY(elapsed >= 5000);
+    QVERIFY(hung);
+    QVERIFY(!hangs());
+    QVERIFY(QFile::remove(path("hanging.dll")));
+}
+
+void HelperRegistrationTest::goesOnBehindTheTimeLimit()
+{
+    QVERIFY(QFile::remove(path("halconx.dll")));
+    copyFile(HANGING_LIBRARY, path("halconx.dll"));
+
+    const MachineSwitchResult result =
+        switchMachine(request({path("halconx.dll"), path("hdevenginex.dll")}), 5s);
+
+    QCOMPARE(result.code, HelperExitCode::librariesNotRegistered);
+    QCOMPARE(fromWide(result.reason),
+             "The registration of " + path("halconx.dll") + " took too long and was ended.");
+    QVERIFY(!hangs());
+    QCOMPARE(registeredPath("hdevenginex"), path("hdevenginex.dll"));
+    QCOMPARE(values(environmentKey)["HALCONROOT"], plainText("C:\\H"));
+}
+
+void HelperRegistrationTest::cannotBeStarted()
+{
+    QCOMPARE(registerLibrary(L"C:\\windows\\system32\\missing.exe", toWide(path("halconx.dll")), 5s),
+             RegistrationResult::notStarted);
+    QVERIFY(registeredPath("halconx").isNull());
+}
+
+QTEST_GUILESS_MAIN(HelperRegistrationTest)
+
+#include "HelperRegistrationTest_win.moc"

@@ -1,0 +1,334 @@
+#include "tests/helper/HostileLines.h"
+
+namespace {
+
+constexpr const char *noArguments = "There are no arguments.";
+constexpr const char *form = "The arguments are not of a known form.";
+constexpr const char *variable = "A variable is none of HALCON's.";
+constexpr const char *variableTwice = "A variable is named twice.";
+constexpr const char *value = "The value of a variable is too long or holds control characters.";
+constexpr const char *libraryPath = "The path of a library is too long or not of a plain form.";
+constexpr const char *libraryName = "A library is none of HALCON's COM libraries.";
+constexpr const char *libraryTwice = "A library is named twice.";
+constexpr const char *path = "A path is too long or not of a plain form.";
+constexpr const char *noLicense = "The destination does not lie in a directory named license.";
+
+// The parts of good lines.
+const QString root = R"(--env HALCONROOT="C:\Helper test\HALCON-20.11" )";
+const QString rest = R"(--env HALCONARCH="x64-win64" --env HALCONIMAGES="" --env HALCONEXAMPLES="" )";
+const QString variables = root + rest;
+const QString library = R"( "C:\Helper test\HALCON-20.11\bin\x64-win64\halconx.dll")";
+const QString secondLibrary = R"( "C:\Helper test\HALCON-20.11\bin\x64-win64\halconxxl.dll")";
+const QString destination = R"("C:\Helper test\HALCON-20.11\license\license.dat")";
+const QString source = R"("C:\Helper test\new.dat")";
+
+QString registering(const QString &library)
+{
+    return variables + "--x64 \"" + library + '"';
+}
+
+/// In a copy the line is wrong because of the destination, once more because of the source.
+void addPaths(QVector<HostileLine> &lines, const char *inLibrary, const char *inDestination,
+              const char *inSource, const QString &directory, const QString &end = QString())
+{
+    lines.append({inLibrary, registering(directory + "halconx.dll" + end), libraryPath});
+    lines.append({inDestination, "--copy=\"" + directory + "license.dat" + end + "\" " + source, path});
+    lines.append({inSource, "--copy=" + destination + " \"" + directory + "new.dat" + end + '"', path});
+}
+
+QVector<HostileLine> wholeLines()
+{
+    return {
+        {"no arguments", "", noArguments},
+        {"blanks", "   ", noArguments},
+        {"tab", "\t", noArguments},
+        {"empty quotes", "\"\"", form},
+        {"a quote", "\"", form},
+        {"a word", "setup", form},
+        {"two dashes", "--", form},
+        {"unknown option", "--delete", form},
+        {"unknown option before a good line", "--force " + variables, form},
+        {"unknown option behind a good line", variables + "--force", form},
+        {"unknown option between", root + "--force " + rest, form},
+        {"question mark", "/?", form},
+        {"help with one dash", "-help", form},
+        {"help short", "-h", form},
+        {"help with a slash", "/help", form},
+        {"help in capitals", "--HELP", form},
+        {"help in quotes", "\"--help\"", form},
+        {"help twice", "--help --help", form},
+        {"help and version", "--help --version", form},
+        {"help before a good line", "--help " + variables, form},
+        {"help behind a good line", variables + "--help", form},
+        {"help with a value", "--help=\"x\"", form},
+        {"help and a line break", "--help\n", form},
+        {"version behind a copy", "--copy=" + destination + ' ' + source + " --version", form},
+        {"version and a number", "--version 2", form},
+        {"response file", "@C:\\arguments.txt", form},
+        {"a good line in quotes", "\"--copy=\" \"" + source + '"', form},
+        {"a command behind the line", variables + "& calc.exe", form},
+        {"a pipe behind the line", variables + "| calc.exe", form},
+        {"a redirection", variables + "> C:\\x", form},
+    };
+}
+
+QVector<HostileLine> variableLines()
+{
+    return {
+        {"env alone", "--env", form},
+        {"env without a name", "--env =\"x\"", variable},
+        {"env without an equals sign", "--env HALCONROOT", form},
+        {"env without a value", "--env HALCONROOT=", form},
+        {"value without quotes", "--env HALCONROOT=C:\\H", form},
+        {"value in single quotes", "--env HALCONROOT='C:\\H'", form},
+        {"value in typographic quotes", "--env HALCONROOT=“C:\\H”", form},
+        {"quote not closed", "--env HALCONROOT=\"C:\\H", form},
+        {"quote not opened", "--env HALCONROOT=C:\\H\"", form},
+        {"last quote not closed", root + "--env HALCONARCH=\"x64-win64", form},
+        {"quote too many", "--env HALCONROOT=\"C:\\H\"\"", form},
+        {"quote in a value", "--env HALCONROOT=\"C:\\H\"x\" ", form},
+        {"quote escaped as C does", "--env HALCONROOT=\"C:\\\"H\"", form},
+        {"quote doubled as C does", "--env HALCONROOT=\"C:\"\"H\"", form},
+        {"text behind the quotes", "--env HALCONROOT=\"C:\\H\"x", form},
+        {"next option without a blank", "--env HALCONROOT=\"C:\\H\"--env HALCONARCH=\"x\"", form},
+        {"next option behind a tab", "--env HALCONROOT=\"C:\\H\"\t--env HALCONARCH=\"x\"", form},
+        {"next option behind two blanks", "--env HALCONROOT=\"C:\\H\"  --env HALCONARCH=\"x\"", form},
+        {"next option behind a line break", "--env HALCONROOT=\"C:\\H\"\n--env HALCONARCH=\"x\"", form},
+        {"next option behind a wide blank", "--env HALCONROOT=\"C:\\H\"\u00A0--env HALCONARCH=\"x\"", form},
+        {"two blanks behind env", "--env  HALCONROOT=\"C:\\H\"", variable},
+        {"tab behind env", "--env\tHALCONROOT=\"C:\\H\"", form},
+        {"equals sign behind env", "--env=HALCONROOT=\"C:\\H\"", form},
+        {"no blank behind env", "--envHALCONROOT=\"C:\\H\"", form},
+        {"env in capitals", "--ENV HALCONROOT=\"C:\\H\"", form},
+        {"env with one dash", "-env HALCONROOT=\"C:\\H\"", form},
+        {"env with three dashes", "---env HALCONROOT=\"C:\\H\"", form},
+        {"assignment in quotes", "--env \"HALCONROOT=C:\\H\"", form},
+        {"name in quotes", "--env \"HALCONROOT\"=\"C:\\H\"", variable},
+        {"blank before the equals sign", "--env HALCONROOT =\"C:\\H\"", variable},
+        {"blank behind the equals sign", "--env HALCONROOT= \"C:\\H\"", form},
+        {"two equals signs", "--env HALCONROOT==\"C:\\H\"", form},
+        {"value twice", "--env HALCONROOT=\"C:\\H\" \"C:\\I\"", form},
+        {"PATH", "--env PATH=\"C:\\H\"", variable},
+        {"Path behind a good one", variables + "--env Path=\"C:\\H\"", variable},
+        {"ComSpec", "--env ComSpec=\"C:\\H\\cmd.exe\"", variable},
+        {"PATHEXT", "--env PATHEXT=\".TXT\"", variable},
+        {"TEMP", "--env TEMP=\"C:\\H\"", variable},
+        {"SystemRoot", "--env SystemRoot=\"C:\\H\"", variable},
+        {"PSModulePath", "--env PSModulePath=\"C:\\H\"", variable},
+        {"an unknown HALCON variable", "--env HALCONEXTENSIONS=\"C:\\H\"", variable},
+        {"name in small letters", "--env halconroot=\"C:\\H\"", variable},
+        {"name in mixed case", "--env HalconRoot=\"C:\\H\"", variable},
+        {"name cut short", "--env HALCONROO=\"C:\\H\"", variable},
+        {"name longer", "--env HALCONROOTS=\"C:\\H\"", variable},
+        {"name with a path", "--env ..\\HALCONROOT=\"C:\\H\"", variable},
+        {"name with a foreign letter", "--env HALC\u041ENROOT=\"C:\\H\"", variable},
+        {"name with an invisible character", "--env HALCONROOT\u200B=\"C:\\H\"", variable},
+        {"name twice", "--env HALCONROOT=\"C:\\H\" --env HALCONROOT=\"C:\\I\"", variableTwice},
+        {"name twice with the same value", root + root, variableTwice},
+        {"name twice with others between", variables + root, variableTwice},
+        {"all names twice", variables + variables, variableTwice},
+        {"line break in a value", "--env HALCONROOT=\"C:\\H\n\"", value},
+        {"tab in a value", "--env HALCONROOT=\"C:\\\tH\"", value},
+        {"escape character in a value", "--env HALCONROOT=\"\x1B[0m\"", value},
+        {"delete character in a value", "--env HALCONROOT=\"\x7F\"", value},
+        {"upper control character in a value", "--env HALCONROOT=\"\u0085\"", value},
+        {"half a surrogate pair in a value", "--env HALCONROOT=\"C:\\" + QString(QChar(0xD800)) + "\"",
+         value},
+        {"surrogate pair the wrong way round",
+         "--env HALCONROOT=\"" + QString(QChar(0xDE00)) + QString(QChar(0xD83D)) + "\"", value},
+        {"value too long", "--env HALCONROOT=\"" + QString(4097, 'x') + "\"", value},
+        {"second value too long", root + "--env HALCONARCH=\"" + QString(20000, 'x') + "\"", value},
+    };
+}
+
+QVector<HostileLine> libraryLines()
+{
+    const QString directory = R"(C:\Helper test\HALCON-20.11\bin\x64-win64\)";
+    return {
+        {"architecture alone", "--x64", form},
+        {"libraries without variables", "--x64" + library, form},
+        {"libraries without an architecture", variables + library.mid(1), form},
+        {"variables behind the libraries", "--x64" + library + ' ' + variables, form},
+        {"variable behind the libraries", root + "--x64" + library + ' ' + rest, form},
+        {"both architectures", variables + "--x64 --x86", form},
+        {"architecture twice", variables + "--x64 --x64", form},
+        {"architecture twice with libraries", variables + "--x64" + library + " --x64" + secondLibrary, form},
+        {"other architecture behind a library", variables + "--x64" + library + " --x86" + secondLibrary,
+         form},
+        {"unknown architecture", variables + "--arm64" + library, form},
+        {"architecture cut short", variables + "--x6" + library, form},
+        {"architecture in capitals", variables + "--X64" + library, form},
+        {"architecture with a value", variables + "--x64=" + library.mid(1), form},
+        {"no blank before the library", variables + "--x64" + library.mid(1), form},
+        {"two blanks before the library", variables + "--x64 " + library, form},
+        {"tab before the library", variables + "--x64\t" + library.mid(1), form},
+        {"two blanks before the architecture", variables + " --x64" + library, form},
+        {"no blank before the architecture", variables.trimmed() + "--x64" + library, form},
+        {"library without quotes", variables + "--x64 C:\\H\\bin\\x64-win64\\halconx.dll", form},
+        {"library's quote not closed", variables + "--x64 \"C:\\H\\bin\\x64-win64\\halconx.dll", form},
+        {"second library's quote not closed", variables + "--x64" + library + secondLibrary.chopped(1), form},
+        {"no blank between libraries", variables + "--x64" + library + secondLibrary.mid(1), form},
+        {"comma between libraries", variables + "--x64" + library + ',' + secondLibrary, form},
+        {"text behind a library", variables + "--x64" + library + "x", form},
+        {"option of regsvr32", variables + "--x64 /u" + library, form},
+        {"option of regsvr32 in quotes", variables + "--x64 \"/u\"" + library, libraryPath},
+        {"library with an option", registering("/i:x " + directory + "halconx.dll"), libraryPath},
+        {"empty library", registering(""), libraryPath},
+        {"blank library", registering(" "), libraryPath},
+        {"directory as library", registering(directory), libraryPath},
+        {"drive as library", registering("C:\\"), libraryPath},
+        {"library without its path", registering("halconx.dll"), libraryPath},
+        {"library's path too long", registering("C:\\" + QString(246, 'x') + "\\halconx.dll"), libraryPath},
+        {"other library", registering(directory + "evil.dll"), libraryName},
+        {"HALCON's library that is no COM library", registering(directory + "halcon.dll"), libraryName},
+        {"library with another ending", registering(directory + "halconx.ocx"), libraryName},
+        {"library without its ending", registering(directory + "halconx"), libraryName},
+        {"library with two endings", registering(directory + "halconx.dll.exe"), libraryName},
+        {"library's name longer at the front", registering(directory + "xhalconx.dll"), libraryName},
+        {"library's name with a foreign letter", registering(directory + "halc\u043Enx.dll"), libraryName},
+        {"library's name with a dotless letter", registering(directory + "hdevengınex.dll"), libraryName},
+        {"directory named as a library", registering(directory + "halconx.dll\\evil.dll"), libraryName},
+        {"library twice", variables + "--x64" + library + library, libraryTwice},
+        {"library twice in other case", variables + "--x64" + library + library.toUpper(), libraryTwice},
+        {"library twice with another between", variables + "--x64" + library + secondLibrary + library,
+         libraryTwice},
+        {"library's name twice in two directories", variables + "--x64" + library + " \"C:\\halconx.dll\"",
+         libraryTwice},
+        {"bad library behind a good one", variables + "--x64" + library + " \"" + directory + "evil.dll\"",
+         libraryName},
+    };
+}
+
+QVector<HostileLine> copyLines()
+{
+    const QString copy = "--copy=" + destination + ' ' + source;
+    return {
+        {"copy alone", "--copy", form},
+        {"copy without paths", "--copy=", form},
+        {"copy without a source", "--copy=" + destination, form},
+        {"copy with an empty source", "--copy=" + destination + " \"\"", path},
+        {"copy with an empty destination", "--copy=\"\" " + source, path},
+        {"copy with nothing behind the blank", "--copy=" + destination + ' ', form},
+        {"copy without an equals sign", "--copy " + destination + ' ' + source, form},
+        {"blank behind the equals sign of copy", "--copy= " + destination + ' ' + source, form},
+        {"copy in capitals", "--COPY=" + destination + ' ' + source, form},
+        {"a move", "--move=" + destination + ' ' + source, form},
+        {"destination without quotes", "--copy=C:\\H\\license\\license.dat " + source, form},
+        {"source without quotes", "--copy=" + destination + " C:\\new.dat", form},
+        {"source's quote not closed", "--copy=" + destination + " \"C:\\new.dat", form},
+        {"destination's quote not closed", "--copy=\"C:\\H\\license\\license.dat " + source, form},
+        {"no blank before the source", "--copy=" + destination + source, form},
+        {"two blanks before the source", "--copy=" + destination + "  " + source, form},
+        {"tab before the source", "--copy=" + destination + '\t' + source, form},
+        {"text behind the source", copy + "x", form},
+        {"third path", copy + ' ' + source, form},
+        {"copy twice", copy + ' ' + copy, form},
+        {"copy before variables", copy + ' ' + variables, form},
+        {"copy behind variables", variables + copy, form},
+        {"copy behind an architecture", variables + "--x64 " + copy, form},
+        {"source as an option of its own", "--copy=" + destination + " --source=" + source, form},
+        {"all in one pair of quotes", "--copy=\"C:\\H\\license\\license.dat C:\\new.dat\"", form},
+        {"option in quotes", "\"--copy=C:\\H\\license\\license.dat\" " + source, form},
+        {"destination is a directory", "--copy=\"C:\\Helper test\\HALCON-20.11\\license\\\" " + source, path},
+        {"source is a directory", "--copy=" + destination + " \"C:\\Helper test\\\"", path},
+        {"destination is the license directory",
+         "--copy=\"C:\\Helper test\\HALCON-20.11\\license\" " + source, noLicense},
+        {"destination in another directory",
+         "--copy=\"C:\\Helper test\\HALCON-20.11\\license.dat\" " + source, noLicense},
+        {"destination among the system's files", "--copy=\"C:\\windows\\system32\\license.dll\" " + source,
+         noLicense},
+        {"destination below the license directory",
+         "--copy=\"C:\\Helper test\\HALCON-20.11\\license\\sub\\license.dat\" " + source, noLicense},
+        {"directory named licence",
+         "--copy=\"C:\\Helper test\\HALCON-20.11\\licence\\license.dat\" " + source, noLicense},
+        {"directory named license and more",
+         "--copy=\"C:\\Helper test\\HALCON-20.11\\licenses\\license.dat\" " + source, noLicense},
+        {"directory named license with a foreign letter",
+         "--copy=\"C:\\Helper test\\HALCON-20.11\\l\u0456cense\\license.dat\" " + source, noLicense},
+        {"destination on the drive itself", "--copy=\"C:\\license\" " + source, noLicense},
+        {"destination too long", "--copy=\"C:\\" + QString(4096, 'x') + "\\license\\license.dat\" " + source,
+         path},
+        {"source too long", "--copy=" + destination + " \"C:\\" + QString(4096, 'x') + '"', path},
+        {"source and destination on one relative path", "--copy=\"license\\a\" \"b\"", path},
+    };
+}
+
+QVector<HostileLine> pathLines()
+{
+    QVector<HostileLine> lines;
+    addPaths(lines, "library on a share", "destination on a share", "source on a share",
+             R"(\\server\share\license\)");
+    addPaths(lines, "library in a device path", "destination in a device path", "source in a device path",
+             R"(\\.\C:\Helper test\license\)");
+    addPaths(lines, "library in a literal path", "destination in a literal path", "source in a literal path",
+             R"(\\?\C:\Helper test\license\)");
+    addPaths(lines, "library in an object path", "destination in an object path", "source in an object path",
+             R"(\??\C:\Helper test\license\)");
+    addPaths(lines, "library through the drive's current directory",
+             "destination through the drive's directory", "source through the drive's directory",
+             R"(C:license\)");
+    addPaths(lines, "library without a drive", "destination without a drive", "source without a drive",
+             R"(\Helper test\license\)");
+    addPaths(lines, "relative library", "relative destination", "relative source", R"(license\)");
+    addPaths(lines, "library on a drive of two letters", "destination on a drive of two letters",
+             "source on a drive of two letters", R"(CC:\license\)");
+    addPaths(lines, "library on a drive without letter", "destination on a drive without letter",
+             "source on a drive without letter", R"(1:\license\)");
+    addPaths(lines, "library on a foreign drive letter", "destination on a foreign drive letter",
+             "source on a foreign drive letter", "Ç:\\license\\");
+    addPaths(lines, "library with slashes", "destination with slashes", "source with slashes", "C:/license/");
+    addPaths(lines, "library with one slash", "destination with one slash", "source with one slash",
+             R"(C:\Helper test/HALCON-20.11\license\)");
+    addPaths(lines, "library over a parent directory", "destination over a parent directory",
+             "source over a parent directory", R"(C:\Helper test\HALCON-20.11\license\..\license\)");
+    addPaths(lines, "library over the same directory", "destination over the same directory",
+             "source over the same directory", R"(C:\Helper test\HALCON-20.11\license\.\)");
+    addPaths(lines, "library over three dots", "destination over three dots", "source over three dots",
+             R"(C:\Helper test\...\license\)");
+    addPaths(lines, "library over a directory with a dot at its end", "destination over a dot at an end",
+             "source over a dot at an end", R"(C:\Helper test.\license\)");
+    addPaths(lines, "library over a directory with a blank at its end", "destination over a blank at an end",
+             "source over a blank at an end", "C:\\Helper test \\license\\");
+    addPaths(lines, "stream of a library", "stream of the destination", "stream of the source",
+             R"(C:\Helper test\HALCON-20.11\license\)", ":x");
+    addPaths(lines, "data stream of a library", "data stream of the destination", "data stream of the source",
+             R"(C:\Helper test\HALCON-20.11\license\)", "::$DATA");
+    addPaths(lines, "stream of a directory of the library", "stream of a directory of the destination",
+             "stream of a directory of the source", R"(C:\Helper test\HALCON-20.11:x\license\)");
+    addPaths(lines, "library with a blank at its end", "destination with a blank at its end",
+             "source with a blank at its end", R"(C:\Helper test\HALCON-20.11\license\)", " ");
+    addPaths(lines, "library with a dot at its end", "destination with a dot at its end",
+             "source with a dot at its end", R"(C:\Helper test\HALCON-20.11\license\)", ".");
+    addPaths(lines, "library with a star", "destination with a star", "source with a star",
+             R"(C:\Helper test\*\license\)");
+    addPaths(lines, "library with a question mark", "destination with a question mark",
+             "source with a question mark", R"(C:\Helper test\?\license\)");
+    addPaths(lines, "library with angle brackets", "destination with angle brackets",
+             "source with angle brackets", R"(C:\Helper test\<\license\)");
+    addPaths(lines, "library with a bar", "destination with a bar", "source with a bar",
+             R"(C:\Helper test|x\license\)");
+    addPaths(lines, "library over a device", "destination over a device", "source over a device",
+             R"(C:\NUL\license\)");
+    addPaths(lines, "library over a port", "destination over a port", "source over a port",
+             R"(C:\com1.txt\license\)");
+    addPaths(lines, "library over a port with a raised digit", "destination over a port with a raised digit",
+             "source over a port with a raised digit", "C:\\LPT\u00B9\\license\\");
+    addPaths(lines, "library with a line break", "destination with a line break", "source with a line break",
+             "C:\\Helper\ntest\\license\\");
+    addPaths(lines, "library with half a surrogate pair", "destination with half a surrogate pair",
+             "source with half a surrogate pair", "C:\\" + QString(QChar(0xDC00)) + "\\license\\");
+    lines.append({"destination is a device", "--copy=\"C:\\license\\CON\" " + source, path});
+    lines.append(
+        {"destination is a device with an ending", "--copy=\"C:\\license\\aux.dat\" " + source, path});
+    lines.append(
+        {"destination is a device with a blank", "--copy=\"C:\\license\\nul .dat\" " + source, path});
+    lines.append({"source is the console", "--copy=" + destination + " \"C:\\CONIN$\"", path});
+    return lines;
+}
+
+} // namespace
+
+QVector<HostileLine> hostileLines()
+{
+    return wholeLines() + variableLines() + libraryLines() + copyLines() + pathLines();
+}

@@ -1,0 +1,100 @@
+// The shell as the program starts it: the program has no console, so the shell gets a window of its own.
+
+#include "launch/CommandShell.h"
+
+#include <QtTest>
+
+#include <windows.h>
+
+#include <tlhelp32.h>
+
+namespace {
+
+constexpr int timeoutMilliseconds = 20000;
+
+class UniqueHandle {
+public:
+    explicit UniqueHandle(HANDLE handle) : handle(handle) {}
+    UniqueHandle(const UniqueHandle &) = delete;
+    UniqueHandle &operator=(const UniqueHandle &) = delete;
+    ~UniqueHandle()
+    {
+        if (handle != nullptr && handle != INVALID_HANDLE_VALUE) {
+            CloseHandle(handle);
+        }
+    }
+    HANDLE get() const { return handle; }
+
+private:
+    HANDLE handle;
+};
+
+/// The command interpreter that this program has started, or 0.
+DWORD interpreterProcess()
+{
+    const UniqueHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    PROCESSENTRY32W entry = {};
+    entry.dwSize = sizeof(entry);
+    for (BOOL more = Process32FirstW(snapshot.get(), &entry); more != 0;
+         more = Process32NextW(snapshot.get(), &entry)) {
+        if (entry.th32ParentProcessID == GetCurrentProcessId() &&
+            QString::fromWCharArray(entry.szExeFile).compare("cmd.exe", Qt::CaseInsensitive) == 0) {
+            return entry.th32ProcessID;
+        }
+    }
+    return 0;
+}
+
+/// Ends a process with its owner.
+class EndedProcess {
+public:
+    explicit EndedProcess(DWORD id) : process(OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id)) {}
+    EndedProcess(const EndedProcess &) = delete;
+    EndedProcess &operator=(const EndedProcess &) = delete;
+    ~EndedProcess()
+    {
+        if (process.get() != nullptr) {
+            TerminateProcess(process.get(), 1);
+            WaitForSingleObject(process.get(), INFINITE);
+        }
+    }
+    bool isRunning() const { return WaitForSingleObject(process.get(), 0) == WAIT_TIMEOUT; }
+
+private:
+    UniqueHandle process;
+};
+
+} // namespace
+
+class CommandShellWindowTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void windowOfItsOwn();
+};
+
+void CommandShellWindowTest::windowOfItsOwn()
+{
+    FreeConsole();
+    const QTemporaryDir directory;
+    HalconInstallation installation(20, 11, 1, 0);
+    installation.installDir = QDir::toNativeSeparators(directory.path());
+    installation.arch = "x64-win64";
+    const VisualStudioVersion visualStudio;
+    // The blank that separates the command from the next one belongs to the title.
+    const wchar_t *title = L"HALCON 20.11.1 (x64-win64) ";
+    QCOMPARE(FindWindowW(nullptr, title), HWND(nullptr));
+    QStringList errors;
+
+    QVERIFY2(startShell(installation, visualStudio, &errors), qPrintable(errors.join('\n')));
+
+    const EndedProcess shell(interpreterProcess());
+    HWND window = nullptr;
+    QTRY_VERIFY_WITH_TIMEOUT((window = FindWindowW(nullptr, title)) != nullptr, timeoutMilliseconds);
+    QTRY_VERIFY_WITH_TIMEOUT(IsWindowVisible(window) != 0, timeoutMilliseconds);
+    QVERIFY(shell.isRunning());
+}
+
+QTEST_GUILESS_MAIN(CommandShellWindowTest)
+
+#include "CommandShellWindowTest_win.moc"

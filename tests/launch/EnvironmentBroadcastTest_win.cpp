@@ -1,0 +1,88 @@
+#include "launch/EnvironmentBroadcast.h"
+#include "tests/launch/EnvironmentBroadcastWindow.h"
+
+#include <QElapsedTimer>
+#include <QtTest>
+
+#include <windows.h>
+
+namespace {
+
+constexpr int hangTimeoutMilliseconds = 20000;
+constexpr int limitMilliseconds = 5000; // for each window
+
+HWND hangingWindow()
+{
+    return FindWindowW(L"BroadcastWindow", L"hang");
+}
+
+} // namespace
+
+class EnvironmentBroadcastTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void otherProcessesHearIt();
+    void everyCallIsOneMessage();
+    void windowThatHangs();
+    void windowThatHasJustStoppedAnswering();
+};
+
+void EnvironmentBroadcastTest::otherProcessesHearIt()
+{
+    EnvironmentBroadcastWindow one;
+    EnvironmentBroadcastWindow another;
+
+    QVERIFY(broadcastEnvironmentChange());
+
+    const QStringList heard{"wParam 0, text Environment"};
+    QCOMPARE(one.closeAndTakeLines(), heard);
+    QCOMPARE(another.closeAndTakeLines(), heard);
+}
+
+void EnvironmentBroadcastTest::everyCallIsOneMessage()
+{
+    EnvironmentBroadcastWindow window;
+
+    QVERIFY(broadcastEnvironmentChange());
+    QVERIFY(broadcastEnvironmentChange());
+
+    QCOMPARE(window.closeAndTakeLines(),
+             (QStringList{"wParam 0, text Environment", "wParam 0, text Environment"}));
+}
+
+/// "SendMessageTimeout does not provide information about individual windows timing out if HWND_BROADCAST is used",
+/// as Windows documents it: whatever a window does, the broadcast succeeds. One that is known to hang is passed over.
+void EnvironmentBroadcastTest::windowThatHangs()
+{
+    const EnvironmentBroadcastWindow hanging(EnvironmentBroadcastWindow::Manner::Hangs);
+    EnvironmentBroadcastWindow listening;
+    QTRY_VERIFY_WITH_TIMEOUT(IsHungAppWindow(hangingWindow()) != 0, hangTimeoutMilliseconds);
+    QElapsedTimer timer;
+    timer.start();
+
+    QVERIFY(broadcastEnvironmentChange());
+
+    QVERIFY2(timer.elapsed() < limitMilliseconds, qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(listening.closeAndTakeLines(), QStringList{"wParam 0, text Environment"});
+}
+
+/// A window that may still answer is given the time for it.
+void EnvironmentBroadcastTest::windowThatHasJustStoppedAnswering()
+{
+    const EnvironmentBroadcastWindow hanging(EnvironmentBroadcastWindow::Manner::Hangs);
+    EnvironmentBroadcastWindow listening;
+    QVERIFY(IsHungAppWindow(hangingWindow()) == 0);
+    QElapsedTimer timer;
+    timer.start();
+
+    QVERIFY(broadcastEnvironmentChange());
+
+    QVERIFY2(timer.elapsed() > limitMilliseconds / 2 && timer.elapsed() < 2 * limitMilliseconds,
+             qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(listening.closeAndTakeLines(), QStringList{"wParam 0, text Environment"});
+}
+
+QTEST_GUILESS_MAIN(EnvironmentBroadcastTest)
+
+#include "EnvironmentBroadcastTest_win.moc"

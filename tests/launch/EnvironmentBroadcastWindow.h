@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QProcess>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QtTest>
+
+/// A window in another process, which ends with this object. Windows only.
+class EnvironmentBroadcastWindow {
+public:
+    enum class Manner {
+        Listens,
+        Hangs, ///< and never looks at a message
+    };
+
+    explicit EnvironmentBroadcastWindow(Manner manner = Manner::Listens)
+    {
+        process.start(QStringLiteral(BROADCAST_WINDOW_EXECUTABLE),
+                      {manner == Manner::Hangs ? "hang" : "listen"});
+        if (!QTest::qWaitFor([this] { return process.canReadLine(); }, timeoutMilliseconds) ||
+            process.readLine().trimmed() != "ready") {
+            qFatal("no window in another process: %s", qPrintable(process.errorString()));
+        }
+    }
+    EnvironmentBroadcastWindow(const EnvironmentBroadcastWindow &) = delete;
+    EnvironmentBroadcastWindow &operator=(const EnvironmentBroadcastWindow &) = delete;
+    ~EnvironmentBroadcastWindow()
+    {
+        process.kill();
+        process.waitForFinished();
+    }
+
+    /// Closes a listening window. All that it has heard, a line for each message.
+    QStringList closeAndTakeLines()
+    {
+        process.terminate();
+        if (!process.waitForFinished(timeoutMilliseconds)) {
+            return {"(did not end)"};
+        }
+        return QString::fromLatin1(process.readAll())
+            .split(QRegularExpression("[\r\n]+"), Qt::SkipEmptyParts);
+    }
+
+private:
+    static constexpr int timeoutMilliseconds = 20000;
+
+    QProcess process;
+};

@@ -1,0 +1,409 @@
+#include "license/InstallLicenseDialog.h"
+#include "app/ApplicationIdentity.h"
+#include "license/InstallLicenseDropFrame.h"
+#include "tests/license/DialogUser.h"
+#include "tests/license/Drops.h"
+#include "tests/support/WidgetTree.h"
+
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLayout>
+#include <QPushButton>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTextBlock>
+#include <QTextEdit>
+#include <QtTest>
+
+namespace {
+
+const QString lastDirectoryKey = "lastdir_license";
+
+QString lastDirectory()
+{
+    return QSettings().value(lastDirectoryKey, "(none)").toString();
+}
+
+QString shownFile(const InstallLicenseDialog &dialog)
+{
+    return dialog.findChild<QLabel *>("labelSelectedFile")->text();
+}
+
+QPushButton *button(const InstallLicenseDialog &dialog, QDialogButtonBox::StandardButton which)
+{
+    return dialog.findChild<QDialogButtonBox *>("buttonBox")->button(which);
+}
+
+/// The parts of the explanation that stand in italics.
+QString italics(const QTextEdit &textEdit)
+{
+    QString text;
+    const QTextBlock paragraph = textEdit.document()->firstBlock();
+    for (auto part = paragraph.begin(); !part.atEnd(); ++part) {
+        if (part.fragment().charFormat().fontItalic()) {
+            text += part.fragment().text();
+        }
+    }
+    return text;
+}
+
+bool writeFile(const QString &path, const QByteArray &contents)
+{
+    QFile file(path);
+    return QDir().mkpath(QFileInfo(path).path()) && file.open(QFile::WriteOnly) &&
+           file.write(contents) == contents.size();
+}
+
+} // namespace
+
+class InstallLicenseDialogTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void widgets();
+    void layouts();
+    void appearance();
+    void explanation_data();
+    void explanation();
+    void nothingSelectedAtFirst();
+    void setPath_data();
+    void setPath();
+    void setPathForgetsDroppedContents();
+    void setPathAndContent();
+    void fileDialogStartsInTheLastDirectory_data();
+    void fileDialogStartsInTheLastDirectory();
+    void fileChosenInTheFileDialog();
+    void fileDialogCancelled();
+    void drop();
+    void okAndCancel();
+
+private:
+    QString path(const QString &name) const { return directory->filePath(name); }
+    static QString native(const QString &path) { return QDir::toNativeSeparators(path); }
+
+    QScopedPointer<QTemporaryDir> directory;
+};
+
+void InstallLicenseDialogTest::initTestCase()
+{
+    setApplicationIdentity();
+    // Only Qt's own file dialog has widgets that the test can use.
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+}
+
+void InstallLicenseDialogTest::init()
+{
+    directory.reset(new QTemporaryDir);
+    QVERIFY(directory->isValid());
+    QSettings().remove(lastDirectoryKey);
+}
+
+void InstallLicenseDialogTest::widgets()
+{
+    const InstallLicenseDialog dialog("C:\\H\\license");
+    const QStringList expected{
+        "InstallLicenseDialog InstallLicenseDialog Preferred/Preferred",
+        "QTextEdit textEdit Expanding/Expanding in verticalLayout at 0",
+        "QPushButton pbSelectFile \"Select file...\" Minimum/Fixed in horizontalLayout_2 at 0",
+        "QLabel label \"or\" Preferred/Preferred in verticalLayout at 2",
+        "InstallLicenseDropFrame labelDrop \"Drop license file here\" min 0x80 Preferred/Expanding "
+        "in verticalLayout at 3",
+        "QLabel label_2 \"Selected file:\" Preferred/Preferred in horizontalLayout at 0",
+        "QLabel labelSelectedFile \"(none)\" Expanding/Preferred in horizontalLayout at 1",
+        "QDialogButtonBox buttonBox Expanding/Fixed in verticalLayout at 5",
+    };
+    // The button box makes its buttons itself.
+    const QStringList widgets = describeWidgets(dialog).mid(0, expected.size());
+    for (int i = 0; i < expected.size(); ++i) {
+        QCOMPARE(widgets.value(i), expected.at(i));
+    }
+    QCOMPARE(dialog.findChildren<QPushButton *>().size(), 3);
+    QCOMPARE(dialog.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly).size(), 7);
+}
+
+void InstallLicenseDialogTest::layouts()
+{
+    const InstallLicenseDialog dialog("C:\\H\\license");
+    // What the form leaves to the style differs between machines.
+    for (QLayout *layout : dialog.findChildren<QLayout *>()) {
+        layout->setSpacing(0);
+        layout->setContentsMargins(0, 0, 0, 0);
+    }
+    const QStringList expected{
+        "QVBoxLayout verticalLayout spacing 0 margins 0,0,0,0: textEdit | horizontalLayout_2 | label | "
+        "labelDrop "
+        "| horizontalLayout | buttonBox",
+        "QHBoxLayout horizontalLayout_2 spacing 0 margins 0,0,0,0: pbSelectFile",
+        "QHBoxLayout horizontalLayout spacing 0 margins 0,0,0,0: label_2 | labelSelectedFile",
+    };
+    QCOMPARE(describeLayouts(*dialog.layout()).mid(0, 3).join('\n'), expected.join('\n'));
+}
+
+void InstallLicenseDialogTest::appearance()
+{
+    QWidget window;
+    const InstallLicenseDialog dialog("C:\\H\\license", &window);
+    QCOMPARE(dialog.parentWidget(), &window);
+    QCOMPARE(dialog.size(), QSize(400, 339));
+    QCOMPARE(dialog.windowTitle(), QString("Install HALCON license"));
+    QVERIFY(!dialog.windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
+    QVERIFY(dialog.windowFlags().testFlag(Qt::Dialog));
+
+    const auto *textEdit = dialog.findChild<QTextEdit *>("textEdit");
+    QVERIFY(textEdit->isReadOnly());
+    QCOMPARE(textEdit->styleSheet(),
+             QString("border-color: qlineargradient(spread:pad, x1:0, y1:0, x2:1, y2:0, stop:0 rgba(0, 0, 0, "
+                     "255), stop:1 rgba(255, 255, 255, 255));"));
+    const auto *labelDrop = dialog.findChild<InstallLicenseDropFrame *>("labelDrop");
+    QCOMPARE(labelDrop->font().pointSize(), 14);
+    QCOMPARE(labelDrop->styleSheet(), QString("background-color: #DDFFDD;"));
+    QCOMPARE(labelDrop->frameShape(), QFrame::Box);
+    QVERIFY(labelDrop->acceptDrops());
+    QCOMPARE(dialog.findChild<QLabel *>("labelSelectedFile")->styleSheet(), QString("font-weight: bold;"));
+    const auto *buttonBox = dialog.findChild<QDialogButtonBox *>("buttonBox");
+    QCOMPARE(buttonBox->orientation(), Qt::Horizontal);
+    QCOMPARE(buttonBox->standardButtons(), QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+}
+
+void InstallLicenseDialogTest::explanation_data()
+{
+    QTest::addColumn<QString>("targetDirectory");
+
+    QTest::newRow("plain") << "C:\\H\\license";
+    QTest::newRow("blanks") << "C:\\Program Files\\HALCON 20.11\\license";
+    QTest::newRow("several blanks") << "C:\\My   HALCON\\ license ";
+    QTest::newRow("ampersand") << "C:\\Black & White\\license";
+    QTest::newRow("what looks like an entity") << "C:\\R&amp;D &lt;\\license";
+    QTest::newRow("what looks like a tag") << "C:\\<b>HALCON<br>\\<license>";
+    QTest::newRow("what looks like the place to fill in") << "C:\\%1\\%2\\license";
+    QTest::newRow("quotes and apostrophes") << "C:\\\"H\" 'H'\\license";
+    QTest::newRow("not ASCII") << "C:\\Gr\u00f6\u00dfe \u691c\u67fb\\license";
+    QTest::newRow("forward slashes") << "C:/H/license";
+    QTest::newRow("nothing") << "";
+}
+
+void InstallLicenseDialogTest::explanation()
+{
+    QFETCH(QString, targetDirectory);
+    const InstallLicenseDialog dialog(targetDirectory);
+    const auto *textEdit = dialog.findChild<QTextEdit *>("textEdit");
+    QCOMPARE(textEdit->toPlainText(),
+             "You are about to install a HALCON license file. These files are usually named like "
+             "license_1234567.dat. A copy of the license file will be put into directory \"" +
+                 native(targetDirectory) + "\".");
+    QCOMPARE(textEdit->document()->blockCount(), 1);
+    QCOMPARE(italics(*textEdit), QString("license_1234567.dat"));
+}
+
+void InstallLicenseDialogTest::nothingSelectedAtFirst()
+{
+    const InstallLicenseDialog dialog("C:\\H\\license");
+    QCOMPARE(shownFile(dialog), QString("(none)"));
+    QCOMPARE(dialog.selectedFile(), QString());
+    QCOMPARE(dialog.droppedContents(), QString());
+    QCOMPARE(lastDirectory(), QString("(none)"));
+}
+
+void InstallLicenseDialogTest::setPath_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("directoryName");
+
+    QTest::newRow("plain") << "license.dat"
+                           << "";
+    QTest::newRow("deeper") << "a/b/license.dat"
+                            << "/a/b";
+    QTest::newRow("missing") << "missing/license.dat"
+                             << "/missing";
+    QTest::newRow("blanks") << "my licences/license 1.dat"
+                            << "/my licences";
+    QTest::newRow("signs") << "a & <b>/%1 &amp; <c>.dat"
+                           << "/a & <b>";
+    QTest::newRow("not ASCII") << "Gr\u00f6\u00dfe/\u691c.dat"
+                               << "/Gr\u00f6\u00dfe";
+}
+
+void InstallLicenseDialogTest::setPath()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, directoryName);
+    InstallLicenseDialog dialog("C:\\H\\license");
+
+    dialog.set_path(path(name));
+
+    QCOMPARE(dialog.selectedFile(), native(path(name)));
+    QCOMPARE(shownFile(dialog), native(path(name)));
+    // Whatever the name looks like, it is shown as it is.
+    QCOMPARE(dialog.findChild<QLabel *>("labelSelectedFile")->textFormat(), Qt::PlainText);
+    QCOMPARE(dialog.droppedContents(), QString());
+    QCOMPARE(lastDirectory(), native(directory->path() + directoryName));
+}
+
+void InstallLicenseDialogTest::setPathForgetsDroppedContents()
+{
+    InstallLicenseDialog dialog("C:\\H\\license");
+    dialog.set_path_and_content(path("dropped.dat"), "contents");
+    QCOMPARE(dialog.droppedContents(), QString("contents"));
+
+    dialog.set_path(path("chosen.dat"));
+
+    QCOMPARE(dialog.droppedContents(), QString());
+    QCOMPARE(dialog.selectedFile(), native(path("chosen.dat")));
+}
+
+void InstallLicenseDialogTest::setPathAndContent()
+{
+    InstallLicenseDialog dialog("C:\\H\\license");
+    dialog.set_path(path("chosen/license.dat"));
+
+    dialog.set_path_and_content(path("dropped/license.dat"), "one\ntwo");
+
+    QCOMPARE(dialog.selectedFile(), native(path("dropped/license.dat")));
+    QCOMPARE(shownFile(dialog), native(path("dropped/license.dat")));
+    QCOMPARE(dialog.droppedContents(), QString("one\ntwo"));
+    QCOMPARE(lastDirectory(), native(path("chosen")));
+
+    dialog.set_path_and_content(path("dropped/another.dat"), "");
+    QCOMPARE(dialog.droppedContents(), QString());
+}
+
+void InstallLicenseDialogTest::fileDialogStartsInTheLastDirectory_data()
+{
+    QTest::addColumn<bool>("stored");
+    QTest::addColumn<bool>("exists");
+
+    QTest::newRow("stored") << true << true;
+    QTest::newRow("stored, but gone") << true << false;
+    QTest::newRow("none") << false << false;
+}
+
+void InstallLicenseDialogTest::fileDialogStartsInTheLastDirectory()
+{
+    QFETCH(bool, stored);
+    QFETCH(bool, exists);
+    const QString last = native(path("my licences"));
+    if (exists) {
+        QVERIFY(QDir().mkpath(path("my licences")));
+    }
+    if (stored) {
+        QSettings().setValue(lastDirectoryKey, last);
+    }
+    // Without a directory of ours, the toolkit's own choice.
+    const QString expected =
+        exists ? path("my licences") : QFileDialog(nullptr, "", stored ? last : QString()).directory().path();
+    InstallLicenseDialog dialog("C:\\H\\license");
+    QString started;
+    const DialogUser<QFileDialog> user([&](QFileDialog &fileDialog) {
+        started = fileDialog.directory().path();
+        fileDialog.reject();
+    });
+    QTest::ignoreMessage(QtDebugMsg, "\"Quorvik Solutions\" \"Corvanta for HALCON\"");
+
+    dialog.show();
+    QTest::mouseClick(dialog.findChild<QPushButton *>("pbSelectFile"), Qt::LeftButton);
+
+    QVERIFY(user.wasUsed());
+    QCOMPARE(started, expected);
+}
+
+void InstallLicenseDialogTest::fileChosenInTheFileDialog()
+{
+    QVERIFY(writeFile(path("my licences/license_1.dat"), "x"));
+    InstallLicenseDialog dialog("C:\\H\\license");
+    dialog.set_path_and_content(path("dropped.dat"), "contents");
+    QWidget *parent = nullptr;
+    QString title;
+    QStringList filters;
+    const DialogUser<QFileDialog> user([&](QFileDialog &fileDialog) {
+        parent = fileDialog.parentWidget();
+        title = fileDialog.windowTitle();
+        filters = fileDialog.nameFilters();
+        fileDialog.setDirectory(path("my licences"));
+        fileDialog.selectFile(path("my licences/license_1.dat"));
+        QTest::mouseClick(
+            fileDialog.findChild<QDialogButtonBox *>("buttonBox")->button(QDialogButtonBox::Open),
+            Qt::LeftButton);
+    });
+
+    dialog.show();
+    QTest::mouseClick(dialog.findChild<QPushButton *>("pbSelectFile"), Qt::LeftButton);
+
+    QVERIFY(user.wasUsed());
+    QCOMPARE(parent, &dialog);
+    QCOMPARE(title, QString("Open license file"));
+    QCOMPARE(filters, QStringList{"License files (*.dat)"});
+    QCOMPARE(dialog.selectedFile(), native(path("my licences/license_1.dat")));
+    QCOMPARE(shownFile(dialog), native(path("my licences/license_1.dat")));
+    QCOMPARE(dialog.droppedContents(), QString());
+    QCOMPARE(lastDirectory(), native(path("my licences")));
+}
+
+void InstallLicenseDialogTest::fileDialogCancelled()
+{
+    InstallLicenseDialog dialog("C:\\H\\license");
+    dialog.set_path_and_content(path("dropped.dat"), "contents");
+    const DialogUser<QFileDialog> user([](QFileDialog &fileDialog) {
+        QTest::mouseClick(
+            fileDialog.findChild<QDialogButtonBox *>("buttonBox")->button(QDialogButtonBox::Cancel),
+            Qt::LeftButton);
+    });
+
+    dialog.show();
+    QTest::mouseClick(dialog.findChild<QPushButton *>("pbSelectFile"), Qt::LeftButton);
+
+    QVERIFY(user.wasUsed());
+    QCOMPARE(dialog.selectedFile(), native(path("dropped.dat")));
+    QCOMPARE(shownFile(dialog), native(path("dropped.dat")));
+    QCOMPARE(dialog.droppedContents(), QString("contents"));
+    QCOMPARE(lastDirectory(), QString("(none)"));
+}
+
+void InstallLicenseDialogTest::drop()
+{
+    QVERIFY(writeFile(path("dropped/license.dat"), "one\ntwo\n"));
+    InstallLicenseDialog dialog("C:\\H\\license");
+    dialog.set_path(path("chosen/license.dat"));
+    dialog.show();
+
+    QVERIFY(dropFiles(*dialog.findChild<InstallLicenseDropFrame *>("labelDrop"),
+                      {QUrl::fromLocalFile(path("dropped/license.dat"))}));
+
+    QCOMPARE(dialog.selectedFile(), native(path("dropped/license.dat")));
+    QCOMPARE(shownFile(dialog), native(path("dropped/license.dat")));
+    QCOMPARE(dialog.droppedContents(), QString("one\ntwo\n"));
+    QCOMPARE(lastDirectory(), native(path("chosen")));
+    QVERIFY(dialog.isVisible());
+
+    // Without a file that can be read, what was dropped before stays.
+    QVERIFY(dropFiles(*dialog.findChild<InstallLicenseDropFrame *>("labelDrop"),
+                      {QUrl::fromLocalFile(path("missing.dat"))}));
+    QCOMPARE(dialog.selectedFile(), native(path("dropped/license.dat")));
+    QCOMPARE(dialog.droppedContents(), QString("one\ntwo\n"));
+}
+
+void InstallLicenseDialogTest::okAndCancel()
+{
+    InstallLicenseDialog dialog("C:\\H\\license");
+    const auto resultOf = [&](const std::function<void()> &close) {
+        dialog.show();
+        dialog.setResult(-1);
+        close();
+        return dialog.isVisible() ? -2 : dialog.result();
+    };
+    const int accepted = QDialog::Accepted;
+    const int rejected = QDialog::Rejected;
+    // A file need not be selected.
+    QCOMPARE(resultOf([&] { QTest::mouseClick(button(dialog, QDialogButtonBox::Ok), Qt::LeftButton); }),
+             accepted);
+    QCOMPARE(resultOf([&] { QTest::mouseClick(button(dialog, QDialogButtonBox::Cancel), Qt::LeftButton); }),
+             rejected);
+    QCOMPARE(resultOf([&] { QTest::keyClick(&dialog, Qt::Key_Escape); }), rejected);
+}
+
+QTEST_MAIN(InstallLicenseDialogTest)
+
+#include "InstallLicenseDialogTest.moc"

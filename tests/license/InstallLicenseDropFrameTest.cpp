@@ -1,0 +1,269 @@
+#include "license/InstallLicenseDropFrame.h"
+#include "tests/license/Drops.h"
+
+#include <QDir>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTextCodec>
+#include <QtTest>
+
+class InstallLicenseDropFrameTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void enter_data();
+    void enter();
+    void drop_data();
+    void drop();
+    void firstOfSeveralFiles();
+    void nothingToRead_data();
+    void nothingToRead();
+    void urlsThatAreGoneAtTheDrop();
+    void readWhenDropped();
+    void formatsAreTraced();
+    void textOfAFile_data();
+    void textOfAFile();
+    void bytesOutsideTheCodePage();
+
+private:
+    QString path(const QString &name) const { return directory->filePath(name); }
+    void write(const QString &name, const QByteArray &contents) const
+    {
+        QFile file(path(name));
+        QVERIFY(QDir().mkpath(QFileInfo(file).path()));
+        QVERIFY(file.open(QFile::WriteOnly));
+        QCOMPARE(file.write(contents), qint64(contents.size()));
+    }
+
+    QScopedPointer<QTemporaryDir> directory;
+};
+
+void InstallLicenseDropFrameTest::init()
+{
+    directory.reset(new QTemporaryDir);
+    QVERIFY(directory->isValid());
+}
+
+void InstallLicenseDropFrameTest::enter_data()
+{
+    QTest::addColumn<QByteArray>("format");
+    QTest::addColumn<QByteArray>("data");
+    QTest::addColumn<bool>("accepted");
+
+    QTest::newRow("a file") << QByteArray("text/uri-list") << QByteArray("file:///C:/license.dat\r\n")
+                            << true;
+    QTest::newRow("a page of the web")
+        << QByteArray("text/uri-list") << QByteArray("http://corvanta.invalid/license.dat\r\n") << true;
+    QTest::newRow("text") << QByteArray("text/plain") << QByteArray("C:\\license.dat") << false;
+    QTest::newRow("picture") << QByteArray("image/png") << QByteArray("x") << false;
+    QTest::newRow("bytes") << QByteArray("application/octet-stream") << QByteArray("x") << false;
+}
+
+void InstallLicenseDropFrameTest::enter()
+{
+    QFETCH(QByteArray, format);
+    QFETCH(QByteArray, data);
+    QFETCH(bool, accepted);
+    InstallLicenseDropFrame frame;
+    frame.setAcceptDrops(true);
+    QMimeData dragged;
+    dragged.setData(format, data);
+    for (const Qt::DropAction proposed : {Qt::CopyAction, Qt::MoveAction, Qt::LinkAction}) {
+        QDragEnterEvent event(QPoint(), proposed, &dragged, Qt::LeftButton, Qt::NoModifier);
+        event.setDropAction(Qt::IgnoreAction);
+        event.setAccepted(!accepted);
+
+        QApplication::sendEvent(&frame, &event);
+
+        QCOMPARE(event.isAccepted(), accepted);
+        QCOMPARE(event.dropAction(), accepted ? proposed : Qt::IgnoreAction);
+    }
+}
+
+void InstallLicenseDropFrameTest::drop_data()
+{
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("plain") << "license.dat";
+    QTest::newRow("another ending") << "license.txt";
+    QTest::newRow("blanks") << "my licences/license 1.dat";
+    QTest::newRow("signs that a link encodes") << "100%/a#b%20c&d+e.dat";
+    QTest::newRow("not ASCII") << "Gr\u00f6\u00dfe/\u691c\u67fb.dat";
+}
+
+void InstallLicenseDropFrameTest::drop()
+{
+    QFETCH(QString, name);
+    write(name, "one\ntwo\n");
+    InstallLicenseDropFrame frame;
+    frame.setAcceptDrops(true);
+    const QSignalSpy dropped(&frame, &InstallLicenseDropFrame::file_dropped);
+
+    QVERIFY(dropFiles(frame, {QUrl::fromLocalFile(path(name))}));
+
+    QCOMPARE(dropped.size(), 1);
+    QCOMPARE(dropped.first().at(0).toString(), path(name));
+    QCOMPARE(dropped.first().at(1).toString(), QString("one\ntwo\n"));
+}
+
+void InstallLicenseDropFrameTest::firstOfSeveralFiles()
+{
+    write("b.dat", "first");
+    write("a.dat", "second");
+    InstallLicenseDropFrame frame;
+    frame.setAcceptDrops(true);
+    const QSignalSpy dropped(&frame, &InstallLicenseDropFrame::file_dropped);
+
+    QVERIFY(dropFiles(frame, {QUrl::fromLocalFile(path("b.dat")), QUrl::fromLocalFile(path("a.dat"))}));
+    QCOMPARE(dropped.size(), 1);
+    QCOMPARE(dropped.first(), (QList<QVariant>{path("b.dat"), "first"}));
+
+    // The others do not stand in for a first one that is missing.
+    QVERIFY(dropFiles(frame, {QUrl::fromLocalFile(path("missing.dat")), QUrl::fromLocalFile(path("a.dat"))}));
+    QCOMPARE(dropped.size(), 1);
+
+    QVERIFY(dropFiles(frame, {QUrl::fromLocalFile(path("a.dat")), QUrl::fromLocalFile(path("b.dat"))}));
+    QCOMPARE(dropped.size(), 2);
+    QCOMPARE(dropped.last(), (QList<QVariant>{path("a.dat"), "second"}));
+}
+
+void InstallLicenseDropFrameTest::nothingToRead_data()
+{
+    QTest::addColumn<QString>("name"); // in the test's directory
+    QTest::addColumn<QUrl>("other");   // in place of it
+
+    QTest::newRow("missing") << "missing.dat" << QUrl();
+    QTest::newRow("missing directory") << "missing/license.dat" << QUrl();
+    QTest::newRow("directory") << "." << QUrl();
+    QTest::newRow("page of the web") << QString() << QUrl("http://corvanta.invalid/license.dat");
+    QTest::newRow("resource of the program") << QString() << QUrl("qrc:/corvanta.png");
+    QTest::newRow("no file at all") << QString() << QUrl("mailto:someone@corvanta.invalid");
+    QTest::newRow("file without a path") << QString() << QUrl("file:");
+}
+
+void InstallLicenseDropFrameTest::nothingToRead()
+{
+    QFETCH(QString, name);
+    QFETCH(QUrl, other);
+    InstallLicenseDropFrame frame;
+    frame.setAcceptDrops(true);
+    const QSignalSpy dropped(&frame, &InstallLicenseDropFrame::file_dropped);
+
+    QVERIFY(dropFiles(frame, {name.isNull() ? other : QUrl::fromLocalFile(path(name))}));
+    QCOMPARE(dropped.size(), 0);
+
+    // The next one is taken.
+    write("license.dat", "x");
+    QVERIFY(dropFiles(frame, {QUrl::fromLocalFile(path("license.dat"))}));
+    QCOMPARE(dropped.size(), 1);
+}
+
+void InstallLicenseDropFrameTest::urlsThatAreGoneAtTheDrop()
+{
+    write("license.dat", "x");
+    InstallLicenseDropFrame frame;
+    frame.setAcceptDrops(true);
+    const QSignalSpy dropped(&frame, &InstallLicenseDropFrame::file_dropped);
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path("license.dat"))});
+    QVERIFY(dragOver(frame, data));
+    data.clear();
+    data.setText(path("license.dat"));
+
+    QTest::ignoreMessage(QtDebugMsg, "formats: (\"text/plain\")");
+    ::drop(frame, data);
+
+    QCOMPARE(dropped.size(), 0);
+}
+
+void InstallLicenseDropFrameTest::readWhenDropped()
+{
+    write("license.dat", "while dragged");
+    InstallLicenseDropFrame frame;
+    frame.setAcceptDrops(true);
+    const QSignalSpy dropped(&frame, &InstallLicenseDropFrame::file_dropped);
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path("license.dat"))});
+    QVERIFY(dragOver(frame, data));
+
+    write("license.dat", "when dropped");
+    ::drop(frame, data);
+    write("license.dat", "later");
+
+    QCOMPARE(dropped.size(), 1);
+    QCOMPARE(dropped.first().at(1).toString(), QString("when dropped"));
+    // It is not kept open.
+    QVERIFY(QFile::remove(path("license.dat")));
+}
+
+void InstallLicenseDropFrameTest::formatsAreTraced()
+{
+    InstallLicenseDropFrame frame;
+    frame.setAcceptDrops(true);
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path("missing.dat"))});
+    data.setText("text");
+    QVERIFY(dragOver(frame, data));
+
+    QTest::ignoreMessage(QtDebugMsg, "formats: (\"text/uri-list\", \"text/plain\")");
+    ::drop(frame, data);
+}
+
+void InstallLicenseDropFrameTest::textOfAFile_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("empty") << QByteArray() << QString();
+    QTest::newRow("LF") << QByteArray("one\ntwo\n") << "one\ntwo\n";
+    QTest::newRow("CR LF") << QByteArray("one\r\ntwo\r\n") << "one\ntwo\n";
+    QTest::newRow("no line break at the end") << QByteArray("one\r\ntwo") << "one\ntwo";
+    QTest::newRow("lone CR") << QByteArray("one\rtwo\r") << "onetwo";
+    QTest::newRow("CR CR LF") << QByteArray("one\r\r\ntwo") << "one\ntwo";
+    QTest::newRow("blanks and tabs") << QByteArray(" one \ttwo  ") << " one \ttwo  ";
+    QTest::newRow("UTF-16") << QByteArray("\xff\xfe"
+                                          "a\0b\0",
+                                          6)
+                            << "ab";
+    QTest::newRow("long") << QByteArray("0123456789\r\n").repeated(100000)
+                          << QString("0123456789\n").repeated(100000);
+}
+
+void InstallLicenseDropFrameTest::textOfAFile()
+{
+    QFETCH(QByteArray, bytes);
+    write("license.dat", bytes);
+    InstallLicenseDropFrame frame;
+    frame.setAcceptDrops(true);
+    const QSignalSpy dropped(&frame, &InstallLicenseDropFrame::file_dropped);
+
+    QVERIFY(dropFiles(frame, {QUrl::fromLocalFile(path("license.dat"))}));
+
+    QCOMPARE(dropped.size(), 1);
+    QTEST(dropped.first().at(1).toString(), "text");
+}
+
+/// A machine whose code page is UTF-8, for one that has no character for every byte.
+void InstallLicenseDropFrameTest::bytesOutsideTheCodePage()
+{
+    write("license.dat", "a\xf6"
+                         "b \xc3\xb6\n");
+    InstallLicenseDropFrame frame;
+    frame.setAcceptDrops(true);
+    const QSignalSpy dropped(&frame, &InstallLicenseDropFrame::file_dropped);
+    QTextCodec *before = QTextCodec::codecForLocale();
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+
+    const bool taken = dropFiles(frame, {QUrl::fromLocalFile(path("license.dat"))});
+
+    QTextCodec::setCodecForLocale(before);
+    QVERIFY(taken);
+    QCOMPARE(dropped.size(), 1);
+    QCOMPARE(dropped.first().at(1).toString(), QString("a\ufffd"
+                                                       "b \u00f6\n"));
+}
+
+QTEST_MAIN(InstallLicenseDropFrameTest)
+
+#include "InstallLicenseDropFrameTest.moc"

@@ -1,0 +1,158 @@
+#include "launch/ElevatedHelper.h"
+#include "license/LicenseCopy.h"
+#include "tests/fakes/ElevatedHelperFake.h"
+#include "tests/license/LicenseFiles.h"
+#include "tests/support/Messages.h"
+
+#include <QtTest>
+
+/// Copies that the program cannot make itself.
+class LicenseCopyFallbackTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { ElevatedHelperFake::reset(); }
+    void helperIsNotNeeded();
+    void missingTargetDirectory_data();
+    void missingTargetDirectory();
+    void targetThatCannotBeRemoved();
+    void vanishedSource_data();
+    void vanishedSource();
+    void errorsWithoutAList();
+};
+
+void LicenseCopyFallbackTest::helperIsNotNeeded()
+{
+    const LicenseFiles files;
+    files.write("license.dat", "x");
+    files.write("H/license/license.dat", "old");
+
+    QVERIFY(
+        copyLicenseFile(files.path("license.dat"), QString(), files.path("H/license/license.dat"), nullptr));
+    QVERIFY(copyLicenseFile(files.path("mail/1.dat"), "x", files.path("H/license/1.dat"), nullptr));
+
+    QCOMPARE(ElevatedHelperFake::starts().size(), 0);
+    QCOMPARE(ElevatedHelperFake::broadcasts(), 0);
+}
+
+void LicenseCopyFallbackTest::missingTargetDirectory_data()
+{
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<QStringList>("failure");
+
+    const QString line = "helper process returned with value %1. This indicates an error in its execution!";
+    QTest::newRow("helper succeeds") << 0 << QStringList();
+    QTest::newRow("helper fails") << 3 << QStringList{line.arg(3)};
+    QTest::newRow("helper not started") << -1 << QStringList{line.arg(-1)};
+}
+
+void LicenseCopyFallbackTest::missingTargetDirectory()
+{
+    QFETCH(int, exitCode);
+    QFETCH(QStringList, failure);
+    const LicenseFiles files;
+    files.write("my licences/license 1.dat", "x");
+    ElevatedHelperFake::setOutcome(exitCode, true);
+    const LogLines log;
+    QStringList errors{"earlier line"};
+
+    const QString target = files.path("HALCON 20.11/license/license 1.dat");
+    QCOMPARE(copyLicenseFile(files.path("my licences/license 1.dat"), "unused", target, &errors),
+             failure.isEmpty());
+
+    QCOMPARE(errors, failure);
+    const QString source = files.native("my licences/license 1.dat");
+    const QString arguments = "--copy=\"" + target + "\" \"" + source + "\"";
+    QCOMPARE(ElevatedHelperFake::starts().size(), 1);
+    const ElevatedHelperFake::Start &start = ElevatedHelperFake::starts().constFirst();
+    QCOMPARE(start.executable, helperExecutablePath());
+    QCOMPARE(start.arguments, arguments);
+    QVERIFY(!start.show);
+    QVERIFY(start.wait);
+    QCOMPARE(log.lines(),
+             (QStringList{
+                 "warning: could not copy source file \"" + source + "\" to destination file \"" + target +
+                     "\". Trying to install license with an elevated helper process.",
+                 "executing helper process with elevated rights: " + helperExecutablePath() + " " + arguments,
+             }));
+    QCOMPARE(ElevatedHelperFake::broadcasts(), 0);
+}
+
+/// A directory in the target's place stands for whatever cannot be removed.
+void LicenseCopyFallbackTest::targetThatCannotBeRemoved()
+{
+    const LicenseFiles files;
+    files.write("license.dat", "x");
+    files.makeDirectory("H/license/license.dat");
+    const LogLines log;
+    QStringList errors;
+
+    QVERIFY(
+        copyLicenseFile(files.path("license.dat"), QString(), files.path("H/license/license.dat"), &errors));
+
+    QCOMPARE(errors, QStringList());
+    const QString source = files.path("license.dat");
+    const QString target = files.path("H/license/license.dat");
+    const QString arguments = "--copy=\"" + target + "\" \"" + source + "\"";
+    QCOMPARE(log.lines(),
+             (QStringList{
+                 "removing existing file " + target,
+                 "warning: cannot remove existing file " + target + " \"",
+                 "warning: could not copy source file \"" + source + "\" to destination file \"" + target +
+                     "\". Trying to install license with an elevated helper process.",
+                 "executing helper process with elevated rights: " + helperExecutablePath() + " " + arguments,
+             }));
+    QCOMPARE(ElevatedHelperFake::starts().size(), 1);
+    QCOMPARE(ElevatedHelperFake::starts().constFirst().arguments, arguments);
+}
+
+void LicenseCopyFallbackTest::vanishedSource_data()
+{
+    QTest::addColumn<int>("exitCode");
+
+    QTest::newRow("helper succeeds") << 0;
+    QTest::newRow("helper fails") << 3;
+}
+
+void LicenseCopyFallbackTest::vanishedSource()
+{
+    QFETCH(int, exitCode);
+    const LicenseFiles files;
+    ElevatedHelperFake::setOutcome(exitCode, true);
+    const LogLines log;
+
+    const QString target = files.path("H/license/license.dat");
+    QCOMPARE(copyLicenseFile(files.path("mail/license.dat"), "x", target, nullptr), exitCode == 0);
+
+    // The helper is given the temporary file, whose name only the log tells.
+    const QStringList lines = log.lines();
+    QCOMPARE(lines.size(), 3);
+    const QString temporary =
+        lines.first().section("creating temporary file ", 1).section(" with the same contents", 0, 0);
+    QCOMPARE(QFileInfo(temporary).path(), files.path("temporary"));
+    QCOMPARE(lines.first(), "dropped file " + files.path("mail/license.dat") +
+                                " no longer exists. creating temporary file " + temporary +
+                                " with the same contents");
+    QCOMPARE(lines.at(1), "warning: could not copy source file \"" + temporary + "\" to destination file \"" +
+                              target + "\". Trying to install license with an elevated helper process.");
+    QCOMPARE(ElevatedHelperFake::starts().size(), 1);
+    QCOMPARE(ElevatedHelperFake::starts().constFirst().arguments,
+             "--copy=\"" + target + "\" \"" + temporary + "\"");
+    QCOMPARE(files.temporaryFiles(), QStringList());
+}
+
+void LicenseCopyFallbackTest::errorsWithoutAList()
+{
+    const LicenseFiles files;
+    files.write("license.dat", "x");
+    ElevatedHelperFake::setOutcome(3, true);
+
+    QVERIFY(
+        !copyLicenseFile(files.path("license.dat"), QString(), files.path("missing/license.dat"), nullptr));
+
+    QCOMPARE(ElevatedHelperFake::starts().size(), 1);
+}
+
+QTEST_GUILESS_MAIN(LicenseCopyFallbackTest)
+
+#include "LicenseCopyFallbackTest.moc"

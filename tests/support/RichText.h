@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QTextBlock>
+#include <QTextDocument>
+
+/// One line for each run of text of the same look: the text in quotes, then what sets it apart, such as
+/// "\"feedback\" bold underlined #0000ff -> mailto:x" for a bold, underlined, blue link.
+inline QStringList richTextRuns(const QTextDocument &document)
+{
+    QStringList runs;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (auto each = block.begin(); !each.atEnd(); ++each) {
+            const QTextCharFormat format = each.fragment().charFormat();
+            QString run = '"' + each.fragment().text().replace(QChar::LineSeparator, '\n') + '"';
+            if (format.fontWeight() >= QFont::Bold) {
+                run += " bold";
+            }
+            if (format.fontUnderline()) {
+                run += " underlined";
+            }
+            if (format.hasProperty(QTextFormat::ForegroundBrush)) {
+                run += ' ' + format.foreground().color().name();
+            }
+            if (format.isAnchor()) {
+                run += " -> " + format.anchorHref();
+            }
+            runs.append(run);
+        }
+    }
+    return runs;
+}
