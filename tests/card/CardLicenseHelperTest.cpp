@@ -6,8 +6,8 @@
 
 #include <QtTest>
 
-/// What the card says when the program cannot copy a licence file itself, with a real child in the helper's place.
-/// This test program therefore has a directory of its own.
+/// What the card says when the program cannot copy a licence file itself, with a real child in the helper's
+/// place. This test program therefore has a directory of its own.
 class CardLicenseHelperTest : public QObject {
     Q_OBJECT
 

@@ -47,7 +47,8 @@ inline void pressInDialog(const InstallLicenseDialog &dialog, QDialogButtonBox::
     QTest::mouseClick(dialog.findChild<QDialogButtonBox *>("buttonBox")->button(button), Qt::LeftButton);
 }
 
-/// Clicks on the card's licence button, makes the choice in the dialog and presses OK. False when no dialog opened.
+/// Clicks on the card's licence button, makes the choice in the dialog and presses OK. False when no dialog
+/// opened.
 inline bool installThroughCard(const SingleHalconVersionFrame &card, const LicenseChoice &choice)
 {
     const DialogUser<InstallLicenseDialog> user([&](InstallLicenseDialog &dialog) {

@@ -23,8 +23,8 @@ HalconInstallation installation(const QString &arch = "x64-win64")
 const QString variableArguments =
     R"(--env HALCONROOT="C:\H" --env HALCONARCH="x64-win64" --env HALCONIMAGES="" --env HALCONEXAMPLES="" )";
 
-/// Both check boxes are ticked at first. As there is no library to register, the option for the architecture alone
-/// tells that something was asked for.
+/// Both check boxes are ticked at first. As there is no library to register, the option for the
+/// architecture alone tells that something was asked for.
 const QString arguments = variableArguments + "--x64";
 
 /// The lines of a dry run, where no variable is set yet.

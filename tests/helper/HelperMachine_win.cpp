@@ -87,7 +87,10 @@ HelperResult run(const QString &arguments, Window window)
         created->startupInfo->dwFlags |= window == Window::unsaid ? 0 : STARTF_USESHOWWINDOW;
         created->startupInfo->wShowWindow = window == Window::visible ? SW_SHOW : SW_HIDE;
     });
-    process.start();
+    // Of some thousand programs, whichever they are, Wine cannot start one at the first attempt.
+    for (int attempt = 0; attempt < 3 && !process.waitForStarted(); ++attempt) {
+        process.start();
+    }
     HelperResult result;
     constexpr int limit = 30000;
     if (process.waitForFinished(limit) && process.exitStatus() == QProcess::NormalExit) {

@@ -12,8 +12,8 @@ inline QString helperFile()
     return QCoreApplication::applicationDirPath() + "/qz_com_helper.exe";
 }
 
-/// While it lives, a program stands in for the helper, beside the test program, which therefore has a directory
-/// of its own. Windows only.
+/// While it lives, a program stands in for the helper, beside the test program, which therefore has a
+/// directory of its own. Windows only.
 class ElevatedHelperProgram {
 public:
     /// The recording program, see EchoChild.

@@ -3,8 +3,8 @@
 #include <atomic>
 #include <thread>
 
-/// Stands in for the user in front of the boxes with which the shell itself says, before it gives up, that it cannot
-/// start a program: closes each while this lives. Its words are the system's own. Windows only.
+/// Stands in for the user in front of the boxes with which the shell itself says, before it gives up, that
+/// it cannot start a program: closes each while this lives. Its words are the system's own. Windows only.
 class ElevatedHelperShellBox {
 public:
     ElevatedHelperShellBox();

@@ -51,8 +51,9 @@ void EnvironmentBroadcastTest::everyCallIsOneMessage()
              (QStringList{"wParam 0, text Environment", "wParam 0, text Environment"}));
 }
 
-/// "SendMessageTimeout does not provide information about individual windows timing out if HWND_BROADCAST is used",
-/// as Windows documents it: whatever a window does, the broadcast succeeds. One that is known to hang is passed over.
+/// "SendMessageTimeout does not provide information about individual windows timing out if HWND_BROADCAST
+/// is used", as Windows documents it: whatever a window does, the broadcast succeeds. One that is known to
+/// hang is passed over.
 void EnvironmentBroadcastTest::windowThatHangs()
 {
     const EnvironmentBroadcastWindow hanging(EnvironmentBroadcastWindow::Manner::Hangs);

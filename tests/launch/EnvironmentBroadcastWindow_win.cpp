@@ -1,8 +1,8 @@
 // A program with a window that hears what is broadcast, for a test program in another process.
 //
 // It prints "ready", then a line for each WM_SETTINGCHANGE: its wParam, its text, and whether the file that
-// ECHO_CHILD_RECORD names is there at that moment. It ends when its window is closed. With the argument "hang" it
-// never looks at its messages after "ready".
+// ECHO_CHILD_RECORD names is there at that moment. It ends when its window is closed. With the argument
+// "hang" it never looks at its messages after "ready".
 
 #include <windows.h>
 

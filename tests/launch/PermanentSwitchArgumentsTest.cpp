@@ -124,13 +124,15 @@ void PermanentSwitchArgumentsTest::variables_data()
         << R"(C:\H)"
         << "x64-win64"
         << ""
-        << R"(--env HALCONROOT="C:\H" --env HALCONARCH="x64-win64" --env HALCONIMAGES="" --env HALCONEXAMPLES="" )";
+        << R"(--env HALCONROOT="C:\H" --env HALCONARCH="x64-win64" --env HALCONIMAGES="" )"
+           R"(--env HALCONEXAMPLES="" )";
     QTest::newRow("blanks")
         << R"(C:\Program Files (x86)\HALCON 20.11)"
         << "x86sse2-win32"
         << R"(D:\My Examples)"
         << R"(--env HALCONROOT="C:\Program Files (x86)\HALCON 20.11" --env HALCONARCH="x86sse2-win32" )"
-           R"(--env HALCONIMAGES="D:\My Examples\examples\images" --env HALCONEXAMPLES="D:\My Examples\examples" )";
+           R"(--env HALCONIMAGES="D:\My Examples\examples\images" )"
+           R"(--env HALCONEXAMPLES="D:\My Examples\examples" )";
     QTest::newRow("not ASCII") << "C:\\Gr\u00f6\u00dfe"
                                << "x64-win64"
                                << "D:\\\u691c\u67fb"

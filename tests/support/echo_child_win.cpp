@@ -1,12 +1,12 @@
 // A program to be started in place of a real tool. It writes what it was given into the file that the
 // environment variable ECHO_CHILD_RECORD names, and ends.
 //
-// The record is UTF-16LE text: the command line, the full path of the program, its current directory, the show
-// command it was started with (-1 for none) and then each entry of its environment block, in the block's order;
-// every one of them is ended by a 0.
+// The record is UTF-16LE text: the command line, the full path of the program, its current directory, the
+// show command it was started with (-1 for none) and then each entry of its environment block, in the
+// block's order; every one of them is ended by a 0.
 //
-// When ECHO_CHILD_EVENT names an event, the program first waits for that. ECHO_CHILD_EXIT_CODE is its exit code, as
-// a decimal number; without it, 0.
+// When ECHO_CHILD_EVENT names an event, the program first waits for that. ECHO_CHILD_EXIT_CODE is its exit
+// code, as a decimal number; without it, 0.
 
 #include <windows.h>
 
