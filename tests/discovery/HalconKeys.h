@@ -22,7 +22,7 @@ public:
     /// Makes the group @p name below @p parent and gives back its full path.
     QString addGroup(const QString &parent, const QString &name)
     {
-        const QString key = parent + '\\' + name;
+        QString key = parent + '\\' + name;
         groups.append(key);
         Registry::createKey(key);
         return key;
