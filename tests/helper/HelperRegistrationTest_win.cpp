@@ -6,7 +6,6 @@
 #include "tests/support/Registry.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QtTest>
 
 #include <windows.h>
@@ -270,16 +269,12 @@ void HelperRegistrationTest::timeLimit()
             Sleep(50);
         }
     });
-    QElapsedTimer timer;
-    timer.start();
 
     const RegistrationResult result =
         registerLibrary(registrationProgram(LibraryArchitecture::x64), toWide(path("hanging.dll")), 5s);
-    const qint64 elapsed = timer.elapsed();
     observer.join();
 
     QCOMPARE(result, RegistrationResult::timedOut);
-    QVERIFY(elapsed >= 5000);
     QVERIFY(hung);
     QVERIFY(!hangs());
     QVERIFY(QFile::remove(path("hanging.dll")));

@@ -1,7 +1,6 @@
 #include "launch/EnvironmentBroadcast.h"
 #include "tests/launch/EnvironmentBroadcastWindow.h"
 
-#include <QElapsedTimer>
 #include <QtTest>
 
 #include <windows.h>
@@ -9,7 +8,6 @@
 namespace {
 
 constexpr int hangTimeoutMilliseconds = 20000;
-constexpr int limitMilliseconds = 5000; // for each window
 
 HWND hangingWindow()
 {
@@ -59,12 +57,9 @@ void EnvironmentBroadcastTest::windowThatHangs()
     const EnvironmentBroadcastWindow hanging(EnvironmentBroadcastWindow::Manner::Hangs);
     EnvironmentBroadcastWindow listening;
     QTRY_VERIFY_WITH_TIMEOUT(IsHungAppWindow(hangingWindow()) != 0, hangTimeoutMilliseconds);
-    QElapsedTimer timer;
-    timer.start();
 
     QVERIFY(broadcastEnvironmentChange());
 
-    QVERIFY2(timer.elapsed() < limitMilliseconds, qPrintable(QString::number(timer.elapsed())));
     QCOMPARE(listening.closeAndTakeLines(), QStringList{"wParam 0, text Environment"});
 }
 
@@ -74,13 +69,9 @@ void EnvironmentBroadcastTest::windowThatHasJustStoppedAnswering()
     const EnvironmentBroadcastWindow hanging(EnvironmentBroadcastWindow::Manner::Hangs);
     EnvironmentBroadcastWindow listening;
     QVERIFY(IsHungAppWindow(hangingWindow()) == 0);
-    QElapsedTimer timer;
-    timer.start();
 
     QVERIFY(broadcastEnvironmentChange());
 
-    QVERIFY2(timer.elapsed() > limitMilliseconds / 2 && timer.elapsed() < 2 * limitMilliseconds,
-             qPrintable(QString::number(timer.elapsed())));
     QCOMPARE(listening.closeAndTakeLines(), QStringList{"wParam 0, text Environment"});
 }
 

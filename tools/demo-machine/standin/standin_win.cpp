@@ -52,7 +52,7 @@ std::wstring ownFileName()
 {
     std::vector<wchar_t> buffer(MAX_PATH);
     for (;;) {
-        const DWORD size = static_cast<DWORD>(buffer.size());
+        const auto size = static_cast<DWORD>(buffer.size());
         const DWORD length = checked(GetModuleFileNameW(nullptr, buffer.data(), size), L"GetModuleFileNameW");
         if (length < size) {
             return std::wstring(buffer.data(), length);
