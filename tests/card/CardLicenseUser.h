@@ -4,7 +4,7 @@
 #include "license/InstallLicenseDialog.h"
 #include "license/InstallLicenseDropFrame.h"
 #include "tests/card/BoxLines.h"
-#include "tests/license/DialogUser.h"
+#include "tests/support/DialogUser.h"
 #include "tests/license/Drops.h"
 #include "tests/license/LicenseFiles.h"
 

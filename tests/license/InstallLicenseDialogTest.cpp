@@ -1,7 +1,7 @@
 #include "license/InstallLicenseDialog.h"
 #include "app/ApplicationIdentity.h"
 #include "license/InstallLicenseDropFrame.h"
-#include "tests/license/DialogUser.h"
+#include "tests/support/DialogUser.h"
 #include "tests/license/Drops.h"
 #include "tests/support/WidgetTree.h"
 

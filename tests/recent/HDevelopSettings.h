@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QtTest>
+
+/// A directory for the settings of applications in place of the user's while it lives; HDevelop has none there yet.
+class HDevelopSettings {
+public:
+    HDevelopSettings()
+    {
+        if (!directory.isValid()) {
+            qFatal("no directory: %s", qPrintable(directory.errorString()));
+        }
+        moveTo(directory.path());
+    }
+    HDevelopSettings(const HDevelopSettings &) = delete;
+    HDevelopSettings &operator=(const HDevelopSettings &) = delete;
+    ~HDevelopSettings()
+    {
+        if (before.isNull()) {
+            qunsetenv("APPDATA");
+        } else {
+            qputenv("APPDATA", before);
+        }
+    }
+
+    /// A path in the directory that was made for the test.
+    QString path(const QString &name) const { return directory.filePath(name); }
+
+    /// Where HDevelop's settings file has to be.
+    QString file() const { return QDir(settingsDirectory).filePath("MVTec/HDevelop.ini"); }
+
+    /// From now on @p newDirectory holds the settings of applications.
+    void moveTo(const QString &newDirectory)
+    {
+        settingsDirectory = newDirectory;
+        qputenv("APPDATA", QFile::encodeName(QDir::toNativeSeparators(newDirectory)));
+    }
+
+    /// Makes HDevelop's settings file. A failure ends the test program.
+    void write(const QByteArray &contents) const
+    {
+        QFile settings(file());
+        if (!QDir().mkpath(QFileInfo(settings).path()) || !settings.open(QFile::WriteOnly) ||
+            settings.write(contents) != contents.size()) {
+            qFatal("could not write %s: %s", qPrintable(file()), qPrintable(settings.errorString()));
+        }
+    }
+
+    /// Makes a settings file that names @p paths, which hold neither commas nor quotes.
+    void writePrograms(const QStringList &paths) const
+    {
+        write("[Settings]\r\nRecentPrograms=" + paths.join(", ").toLocal8Bit() + "\r\nOther=1\r\n");
+    }
+
+private:
+    QByteArray before = qgetenv("APPDATA");
+    QString settingsDirectory;
+    QTemporaryDir directory;
+};

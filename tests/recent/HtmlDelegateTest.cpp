@@ -1,0 +1,431 @@
+#include "recent/HtmlDelegate.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QApplication>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QStandardItemModel>
+#include <QTextDocument>
+#include <QTreeView>
+#include <QtTest>
+
+#include <functional>
+
+namespace {
+
+constexpr QSize imageSize(300, 80);
+constexpr QRect itemArea(40, 20, 200, 30);
+
+/// Draws items without anything but a plain background, puts texts where the test wants them, and keeps what it was
+/// asked to draw.
+class RecordingStyle : public QProxyStyle {
+public:
+    RecordingStyle() : QProxyStyle("fusion") {}
+
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override
+    {
+        if (element != CE_ItemViewItem) {
+            QProxyStyle::drawControl(element, option, painter, widget);
+            return;
+        }
+        drawn.append(*qstyleoption_cast<const QStyleOptionViewItem *>(option));
+        painter->fillRect(option->rect, background);
+    }
+
+    QRect subElementRect(SubElement element, const QStyleOption *option, const QWidget *widget) const override
+    {
+        return element == SE_ItemViewItemText ? textArea
+                                              : QProxyStyle::subElementRect(element, option, widget);
+    }
+
+    QRect textArea = itemArea;
+    QColor background = Qt::white;
+    mutable QList<QStyleOptionViewItem> drawn;
+};
+
+/// An image that nothing was drawn into.
+QImage blankImage()
+{
+    QImage image(imageSize, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    return image;
+}
+
+/// The smallest rectangle around the pixels of @p image that are as @p wanted says.
+QRect areaOf(const QImage &image, const std::function<bool(const QColor &)> &wanted)
+{
+    QRect area;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (wanted(image.pixelColor(x, y))) {
+                area |= QRect(x, y, 1, 1);
+            }
+        }
+    }
+    return area;
+}
+
+bool isDrawn(const QColor &colour)
+{
+    return colour.alpha() > 0;
+}
+
+/// More of one colour than of the others: the edges of letters are smoothed.
+bool isRed(const QColor &colour)
+{
+    return colour.red() > colour.green() + 50 && colour.red() > colour.blue() + 50;
+}
+bool isGreen(const QColor &colour)
+{
+    return colour.green() > colour.red() + 50 && colour.green() > colour.blue() + 50;
+}
+bool isBlue(const QColor &colour)
+{
+    return colour.blue() > colour.red() + 50 && colour.blue() > colour.green() + 50;
+}
+bool isBlack(const QColor &colour)
+{
+    return isDrawn(colour) && colour.lightness() < 60;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(QStyle::State)
+
+class HtmlDelegateTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void matchesAreRed();
+    void markupIsNotShown();
+    void sameAsTheDocument();
+    void textColour_data();
+    void textColour();
+    void backgroundIsDrawnByTheStyle_data();
+    void backgroundIsDrawnByTheStyle();
+    void applicationStyleWithoutAWidget();
+    void textStandsInTheTextArea();
+    void nothingOutsideTheItem_data();
+    void nothingOutsideTheItem();
+    void painterIsRestored();
+    void sizeHint_data();
+    void sizeHint();
+    void sizeHintOfWrappedText();
+    void fontOfTheItem();
+    void drawnInAView();
+
+private:
+    QModelIndex index(const QString &html)
+    {
+        model.clear();
+        model.appendRow(new QStandardItem(html));
+        return model.index(0, 0);
+    }
+    QStyleOptionViewItem option() const
+    {
+        QStyleOptionViewItem result;
+        result.rect = itemArea;
+        result.widget = &widget;
+        result.font = widget.font();
+        result.state = QStyle::State_Enabled;
+        result.palette.setColor(QPalette::Active, QPalette::HighlightedText, Qt::green);
+        result.palette.setColor(QPalette::Inactive, QPalette::HighlightedText, Qt::blue);
+        return result;
+    }
+    QImage painted(const QStyleOptionViewItem &item, const QString &html)
+    {
+        QImage image = blankImage();
+        QPainter painter(&image);
+        delegate.paint(&painter, item, index(html));
+        return image;
+    }
+
+    RecordingStyle style;
+    QWidget widget;
+    QStandardItemModel model;
+    HtmlDelegate delegate;
+};
+
+void HtmlDelegateTest::init()
+{
+    QPalette palette;
+    palette.setColor(QPalette::Text, Qt::black);
+    QApplication::setPalette(palette);
+    widget.setStyle(&style);
+    style.textArea = itemArea;
+    style.background = Qt::white;
+    style.drawn.clear();
+}
+
+void HtmlDelegateTest::matchesAreRed()
+{
+    const QString text = "MMM<b><font color='red'>MMM</font></b>MMM";
+    const QImage image = painted(option(), text);
+
+    const QRect red = areaOf(image, isRed);
+    const QRect black = areaOf(image, isBlack);
+    QVERIFY(!red.isEmpty());
+    // The text begins and ends with what did not match.
+    QVERIFY(black.left() < red.left());
+    QVERIFY(black.right() > red.right());
+    // And nothing black is among the red.
+    const QRect middle(red.left(), 0, red.width(), imageSize.height());
+    QCOMPARE(areaOf(image.copy(middle.adjusted(2, 0, -2, 0)), isBlack), QRect());
+
+    QCOMPARE(areaOf(painted(option(), "MMMMMM"), isRed), QRect());
+}
+
+void HtmlDelegateTest::markupIsNotShown()
+{
+    // The same letters, with and without markup that does not show.
+    QCOMPARE(painted(option(), "<span>C:\\a</span>"), painted(option(), "C:\\a"));
+    QCOMPARE(painted(option(), "&lt;"), painted(option(), "<span>&#60;</span>"));
+    QVERIFY(painted(option(), "<b>C:\\a</b>") != painted(option(), "C:\\a"));
+}
+
+void HtmlDelegateTest::sameAsTheDocument()
+{
+    const QString html = "C:\\<b><font color='red'>PROG</font></b>rams\\a &amp; b.hdev";
+    style.textArea = itemArea.adjusted(5, 3, -5, -3);
+    QTextDocument document;
+    document.setDefaultFont(option().font);
+    document.setHtml(html);
+    QImage expected = blankImage();
+    {
+        QPainter painter(&expected);
+        painter.fillRect(itemArea, Qt::white);
+        painter.setClipRect(style.textArea);
+        painter.translate(style.textArea.topLeft());
+        document.documentLayout()->draw(&painter, QAbstractTextDocumentLayout::PaintContext());
+    }
+    QVERIFY(!areaOf(expected, isBlack).isEmpty());
+    QCOMPARE(painted(option(), html), expected);
+}
+
+void HtmlDelegateTest::textColour_data()
+{
+    QTest::addColumn<QStyle::State>("state");
+    QTest::addColumn<bool>("highlighted");
+
+    const QStyle::State enabled = QStyle::State_Enabled;
+    QTest::newRow("plain") << enabled << false;
+    QTest::newRow("selected") << (enabled | QStyle::State_Selected) << false;
+    QTest::newRow("active") << (enabled | QStyle::State_Active) << false;
+    QTest::newRow("selected and active") << (enabled | QStyle::State_Selected | QStyle::State_Active) << true;
+    QTest::newRow("selected, active and focused")
+        << (enabled | QStyle::State_Selected | QStyle::State_Active | QStyle::State_HasFocus) << true;
+    QTest::newRow("focused") << (enabled | QStyle::State_HasFocus) << false;
+}
+
+void HtmlDelegateTest::textColour()
+{
+    QFETCH(QStyle::State, state);
+    QFETCH(bool, highlighted);
+    QStyleOptionViewItem item = option();
+    item.state = state;
+
+    const QImage image = painted(item, "MMM<font color='red'>MMM</font>");
+
+    QCOMPARE(!areaOf(image, isGreen).isEmpty(), highlighted);
+    QCOMPARE(!areaOf(image, isBlack).isEmpty(), !highlighted);
+    // The inactive group's colour is for nothing.
+    QCOMPARE(areaOf(image, isBlue), QRect());
+    // What the text says of its colours holds all the same.
+    QVERIFY(!areaOf(image, isRed).isEmpty());
+}
+
+void HtmlDelegateTest::backgroundIsDrawnByTheStyle_data()
+{
+    textColour_data();
+}
+
+void HtmlDelegateTest::backgroundIsDrawnByTheStyle()
+{
+    QFETCH(QStyle::State, state);
+    style.background = QColor(0, 0, 200);
+    QStyleOptionViewItem item = option();
+    item.state = state;
+
+    const QImage image = painted(item, "<b>M</b>");
+
+    QCOMPARE(style.drawn.size(), 1);
+    const QStyleOptionViewItem &drawn = style.drawn.constFirst();
+    QCOMPARE(drawn.text, QString());
+    QCOMPARE(drawn.state, state);
+    QCOMPARE(drawn.rect, itemArea);
+    QCOMPARE(drawn.index, model.index(0, 0));
+    QVERIFY(drawn.features.testFlag(QStyleOptionViewItem::HasDisplay));
+    QCOMPARE(areaOf(image, isDrawn), itemArea);
+    QCOMPARE(image.pixelColor(itemArea.bottomRight()), style.background);
+    // The option that was given stays as it is.
+    QCOMPARE(item.rect, itemArea);
+    QCOMPARE(item.text, QString());
+}
+
+void HtmlDelegateTest::applicationStyleWithoutAWidget()
+{
+    auto *applicationStyle = new RecordingStyle;
+    const QString before = QApplication::style()->objectName();
+    QApplication::setStyle(applicationStyle);
+    QStyleOptionViewItem item = option();
+    item.widget = nullptr;
+    painted(item, "M");
+    const int drawnByApplication = applicationStyle->drawn.size();
+    painted(option(), "M");
+    const int drawnAtLast = applicationStyle->drawn.size();
+    QApplication::setStyle(before);
+
+    QCOMPARE(drawnByApplication, 1);
+    QCOMPARE(drawnAtLast, 1);
+    QCOMPARE(style.drawn.size(), 1);
+}
+
+void HtmlDelegateTest::textStandsInTheTextArea()
+{
+    style.textArea = QRect(100, 25, 60, 20);
+    const QRect whole = areaOf(painted(option(), "MMMMMMMMMMMMMMMMMMMMMMMMM"), isBlack);
+    QVERIFY(!whole.isEmpty());
+    QVERIFY2(style.textArea.contains(whole), qPrintable(QString("from %1").arg(whole.left())));
+    QCOMPARE(whole.right(), style.textArea.right());
+
+    style.textArea.translate(20, 1);
+    const QRect moved = areaOf(painted(option(), "MMMMMMMMMMMMMMMMMMMMMMMMM"), isBlack);
+    QCOMPARE(moved.topLeft(), whole.topLeft() + QPoint(20, 1));
+}
+
+void HtmlDelegateTest::nothingOutsideTheItem_data()
+{
+    QTest::addColumn<QString>("html");
+
+    QTest::newRow("too wide") << QString(300, 'M');
+    QTest::newRow("too high") << "M<br>M<br>M<br>M<br>M<br>M";
+    QTest::newRow("too large") << "<font size='7'>" + QString(20, 'M') + "</font>";
+    QTest::newRow("coloured background") << "<p style='background-color:red'>" + QString(300, 'M') + "</p>";
+    QTest::newRow("nothing") << "";
+}
+
+void HtmlDelegateTest::nothingOutsideTheItem()
+{
+    QFETCH(QString, html);
+    QCOMPARE(areaOf(painted(option(), html), isDrawn), itemArea);
+
+    // Nor with the style that the views really have.
+    QStyleOptionViewItem item = option();
+    item.widget = nullptr;
+    item.state |= QStyle::State_Selected | QStyle::State_Active;
+    const QRect drawn = areaOf(painted(item, html), isDrawn);
+    QCOMPARE(itemArea | drawn, itemArea);
+}
+
+void HtmlDelegateTest::painterIsRestored()
+{
+    QImage image = blankImage();
+    QPainter painter(&image);
+    painter.translate(3, 4);
+    painter.setPen(Qt::magenta);
+    painter.setOpacity(0.5);
+    painter.setClipRect(QRect(0, 0, 150, 60));
+    const QTransform transform = painter.transform();
+    const QFont font = painter.font();
+
+    delegate.paint(&painter, option(), index("<b><font color='red'>M</font></b>"));
+
+    QCOMPARE(painter.transform(), transform);
+    QCOMPARE(painter.pen().color(), QColor(Qt::magenta));
+    QCOMPARE(painter.opacity(), 0.5);
+    QCOMPARE(painter.font(), font);
+    QVERIFY(painter.hasClipping());
+    QCOMPARE(painter.clipBoundingRect(), QRectF(0, 0, 150, 60));
+}
+
+void HtmlDelegateTest::sizeHint_data()
+{
+    QTest::addColumn<QString>("html");
+    QTest::addColumn<int>("width");
+
+    for (const int width : {0, 40, 150, 1000}) {
+        const auto row = [&](const char *name, const QString &html) {
+            QTest::addRow("%s, %d wide", name, width) << html << width;
+        };
+        row("path", "C:\\Programs\\inspection.hdev");
+        row("blanks", "C:\\My Programs\\an inspection of gauges.hdev");
+        row("marked", "C:\\<b><font color='red'>PROG</font></b>rams\\my inspection.hdev");
+        row("several lines", "a<br>b<br>c");
+        row("empty", "");
+    }
+}
+
+void HtmlDelegateTest::sizeHint()
+{
+    QFETCH(QString, html);
+    QFETCH(int, width);
+    QStyleOptionViewItem item = option();
+    item.rect = QRect(7, 5, width, 3);
+
+    const QSize size = delegate.sizeHint(item, index(html));
+
+    QTextDocument document;
+    document.setDefaultFont(item.font);
+    document.setHtml(html);
+    document.setTextWidth(width);
+    QCOMPARE(size, QSize(int(document.idealWidth()), int(document.size().height())));
+    QVERIFY(size.height() > 0);
+}
+
+void HtmlDelegateTest::sizeHintOfWrappedText()
+{
+    const QString html = "one two three four five six";
+    QStyleOptionViewItem wide = option();
+    wide.rect.setWidth(1000);
+    QStyleOptionViewItem narrow = option();
+    narrow.rect.setWidth(60);
+    const QSize whole = delegate.sizeHint(wide, index(html));
+    const QSize wrapped = delegate.sizeHint(narrow, index(html));
+    QVERIFY(whole.width() < 1000);
+    QVERIFY(wrapped.width() < whole.width());
+    QVERIFY(wrapped.height() > whole.height());
+
+    // Markup takes no room, and bold letters take more.
+    QCOMPARE(delegate.sizeHint(wide, index("<font color='red'>one</font>")),
+             delegate.sizeHint(wide, index("one")));
+    QVERIFY(delegate.sizeHint(wide, index("<b>mmmmmmmmmm</b>")).width() >
+            delegate.sizeHint(wide, index("mmmmmmmmmm")).width());
+}
+
+void HtmlDelegateTest::fontOfTheItem()
+{
+    QStyleOptionViewItem larger = option();
+    larger.rect.setWidth(1000);
+    larger.font.setPointSize(3 * QApplication::font().pointSize());
+    QStyleOptionViewItem plain = option();
+    plain.rect.setWidth(1000);
+    const QSize size = delegate.sizeHint(larger, index("C:\\a.hdev"));
+    QVERIFY(size.height() > 2 * delegate.sizeHint(plain, index("C:\\a.hdev")).height());
+    QVERIFY(size.width() > 2 * delegate.sizeHint(plain, index("C:\\a.hdev")).width());
+
+    larger.rect = itemArea;
+    QVERIFY(areaOf(painted(larger, "M"), isBlack).width() > areaOf(painted(option(), "M"), isBlack).width());
+}
+
+void HtmlDelegateTest::drawnInAView()
+{
+    QTreeView view;
+    view.setRootIsDecorated(false);
+    view.setItemDelegate(&delegate);
+    view.setModel(&model);
+    index("MMM<b><font color='red'>MMM</font></b>");
+    view.resize(400, 200);
+
+    const QImage image = view.grab().toImage();
+
+    QVERIFY(!areaOf(image, isRed).isEmpty());
+    const QRect row = view.visualRect(model.index(0, 0)).translated(view.viewport()->pos());
+    QVERIFY(row.contains(areaOf(image, isRed)));
+    view.setModel(nullptr);
+}
+
+QTEST_MAIN(HtmlDelegateTest)
+
+#include "HtmlDelegateTest.moc"

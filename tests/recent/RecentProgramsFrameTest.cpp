@@ -1,0 +1,314 @@
+#include "recent/RecentProgramsFrame.h"
+#include "recent/HtmlDelegate.h"
+#include "tests/recent/HDevelopSettings.h"
+#include "tests/recent/ShownPrograms.h"
+#include "tests/support/Messages.h"
+#include "tests/support/WidgetTree.h"
+
+#include <QLayout>
+#include <QMetaMethod>
+#include <QScrollBar>
+#include <QTextDocument>
+#include <QtTest>
+
+class RecentProgramsFrameTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void widgets();
+    void layouts();
+    void appearance();
+    void listProperties();
+    void models();
+    void ownSlots();
+    void searchLineHasTheFocus();
+    void partOfItsWindow();
+    void rows_data();
+    void rows();
+    void rowsAreNotEditable();
+    void longPathsFit();
+    void notReadAnewWhenShownAgain();
+    void updateRecent();
+    void developersSeeTheList();
+    void failuresAreSilent();
+
+private:
+    HDevelopSettings settings;
+};
+
+void RecentProgramsFrameTest::widgets()
+{
+    const RecentProgramsFrame frame;
+    const QStringList expected{
+        "RecentProgramsFrame RecentProgramsFrame Preferred/Preferred",
+        "QLineEdit leSearchRecent Expanding/Fixed in horizontalLayout_2 at 0",
+        "QPushButton pbOK \"OK\" Minimum/Fixed in horizontalLayout_2 at 1",
+        "QTreeView treeView Expanding/Expanding in verticalLayout at 2",
+    };
+    // The list makes its header itself.
+    const QStringList widgets = describeWidgets(frame).mid(0, expected.size());
+    for (int i = 0; i < expected.size(); ++i) {
+        QCOMPARE(widgets.value(i), expected.at(i));
+    }
+    QCOMPARE(frame.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly).size(), 3);
+}
+
+void RecentProgramsFrameTest::layouts()
+{
+    const RecentProgramsFrame frame;
+    const QStyle *style = frame.style();
+    QCOMPARE(frame.layout()->contentsMargins(),
+             QMargins(style->pixelMetric(QStyle::PM_LayoutLeftMargin, nullptr, &frame),
+                      style->pixelMetric(QStyle::PM_LayoutTopMargin, nullptr, &frame),
+                      style->pixelMetric(QStyle::PM_LayoutRightMargin, nullptr, &frame),
+                      style->pixelMetric(QStyle::PM_LayoutBottomMargin, nullptr, &frame)));
+    // What the form leaves to the style differs between machines.
+    frame.layout()->setContentsMargins(0, 0, 0, 0);
+    for (QLayout *layout : frame.findChildren<QLayout *>()) {
+        layout->setSpacing(0);
+    }
+    const QStringList expected{
+        "QVBoxLayout verticalLayout spacing 0 margins 0,0,0,0: "
+        "horizontalLayout_2 | horizontalLayout_3 | treeView",
+        "QHBoxLayout horizontalLayout_2 spacing 0 margins 9,9,0,0: leSearchRecent | pbOK",
+        "QHBoxLayout horizontalLayout_3 spacing 0 margins 0,0,0,0: ",
+    };
+    QCOMPARE(describeLayouts(*frame.layout()).join('\n'), expected.join('\n'));
+}
+
+void RecentProgramsFrameTest::appearance()
+{
+    const RecentProgramsFrame frame;
+    QCOMPARE(frame.size(), QSize(400, 178));
+    QCOMPARE(frame.windowTitle(), QString("Frame"));
+    QCOMPARE(searchLine(frame)->placeholderText(), QString("Search recent programs"));
+    QCOMPARE(searchLine(frame)->text(), QString());
+    QVERIFY(searchLine(frame)->isEnabled());
+    QVERIFY(!searchLine(frame)->isReadOnly());
+    QVERIFY(okButton(frame)->isEnabled());
+    QVERIFY(list(frame)->isEnabled());
+}
+
+void RecentProgramsFrameTest::listProperties()
+{
+    const RecentProgramsFrame frame;
+    const QTreeView *view = list(frame);
+    QVERIFY(!view->rootIsDecorated());
+    QVERIFY(view->uniformRowHeights());
+    QVERIFY(!view->itemsExpandable());
+    QVERIFY(!view->isSortingEnabled());
+    QCOMPARE(view->editTriggers(), QAbstractItemView::NoEditTriggers);
+    QVERIFY(qobject_cast<HtmlDelegate *>(view->itemDelegate()) != nullptr);
+    QVERIFY(!view->isHeaderHidden());
+}
+
+void RecentProgramsFrameTest::models()
+{
+    settings.writePrograms({"C:\\a.hdev", "C:\\b.hdev"});
+    const RecentProgramsFrame frame;
+    const QSortFilterProxyModel *shown = shownModel(frame);
+    QVERIFY(shown != nullptr);
+    QCOMPARE(shown->sortRole(), Qt::UserRole + 1);
+    QCOMPARE(shown->sortColumn(), 0);
+    QCOMPARE(shown->sortOrder(), Qt::DescendingOrder);
+    QCOMPARE(shown->filterRegularExpression().pattern(), QString());
+    QCOMPARE(shown->filterRegExp().pattern(), QString());
+    QVERIFY(settingsModel(frame) != nullptr);
+    for (const QAbstractItemModel *model : {list(frame)->model(), shown->sourceModel()}) {
+        QCOMPARE(model->columnCount(), 1);
+        QCOMPARE(model->rowCount(), 2);
+        QVERIFY(!model->hasChildren(model->index(0, 0)));
+        QCOMPARE(model->headerData(0, Qt::Horizontal).toString(), QString("Recent"));
+    }
+}
+
+void RecentProgramsFrameTest::ownSlots()
+{
+    const QMetaObject &metaObject = RecentProgramsFrame::staticMetaObject;
+    QStringList methods;
+    for (int i = metaObject.methodOffset(); i < metaObject.methodCount(); ++i) {
+        QCOMPARE(metaObject.method(i).methodType(), QMetaMethod::Slot);
+        methods.append(QString::fromLatin1(metaObject.method(i).methodSignature()));
+    }
+    QCOMPARE(methods, (QStringList{"update_recent()", "highlight_matching(QString)"}));
+}
+
+void RecentProgramsFrameTest::searchLineHasTheFocus()
+{
+    QWidget window;
+    const RecentProgramsFrame frame(&window);
+    QCOMPARE(frame.focusWidget(), searchLine(frame));
+    QCOMPARE(window.focusWidget(), searchLine(frame));
+}
+
+void RecentProgramsFrameTest::partOfItsWindow()
+{
+    QWidget window;
+    window.resize(600, 400);
+    auto *frame = new RecentProgramsFrame(&window);
+    QCOMPARE(frame->parentWidget(), &window);
+    QVERIFY(!frame->isWindow());
+    frame->move(100, 50);
+    frame->show();
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+
+    QVERIFY(frame->isVisible());
+    QCOMPARE(frame->window(), &window);
+    QCOMPARE(frame->geometry(), QRect(100, 50, 400, 178));
+    QCOMPARE(QGuiApplication::topLevelWindows(), QWindowList{window.windowHandle()});
+}
+
+void RecentProgramsFrameTest::rows_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<QStringList>("paths");
+    QTest::addColumn<QStringList>("texts");
+    QTest::addColumn<QStringList>("keys");
+
+    QTest::newRow("several") << QByteArray("RecentPrograms=C:\\a.hdev, D:/b.hdev,\"C:\\c, d.hdev\"\r\n")
+                             << QStringList{"C:\\a.hdev", "D:/b.hdev", "C:\\c, d.hdev"}
+                             << QStringList{"C:\\a.hdev", "D:\\b.hdev", "C:\\c, d.hdev"}
+                             << QStringList{"0", "-1", "-2"};
+    QTest::newRow("one") << QByteArray("RecentPrograms=C:\\a.hdev\r\n") << QStringList{"C:\\a.hdev"}
+                         << QStringList{"C:\\a.hdev"} << QStringList{"0"};
+    QTest::newRow("signs") << QByteArray("RecentPrograms=C:\\a & <b>.hdev,C:\\%1 &amp;.hdev\r\n")
+                           << QStringList{"C:\\a & <b>.hdev", "C:\\%1 &amp;.hdev"}
+                           << QStringList{"C:\\a &amp; &lt;b&gt;.hdev", "C:\\%1 &amp;amp;.hdev"}
+                           << QStringList{"0", "-1"};
+    QTest::newRow("the same twice") << QByteArray("RecentPrograms=a,b,a\r\n") << QStringList{"a", "b", "a"}
+                                    << QStringList{"a", "b", "a"} << QStringList{"0", "-1", "-2"};
+    QTest::newRow("not in the order of the letters")
+        << QByteArray("RecentPrograms=b,c,a\r\n") << QStringList{"b", "c", "a"} << QStringList{"b", "c", "a"}
+        << QStringList{"0", "-1", "-2"};
+    QTest::newRow("empty entries") << QByteArray("RecentPrograms=,a,,b\r\n") << QStringList{"", "a", "", "b"}
+                                   << QStringList{"", "a", "", "b"} << QStringList{"0", "-1", "-2", "-3"};
+    QTest::newRow("no line with programs")
+        << QByteArray("Other=1\r\n") << QStringList{""} << QStringList{""} << QStringList{"0"};
+    QTest::newRow("no entry") << QByteArray("RecentPrograms=\"\r\n") << QStringList{} << QStringList{}
+                              << QStringList{};
+}
+
+void RecentProgramsFrameTest::rows()
+{
+    QFETCH(QByteArray, contents);
+    settings.write(contents);
+    const RecentProgramsFrame frame;
+    QTEST(shownPaths(frame), "paths");
+    QTEST(shownTexts(frame), "texts");
+    QTEST(shownKeys(frame), "keys");
+    QTEST(rowsOf(*settingsModel(frame), pathRole), "paths");
+    QCOMPARE(shownModel(frame)->headerData(0, Qt::Horizontal).toString(), QString("Recent"));
+}
+
+void RecentProgramsFrameTest::rowsAreNotEditable()
+{
+    settings.writePrograms({"C:\\a.hdev", "C:\\b.hdev"});
+    const RecentProgramsFrame frame;
+    for (int row = 0; row < 2; ++row) {
+        const Qt::ItemFlags flags = shownModel(frame)->index(row, 0).flags();
+        QVERIFY(!flags.testFlag(Qt::ItemIsEditable));
+        QVERIFY(flags.testFlag(Qt::ItemIsSelectable));
+        QVERIFY(flags.testFlag(Qt::ItemIsEnabled));
+    }
+}
+
+void RecentProgramsFrameTest::longPathsFit()
+{
+    const QString path = "C:/" + QString("a long directory name/").repeated(20) + "a.hdev";
+    settings.writePrograms({"C:/a.hdev", path, "C:/b.hdev"});
+    RecentProgramsFrame frame;
+    frame.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&frame));
+    const int lineHeight = list(frame)->visualRect(shownModel(frame)->index(0, 0)).height();
+
+    // All of it is found, and bold letters are wider.
+    searchLine(frame)->setText(QString(path).replace('/', '\\'));
+
+    QTextDocument document;
+    document.setDefaultFont(list(frame)->font());
+    document.setHtml(shownTexts(frame).constFirst());
+    const QRect row = list(frame)->visualRect(shownModel(frame)->index(0, 0));
+    QVERIFY2(row.width() >= int(document.idealWidth()),
+             qPrintable(QString("%1 < %2").arg(row.width()).arg(document.idealWidth())));
+    QCOMPARE(row.height(), lineHeight);
+    // What does not fit the frame can be scrolled to.
+    QTRY_VERIFY(list(frame)->horizontalScrollBar()->maximum() > 0);
+}
+
+void RecentProgramsFrameTest::notReadAnewWhenShownAgain()
+{
+    settings.writePrograms({"C:\\a.hdev"});
+    RecentProgramsFrame frame;
+    frame.show();
+    frame.hide();
+    settings.writePrograms({"C:\\b.hdev"});
+    frame.show();
+    searchLine(frame)->setText("x");
+    QCOMPARE(shownPaths(frame), QStringList{"C:\\a.hdev"});
+}
+
+void RecentProgramsFrameTest::updateRecent()
+{
+    settings.writePrograms({"C:\\a.hdev", "C:\\b.hdev", "C:\\c.hdev"});
+    RecentProgramsFrame frame;
+    QCOMPARE(shownModel(frame)->rowCount(), 3);
+
+    settings.writePrograms({"C:\\b.hdev", "C:\\d.hdev"});
+    frame.update_recent();
+    QCOMPARE(shownPaths(frame), (QStringList{"C:\\b.hdev", "C:\\d.hdev"}));
+    QCOMPARE(shownKeys(frame), (QStringList{"0", "-1"}));
+    QVERIFY(!shownModel(frame)->index(1, 0).flags().testFlag(Qt::ItemIsEditable));
+
+    QVERIFY(QFile::remove(settings.file()));
+    frame.update_recent();
+    QCOMPARE(shownModel(frame)->rowCount(), 0);
+    QCOMPARE(settingsModel(frame)->rowCount(), 0);
+    // Nothing to mark, and no harm done.
+    searchLine(frame)->setText("hdev");
+    QCOMPARE(shownModel(frame)->rowCount(), 0);
+
+    // With a search, as the search line has it.
+    settings.writePrograms({"C:\\a.txt", "C:\\a.hdev", "C:\\hdev\\a.hdev"});
+    frame.update_recent();
+    const QString match = "<b><font color='red'>hdev</font></b>";
+    QCOMPARE(shownTexts(frame),
+             (QStringList{"C:\\" + match + "\\a." + match, "C:\\a." + match, "C:\\a.txt"}));
+    QCOMPARE(shownKeys(frame), (QStringList{"4", "2", "0"}));
+    QCOMPARE(shownModel(frame)->headerData(0, Qt::Horizontal).toString(), QString("Recent"));
+}
+
+void RecentProgramsFrameTest::developersSeeTheList()
+{
+    settings.writePrograms({"C:/first.hdev", "C:/second.hdev"});
+    const LogLines log;
+    QTest::ignoreMessage(QtDebugMsg, QRegularExpression("first\\.hdev.*second\\.hdev"));
+    RecentProgramsFrame frame;
+
+    settings.writePrograms({"C:/third.hdev"});
+    QTest::ignoreMessage(QtDebugMsg, QRegularExpression("third\\.hdev"));
+    frame.update_recent();
+
+    // Only on the console.
+    QCOMPARE(log.lines(), QStringList());
+}
+
+void RecentProgramsFrameTest::failuresAreSilent()
+{
+    const LogLines log;
+    const CaughtMessages messages;
+    qunsetenv("APPDATA");
+    RecentProgramsFrame frame;
+    QCOMPARE(shownModel(frame)->rowCount(), 0);
+    QCOMPARE(shownModel(frame)->headerData(0, Qt::Horizontal).toString(), QString("Recent"));
+    searchLine(frame)->setText("a");
+    frame.update_recent();
+    QCOMPARE(shownModel(frame)->rowCount(), 0);
+    settings.moveTo(settings.path(""));
+    QCOMPARE(log.lines(), QStringList());
+    QCOMPARE(messages.warnings(), QStringList());
+}
+
+QTEST_MAIN(RecentProgramsFrameTest)
+
+#include "RecentProgramsFrameTest.moc"

@@ -1,0 +1,392 @@
+#include "recent/RecentProgramsFrame.h"
+#include "tests/recent/HDevelopSettings.h"
+#include "tests/recent/ShownPrograms.h"
+
+#include <QHeaderView>
+#include <QtTest>
+
+namespace {
+
+/// The reasons for which a widget gets the keyboard focus.
+class FocusReasons : public QObject {
+public:
+    explicit FocusReasons(QWidget &watched) { watched.installEventFilter(this); }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::FocusIn) {
+            reasons.append(static_cast<QFocusEvent *>(event)->reason());
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+    QList<Qt::FocusReason> reasons;
+};
+
+} // namespace
+
+/// The keys, as the user presses them in an active window.
+class RecentProgramsKeysTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void keysThatLeadToTheList_data();
+    void keysThatLeadToTheList();
+    void keysThatTheSearchLineKeeps_data();
+    void keysThatTheSearchLineKeeps();
+    void keysThatTheButtonKeeps_data();
+    void keysThatTheButtonKeeps();
+    void keysThatMoveInTheList_data();
+    void keysThatMoveInTheList();
+    void keysThatLeadOutOfTheList_data();
+    void keysThatLeadOutOfTheList();
+    void typingGoesOnInTheSearchLine();
+    void shiftIsTheKeyThatIsLost();
+    void otherEventsPass();
+    void nothingHappensToAnEntry();
+    void escapeHidesTheFrame_data();
+    void escapeHidesTheFrame();
+    void escapeInTheListOnlyLeadsOut();
+    void shownAgain();
+
+private:
+    /// Presses and releases a key as the window system tells of it.
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(window->windowHandle(), Qt::Key(key), modifiers);
+    }
+    int currentRow() const { return list(*frame)->currentIndex().row(); }
+    void setCurrentRow(int row) { list(*frame)->setCurrentIndex(shownModel(*frame)->index(row, 0)); }
+
+    HDevelopSettings settings;
+    QScopedPointer<QWidget> window;
+    RecentProgramsFrame *frame = nullptr;
+};
+
+void RecentProgramsKeysTest::init()
+{
+    QStringList paths;
+    for (int i = 0; i < 100; ++i) {
+        paths.append(QString("C:/inspection %1.hdev").arg(i));
+    }
+    settings.writePrograms(paths);
+    window.reset(new QWidget);
+    window->resize(500, 300);
+    frame = new RecentProgramsFrame(window.data());
+    window->show();
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.data()));
+    QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
+}
+
+void RecentProgramsKeysTest::cleanup()
+{
+    window.reset();
+}
+
+void RecentProgramsKeysTest::keysThatLeadToTheList_data()
+{
+    QTest::addColumn<QString>("from");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<int>("before");
+    QTest::addColumn<int>("after");
+
+    for (const char *from : {"leSearchRecent", "pbOK"}) {
+        const auto row = [&](const char *name, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+            QTest::addRow("%s, %s", from, name) << from << key << modifiers << 40 << 40;
+            // The list makes its first row the current one when it gets the focus without one.
+            QTest::addRow("%s, %s, no current row", from, name) << from << key << modifiers << -1 << 0;
+        };
+        row("Up", Qt::Key_Up);
+        row("Down", Qt::Key_Down);
+        row("Page Up", Qt::Key_PageUp);
+        row("Page Down", Qt::Key_PageDown);
+        row("Shift+Down", Qt::Key_Down, Qt::ShiftModifier);
+        row("Down on the number pad", Qt::Key_Down, Qt::KeypadModifier);
+    }
+}
+
+void RecentProgramsKeysTest::keysThatLeadToTheList()
+{
+    QFETCH(QString, from);
+    QFETCH(int, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    QFETCH(int, before);
+    searchLine(*frame)->setText("inspection");
+    if (before >= 0) {
+        setCurrentRow(before);
+    }
+    frame->findChild<QWidget *>(from)->setFocus();
+    const FocusReasons focus(*list(*frame));
+
+    press(key, modifiers);
+
+    QCOMPARE(QApplication::focusWidget(), list(*frame));
+    QCOMPARE(focus.reasons, QList<Qt::FocusReason>{Qt::OtherFocusReason});
+    QTEST(currentRow(), "after");
+    QCOMPARE(searchLine(*frame)->text(), QString("inspection"));
+}
+
+void RecentProgramsKeysTest::keysThatTheSearchLineKeeps_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("cursor");
+
+    const Qt::KeyboardModifiers none = Qt::NoModifier;
+    QTest::newRow("Home") << int(Qt::Key_Home) << none << "hdev" << 0;
+    QTest::newRow("End") << int(Qt::Key_End) << none << "hdev" << 4;
+    QTest::newRow("Left") << int(Qt::Key_Left) << none << "hdev" << 1;
+    QTest::newRow("Right") << int(Qt::Key_Right) << none << "hdev" << 3;
+    QTest::newRow("Delete") << int(Qt::Key_Delete) << none << "hdv" << 2;
+    QTest::newRow("Backspace") << int(Qt::Key_Backspace) << none << "hev" << 1;
+    QTest::newRow("letter") << int(Qt::Key_X) << none << "hdxev" << 3;
+    QTest::newRow("blank") << int(Qt::Key_Space) << none << "hd ev" << 3;
+    QTest::newRow("Enter") << int(Qt::Key_Enter) << none << "hdev" << 2;
+    QTest::newRow("Return") << int(Qt::Key_Return) << none << "hdev" << 2;
+}
+
+void RecentProgramsKeysTest::keysThatTheSearchLineKeeps()
+{
+    QFETCH(int, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    searchLine(*frame)->setText("hdev");
+    searchLine(*frame)->setCursorPosition(2);
+    setCurrentRow(40);
+
+    press(key, modifiers);
+
+    QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
+    QTEST(searchLine(*frame)->text(), "text");
+    QTEST(searchLine(*frame)->cursorPosition(), "cursor");
+    QCOMPARE(list(*frame)->currentIndex().data(pathRole).toString(), QString("C:/inspection 40.hdev"));
+    QVERIFY(frame->isVisible());
+}
+
+void RecentProgramsKeysTest::keysThatTheButtonKeeps_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("clicks");
+
+    QTest::newRow("Home") << int(Qt::Key_Home) << 0;
+    QTest::newRow("End") << int(Qt::Key_End) << 0;
+    QTest::newRow("letter") << int(Qt::Key_X) << 0;
+    QTest::newRow("blank") << int(Qt::Key_Space) << 1;
+}
+
+void RecentProgramsKeysTest::keysThatTheButtonKeeps()
+{
+    QFETCH(int, key);
+    setCurrentRow(40);
+    okButton(*frame)->setFocus();
+    const QSignalSpy clicked(okButton(*frame), &QPushButton::clicked);
+
+    press(key);
+
+    QCOMPARE(QApplication::focusWidget(), okButton(*frame));
+    QTEST(int(clicked.size()), "clicks");
+    QCOMPARE(searchLine(*frame)->text(), QString());
+    QCOMPARE(currentRow(), 40);
+    QVERIFY(frame->isVisible());
+}
+
+void RecentProgramsKeysTest::keysThatMoveInTheList_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("lowest");
+    QTest::addColumn<int>("highest");
+
+    // How many rows a page has differs between machines.
+    QTest::newRow("Up") << int(Qt::Key_Up) << 39 << 39;
+    QTest::newRow("Down") << int(Qt::Key_Down) << 41 << 41;
+    QTest::newRow("Home") << int(Qt::Key_Home) << 0 << 0;
+    QTest::newRow("End") << int(Qt::Key_End) << 99 << 99;
+    QTest::newRow("Page Up") << int(Qt::Key_PageUp) << 20 << 38;
+    QTest::newRow("Page Down") << int(Qt::Key_PageDown) << 42 << 60;
+}
+
+void RecentProgramsKeysTest::keysThatMoveInTheList()
+{
+    QFETCH(int, key);
+    QFETCH(int, lowest);
+    QFETCH(int, highest);
+    setCurrentRow(40);
+    list(*frame)->setFocus();
+
+    press(key);
+
+    QCOMPARE(QApplication::focusWidget(), list(*frame));
+    QVERIFY2(currentRow() >= lowest && currentRow() <= highest,
+             qPrintable(QString("row %1").arg(currentRow())));
+}
+
+void RecentProgramsKeysTest::keysThatLeadOutOfTheList_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+
+    const auto row = [](const char *name, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::newRow(name) << key << modifiers;
+    };
+    row("letter", Qt::Key_I);
+    row("digit", Qt::Key_5);
+    row("blank", Qt::Key_Space);
+    row("Enter", Qt::Key_Enter, Qt::KeypadModifier);
+    row("Return", Qt::Key_Return);
+    row("Escape", Qt::Key_Escape);
+    row("Tab", Qt::Key_Tab);
+    row("back tab", Qt::Key_Backtab);
+    row("Left", Qt::Key_Left);
+    row("Right", Qt::Key_Right);
+    row("Delete", Qt::Key_Delete);
+    row("Backspace", Qt::Key_Backspace);
+    row("F2", Qt::Key_F2);
+    row("F4", Qt::Key_F4);
+    row("Shift", Qt::Key_Shift);
+    row("Ctrl", Qt::Key_Control);
+    row("Alt", Qt::Key_Alt);
+}
+
+void RecentProgramsKeysTest::keysThatLeadOutOfTheList()
+{
+    QFETCH(int, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    searchLine(*frame)->setText("hdev");
+    setCurrentRow(40);
+    list(*frame)->setFocus();
+    const FocusReasons focus(*searchLine(*frame));
+
+    press(key, modifiers);
+
+    QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
+    QCOMPARE(focus.reasons, QList<Qt::FocusReason>{Qt::OtherFocusReason});
+    // The key itself is lost.
+    QCOMPARE(searchLine(*frame)->text(), QString("hdev"));
+    QCOMPARE(searchLine(*frame)->selectedText(), QString());
+    QCOMPARE(currentRow(), 40);
+    QCOMPARE(list(*frame)->selectionModel()->selectedRows().size(), 1);
+    QVERIFY(frame->isVisible());
+}
+
+void RecentProgramsKeysTest::typingGoesOnInTheSearchLine()
+{
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    QCOMPARE(currentRow(), 2);
+
+    // The first letter only leads there.
+    press(Qt::Key_H);
+    press(Qt::Key_9);
+    press(Qt::Key_7);
+
+    QCOMPARE(searchLine(*frame)->text(), QString("97"));
+    QCOMPARE(shownPaths(*frame).constFirst(), QString("C:/inspection 97.hdev"));
+}
+
+void RecentProgramsKeysTest::shiftIsTheKeyThatIsLost()
+{
+    searchLine(*frame)->setText("inspection");
+    list(*frame)->setFocus();
+
+    // Shift has led there before the letter comes.
+    QTest::keyClick(window->windowHandle(), 'X', Qt::ShiftModifier);
+
+    QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
+    QCOMPARE(searchLine(*frame)->text(), QString("inspectionX"));
+}
+
+void RecentProgramsKeysTest::otherEventsPass()
+{
+    // Wherever a key was pressed, it may be released in another place.
+    list(*frame)->setFocus();
+    QTest::keyRelease(window->windowHandle(), Qt::Key_A);
+    QCOMPARE(QApplication::focusWidget(), list(*frame));
+    searchLine(*frame)->setFocus();
+    QTest::keyRelease(window->windowHandle(), Qt::Key_Down);
+    QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
+
+    const QRect thirdRow = list(*frame)->visualRect(shownModel(*frame)->index(2, 0));
+    QTest::mouseClick(list(*frame)->viewport(), Qt::LeftButton, Qt::NoModifier, thirdRow.center());
+    QCOMPARE(QApplication::focusWidget(), list(*frame));
+    QCOMPARE(currentRow(), 2);
+    QTest::mouseClick(searchLine(*frame), Qt::LeftButton);
+    QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
+
+    // From widget to widget, as everywhere.
+    press(Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), okButton(*frame));
+    press(Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), list(*frame));
+}
+
+void RecentProgramsKeysTest::nothingHappensToAnEntry()
+{
+    searchLine(*frame)->setText("inspection 4");
+    const QStringList before = shownTexts(*frame);
+    const QPoint firstRow = list(*frame)->visualRect(shownModel(*frame)->index(0, 0)).center();
+
+    QTest::mouseDClick(list(*frame)->viewport(), Qt::LeftButton, Qt::NoModifier, firstRow);
+    QTest::mouseClick(okButton(*frame), Qt::LeftButton);
+    const QPoint header = list(*frame)->header()->rect().center();
+    QTest::mouseClick(list(*frame)->header()->viewport(), Qt::LeftButton, Qt::NoModifier, header);
+
+    QVERIFY(frame->isVisible());
+    QVERIFY(!list(*frame)->isPersistentEditorOpen(shownModel(*frame)->index(0, 0)));
+    QCOMPARE(list(*frame)->viewport()->findChildren<QWidget *>().size(), 0);
+    QCOMPARE(shownTexts(*frame), before);
+}
+
+void RecentProgramsKeysTest::escapeHidesTheFrame_data()
+{
+    QTest::addColumn<QString>("from");
+
+    QTest::newRow("search line") << "leSearchRecent";
+    QTest::newRow("button") << "pbOK";
+}
+
+void RecentProgramsKeysTest::escapeHidesTheFrame()
+{
+    QFETCH(QString, from);
+    searchLine(*frame)->setText("hdev");
+    frame->findChild<QWidget *>(from)->setFocus();
+
+    press(Qt::Key_Escape);
+
+    QVERIFY(!frame->isVisible());
+    QVERIFY(window->isVisible());
+    frame->show();
+    QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
+    QCOMPARE(searchLine(*frame)->text(), QString("hdev"));
+}
+
+void RecentProgramsKeysTest::escapeInTheListOnlyLeadsOut()
+{
+    list(*frame)->setFocus();
+    press(Qt::Key_Escape);
+    QVERIFY(frame->isVisible());
+    press(Qt::Key_Escape);
+    QVERIFY(!frame->isVisible());
+}
+
+void RecentProgramsKeysTest::shownAgain()
+{
+    auto *other = new QLineEdit(window.data());
+    other->show();
+    list(*frame)->setFocus();
+    frame->hide();
+    other->setFocus();
+    QCOMPARE(QApplication::focusWidget(), other);
+
+    frame->show();
+
+    QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
+}
+
+QTEST_MAIN(RecentProgramsKeysTest)
+
+#include "RecentProgramsKeysTest.moc"

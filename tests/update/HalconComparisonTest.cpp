@@ -1,0 +1,280 @@
+#include "update/HalconReleases.h"
+
+#include <QtTest>
+
+namespace {
+
+/// One that rows of a test can hold.
+struct Record : HalconInstallation {
+    Record() : Record(-1, -1, -1, -1) {}
+    Record(int major, int minor, int revision, int build, const QString &word = QString())
+        : HalconInstallation(major, minor, revision, build)
+    {
+        setSuffix(word);
+    }
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(Record)
+
+/// What an installation is told of the releases.
+class HalconComparisonTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void suffixes_data();
+    void suffixes();
+    void keys_data();
+    void keys();
+    void onlyTheTableOfTheEdition();
+    void newer_data();
+    void newer();
+    void fromFileToInstallation_data();
+    void fromFileToInstallation();
+    void lines_data();
+    void lines();
+    void lastLine_data();
+    void lastLine();
+};
+
+void HalconComparisonTest::suffixes_data()
+{
+    QTest::addColumn<QString>("suffix");
+    QTest::addColumn<int>("revision"); // 1 is in the table of the continuous releases, 2 in the other
+
+    QTest::newRow("Progress") << "Progress" << 1;
+    QTest::newRow("progress") << "progress" << 2;
+    QTest::newRow("PROGRESS") << "PROGRESS" << 2;
+    QTest::newRow("Progress 2") << "Progress 2" << 2;
+    QTest::newRow("Progress and a blank") << "Progress " << 2;
+    QTest::newRow("Steady") << "Steady" << 2;
+    QTest::newRow("empty") << "" << 2;
+}
+
+void HalconComparisonTest::suffixes()
+{
+    QFETCH(QString, suffix);
+    QFETCH(int, revision);
+    HalconReleases releases;
+    releases.progress.insert("20.11", Record(20, 11, 1, 0));
+    releases.regular.insert("20.11", Record(20, 11, 2, 0));
+
+    const auto found = publishedRelease(releases, Record(20, 11, 0, 0, suffix));
+
+    QVERIFY(found.has_value());
+    QCOMPARE(found->revision, revision);
+}
+
+void HalconComparisonTest::keys_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<Record>("installed");
+    QTest::addColumn<bool>("matches");
+
+    QTest::newRow("same") << "20.11" << Record(20, 11, 2, 0) << true;
+    QTest::newRow("revision and build do not count") << "20.11" << Record(20, 11, -1, -1) << true;
+    QTest::newRow("one digit") << "20.5" << Record(20, 5, 0, 0) << true;
+    QTest::newRow("zero") << "13.0" << Record(13, 0, 0, 0) << true;
+    QTest::newRow("leading zero of the minor version") << "20.05" << Record(20, 5, 0, 0) << false;
+    QTest::newRow("leading zero of the major version") << "020.11" << Record(20, 11, 0, 0) << false;
+    QTest::newRow("blank before") << " 20.11" << Record(20, 11, 0, 0) << false;
+    QTest::newRow("blank behind") << "20.11 " << Record(20, 11, 0, 0) << false;
+    QTest::newRow("zero behind") << "20.10" << Record(20, 1, 0, 0) << false;
+    QTest::newRow("another minor version") << "20.12" << Record(20, 11, 0, 0) << false;
+    QTest::newRow("another major version") << "21.11" << Record(20, 11, 0, 0) << false;
+    QTest::newRow("nothing known") << "-1.-1" << Record(-1, -1, -1, -1) << true;
+}
+
+void HalconComparisonTest::keys()
+{
+    QFETCH(QString, key);
+    QFETCH(Record, installed);
+    QFETCH(bool, matches);
+    for (const QString &suffix : {QString(), QStringLiteral("Progress")}) {
+        installed.setSuffix(suffix);
+        HalconReleases releases;
+        auto &table = suffix.isEmpty() ? releases.regular : releases.progress;
+        table.insert("1.0", Record(1, 0, 9, 9));
+        table.insert(key, Record(installed.major, installed.minor, 7, 8));
+
+        const auto found = publishedRelease(releases, installed);
+
+        QCOMPARE(found.has_value(), matches);
+        QCOMPARE(found ? found->versionText() : QString(),
+                 matches ? Record(installed.major, installed.minor, 7, 8).versionText() : QString());
+    }
+}
+
+void HalconComparisonTest::onlyTheTableOfTheEdition()
+{
+    HalconReleases onlyProgress;
+    onlyProgress.progress.insert("20.11", Record(20, 11, 9, 0));
+    HalconReleases onlyRegular;
+    onlyRegular.regular.insert("20.11", Record(20, 11, 9, 0));
+
+    QVERIFY(!publishedRelease(onlyProgress, Record(20, 11, 0, 0)));
+    QVERIFY(publishedRelease(onlyProgress, Record(20, 11, 0, 0, "Progress")));
+    QVERIFY(publishedRelease(onlyRegular, Record(20, 11, 0, 0)));
+    QVERIFY(!publishedRelease(onlyRegular, Record(20, 11, 0, 0, "Progress")));
+    QVERIFY(!publishedRelease({}, Record(20, 11, 0, 0)));
+    QVERIFY(!publishedRelease({}, Record(20, 11, 0, 0, "Progress")));
+}
+
+void HalconComparisonTest::newer_data()
+{
+    QTest::addColumn<Record>("release");
+    QTest::addColumn<Record>("installed");
+    QTest::addColumn<bool>("isNewer");
+
+    const auto row = [](const char *name, const Record &release, const Record &installed, bool newer) {
+        QTest::newRow(name) << release << installed << newer;
+    };
+    row("same", Record(20, 11, 2, 3), Record(20, 11, 2, 3), false);
+    row("higher build", Record(20, 11, 2, 4), Record(20, 11, 2, 3), true);
+    row("lower build", Record(20, 11, 2, 2), Record(20, 11, 2, 3), false);
+    row("higher revision", Record(20, 11, 3, 0), Record(20, 11, 2, 9), true);
+    row("lower revision", Record(20, 11, 1, 9), Record(20, 11, 2, 0), false);
+    row("higher minor version", Record(20, 12, 0, 0), Record(20, 11, 9, 9), true);
+    row("lower minor version", Record(20, 10, 9, 9), Record(20, 11, 0, 0), false);
+    row("higher major version", Record(21, 0, 0, 0), Record(20, 99, 9, 9), true);
+    row("lower major version", Record(19, 99, 9, 9), Record(20, 0, 0, 0), false);
+    row("two digits", Record(20, 11, 10, 0), Record(20, 11, 9, 0), true);
+    row("revision not known", Record(20, 11, 0, 0), Record(20, 11, -1, -1), true);
+    row("revision not known, build known", Record(20, 11, 0, 0), Record(20, 11, -1, 5), true);
+    row("build not known", Record(20, 11, 2, 0), Record(20, 11, 2, -1), true);
+    row("build not known, lower revision", Record(20, 11, 1, 9), Record(20, 11, 2, -1), false);
+    row("published as -1, installed not known", Record(20, 11, -1, -1), Record(20, 11, -1, -1), false);
+    row("published below -1", Record(20, 11, -2, 0), Record(20, 11, -1, -1), false);
+    row("published as -1", Record(20, 11, -1, 9), Record(20, 11, 0, 0), false);
+    row("far apart", Record(20, 11, 2147483647, 0), Record(20, 11, -2147483647 - 1, 0), true);
+    row("far apart the other way", Record(20, 11, -2147483647 - 1, 0), Record(20, 11, 2147483647, 0), false);
+    row("suffix does not count", Record(20, 11, 2, 3), Record(20, 11, 2, 3, "Progress"), false);
+}
+
+void HalconComparisonTest::newer()
+{
+    QFETCH(Record, release);
+    QFETCH(Record, installed);
+    QFETCH(bool, isNewer);
+    QCOMPARE(::isNewer(release, installed), isNewer);
+}
+
+void HalconComparisonTest::fromFileToInstallation_data()
+{
+    QTest::addColumn<QByteArray>("elements");
+    QTest::addColumn<Record>("installed");
+    QTest::addColumn<QString>("latest"); // empty when there is nothing to tell
+
+    const auto row = [](const char *name, const QByteArray &elements, const Record &installed,
+                        const QString &latest) { QTest::newRow(name) << elements << installed << latest; };
+    row("newer", R"({"version": "20.11", "revision": "2", "build": "3"})", Record(20, 11, 1, 0), "20.11.2.3");
+    row("revision not known", R"({"version": "20.11", "revision": "0", "build": "0"})",
+        Record(20, 11, -1, -1), "20.11.0");
+    row("build that is no number is not newer", R"({"version": "20.11", "revision": "2", "build": "?"})",
+        Record(20, 11, 2, 0), "");
+    row("build that is no number but a newer revision",
+        R"({"version": "20.11", "revision": "3", "build": "?"})", Record(20, 11, 2, 0), "20.11.3");
+    row("blank before the version", R"({"version": " 20.11", "revision": "9", "build": "0"})",
+        Record(20, 11, 1, 0), "");
+    row("leading zero", R"({"version": "20.05", "revision": "9", "build": "0"})", Record(20, 5, 1, 0), "");
+    row("no leading zero", R"({"version": "20.5", "revision": "9", "build": "0"})", Record(20, 5, 1, 0),
+        "20.5.9");
+    row("the second decides against",
+        R"({"version": "20.11", "revision": "9", "build": "0"},
+           {"version": "20.11", "revision": "1", "build": "0"})",
+        Record(20, 11, 1, 0), "");
+    row("the second decides for",
+        R"({"version": "20.11", "revision": "1", "build": "0"},
+           {"version": "20.11", "revision": "9", "build": "0"})",
+        Record(20, 11, 1, 0), "20.11.9");
+    const QByteArray bothEditions =
+        R"({"version": "20.11", "revision": "2", "build": "0", "edition": "progress"},
+           {"version": "20.11", "revision": "3", "build": "0", "edition": "steady"})";
+    row("edition with continuous releases", bothEditions, Record(20, 11, 1, 0, "Progress"), "20.11.2");
+    row("other edition", bothEditions, Record(20, 11, 1, 0, "Steady"), "20.11.3");
+    row("no edition", bothEditions, Record(20, 11, 1, 0), "20.11.3");
+    row("edition up to date, other not", bothEditions, Record(20, 11, 2, 0, "Progress"), "");
+    row("next version is another product", R"({"version": "20.12", "revision": "0", "build": "0"})",
+        Record(20, 11, 1, 0), "");
+}
+
+void HalconComparisonTest::fromFileToInstallation()
+{
+    QFETCH(QByteArray, elements);
+    QFETCH(Record, installed);
+    QFETCH(QString, latest);
+    QStringList log;
+
+    const HalconReleases releases = parseHalconReleases(R"({"halcon": [)" + elements + "]}", &log);
+    const auto found = publishedRelease(releases, installed);
+
+    QCOMPARE(found && isNewer(*found, installed) ? found->versionText() : QString(), latest);
+}
+
+void HalconComparisonTest::lines_data()
+{
+    QTest::addColumn<Record>("latest");
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("line");
+
+    const QString link = "<a href=\"%1\"><span style=\"text-decoration: underline; color:#ff0000; "
+                         "font-size:12pt;\"><b>Update available!</b></span></a><br>";
+    const auto linkTo = [&link](const QString &page) { return QString(link).replace("%1", page); };
+    const QString page = "http://vendor.example/download/halcon/";
+    QTest::newRow("no build") << Record(20, 11, 2, 0) << page
+                              << "Latest version: 20.11.2 " +
+                                     linkTo("http://vendor.example/download/halcon/");
+    QTest::newRow("build") << Record(20, 11, 2, 3) << page << "Latest version: 20.11.2.3 " + linkTo(page);
+    QTest::newRow("revision 0") << Record(20, 11, 0, 0) << page << "Latest version: 20.11.0 " + linkTo(page);
+    QTest::newRow("minor version 0") << Record(13, 0, 1, 0) << page
+                                     << "Latest version: 13.0.1 " + linkTo(page);
+    QTest::newRow("places in the address")
+        << Record(20, 11, 2, 0) << "http://vendor.example/%1/%2/%3?a=%20"
+        << "Latest version: 20.11.2 " + linkTo("http://vendor.example/%1/%2/%3?a=%20");
+    QTest::newRow("no page") << Record(20, 11, 2, 0) << ""
+                             << "Latest version: 20.11.2<br>";
+    QTest::newRow("no page, build") << Record(20, 11, 2, 3) << QString() << "Latest version: 20.11.2.3<br>";
+}
+
+void HalconComparisonTest::lines()
+{
+    QFETCH(Record, latest);
+    QFETCH(QString, page);
+    QFETCH(QString, line);
+    QCOMPARE(updateLine(latest, page), line);
+}
+
+void HalconComparisonTest::lastLine_data()
+{
+    QTest::addColumn<QString>("html");
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("result");
+
+    const auto row = [](const char *name, const QString &html, const QString &line, const QString &result) {
+        QTest::newRow(name) << html << line << result;
+    };
+    row("document", "<html><body><p>a</p></body></html>", "b<br>", "<html><body><p>a</p>b<br></body></html>");
+    row("empty body", "<body></body>", "b", "<body>b</body>");
+    row("two bodies", "<body>1</body><body>2</body>", "b", "<body>1b</body><body>2b</body>");
+    row("no body", "<p>a</p>", "b", "<p>a</p>");
+    row("empty", "", "b", "");
+    row("upper case", "<BODY>a</BODY>", "b", "<BODY>a</BODY>");
+    row("mixed case", "<body>a</Body>", "b", "<body>a</Body>");
+    row("blank in the tag", "<body>a</body >", "b", "<body>a</body >");
+    row("places", "<body>%1 %2</body>", "100% %1 %2<br>", "<body>%1 %2100% %1 %2<br></body>");
+    row("signs of regular expressions", "<body>a</body>", "\\0 \\1 $& $1", "<body>a\\0 \\1 $& $1</body>");
+    row("line with the tag itself", "<body>a</body>", "b</body>", "<body>ab</body></body>");
+    row("empty line", "<body>a</body>", "", "<body>a</body>");
+}
+
+void HalconComparisonTest::lastLine()
+{
+    QFETCH(QString, html);
+    QFETCH(QString, line);
+    QFETCH(QString, result);
+    QCOMPARE(withLastLine(html, line), result);
+}
+
+QTEST_GUILESS_MAIN(HalconComparisonTest)
+#include "HalconComparisonTest.moc"

@@ -1,0 +1,371 @@
+#include "update/OwnRelease.h"
+
+#include "app/MakerAddresses.h"
+
+#include <QtTest>
+
+namespace {
+
+/// The file that tells of a release with these values, each as it stands in JSON.
+QByteArray file(const QByteArray &major, const QByteArray &minor, const QByteArray &message = "\"\"")
+{
+    return R"({"corvanta-for-halcon": {"major": )" + major + R"(, "minor": )" + minor +
+           R"(}, "updateMessage": )" + message + "}";
+}
+
+QByteArray quoted(const QString &text)
+{
+    return '"' + text.toUtf8() + '"';
+}
+
+/// @p release as a line such as "1.9: message"; null when there is none.
+QString description(const std::optional<OwnRelease> &release)
+{
+    return release ? QString::number(release->major) + '.' + QString::number(release->minor) + ": " +
+                         release->message
+                   : QString();
+}
+
+} // namespace
+
+class OwnReleaseTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void newer_data();
+    void newer();
+    void numbers_data();
+    void numbers();
+    void files_data();
+    void files();
+    void brokenFiles_data();
+    void brokenFiles();
+    void ownVersions_data();
+    void ownVersions();
+    void messages_data();
+    void messages();
+    void html_data();
+    void html();
+};
+
+void OwnReleaseTest::newer_data()
+{
+    QTest::addColumn<QString>("major");
+    QTest::addColumn<QString>("minor");
+    QTest::addColumn<QString>("ownVersion");
+    QTest::addColumn<bool>("isNewer");
+
+    const auto row = [](const QString &major, const QString &minor, const QString &ownVersion, bool newer) {
+        QTest::addRow("%s.%s for %s", qPrintable(major), qPrintable(minor), qPrintable(ownVersion))
+            << major << minor << ownVersion << newer;
+    };
+    row("1", "9", "1.8", true);
+    row("1", "8", "1.8", false);
+    row("1", "7", "1.8", false);
+    row("1", "10", "1.8", true);
+    row("1", "10", "1.9", true);
+    row("2", "0", "1.8", true);
+    row("2", "9", "1.8", true);
+    row("10", "0", "9.99", true);
+    row("0", "99", "1.8", false);
+    row("0", "8", "1.8", false);
+    row("0", "0", "0.0", false);
+    row("-1", "9", "1.8", false);
+    row("1", "-9", "1.8", false);
+    row("2147483647", "0", "1.8", true);
+}
+
+void OwnReleaseTest::newer()
+{
+    QFETCH(QString, major);
+    QFETCH(QString, minor);
+    QFETCH(QString, ownVersion);
+    QFETCH(bool, isNewer);
+    QStringList log;
+
+    const auto release = newerOwnRelease(file(quoted(major), quoted(minor), "\"News\""), ownVersion, &log);
+
+    QCOMPARE(description(release), isNewer ? major + '.' + minor + ": News" : QString());
+    QCOMPARE(log, QStringList());
+}
+
+void OwnReleaseTest::numbers_data()
+{
+    QTest::addColumn<QByteArray>("value"); // in JSON
+    QTest::addColumn<QString>("number");   // empty when it is none
+    QTest::addColumn<QString>("text");     // as it is read
+
+    const auto number = [](const char *name, const QString &text, const QString &value) {
+        QTest::newRow(name) << quoted(text) << value << text;
+    };
+    const auto none = [](const char *name, const QString &text) {
+        QTest::newRow(name) << quoted(text) << QString() << text;
+    };
+    number("plain", "9", "9");
+    number("plus", "+9", "9");
+    number("leading zeros", "009", "9");
+    number("blanks around", " 9 ", "9");
+    number("highest", "2147483647", "2147483647");
+    none("empty", "");
+    none("blank", " ");
+    none("point", "1.0");
+    none("beyond 32 bits", "2147483648");
+    none("below 32 bits", "-2147483649");
+    none("beyond 64 bits", "20000000000000000000");
+    none("letter behind", "9a");
+    none("word", "nine");
+    none("hexadecimal", "0x9");
+    none("exponent", "9e0");
+    none("two numbers", "1 9");
+    none("digit of another script", "\u0669");
+    none("what looks like a place", "%1 %2");
+    // They read as empty texts.
+    for (const char *value : {"9", "true", "null", "[\"9\"]", "{\"9\": \"9\"}"}) {
+        QTest::addRow("not a text: %s", value) << QByteArray(value) << QString() << QString();
+    }
+}
+
+void OwnReleaseTest::numbers()
+{
+    QFETCH(QByteArray, value);
+    QFETCH(QString, number);
+    QFETCH(QString, text);
+    const QString complaint =
+        "Could not parse %3 version in string \"" + text + "\". Ignored update information.";
+    const auto expectedLog = [&](const QString &name) {
+        return number.isEmpty() ? QStringList(QString(complaint).replace("%3", name)) : QStringList();
+    };
+
+    QStringList log;
+    const auto byMajor = newerOwnRelease(file(value, "\"4\""), "1.8", &log);
+    QCOMPARE(log, expectedLog("major"));
+    QCOMPARE(description(byMajor), number.isEmpty() ? QString() : number + ".4: ");
+
+    log.clear();
+    const auto byMinor = newerOwnRelease(file("\"4\"", value), "1.8", &log);
+    QCOMPARE(log, expectedLog("minor"));
+    QCOMPARE(description(byMinor), number.isEmpty() ? QString() : "4." + number + ": ");
+}
+
+void OwnReleaseTest::files_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<QString>("release");
+    QTest::addColumn<QStringList>("log");
+
+    const QStringList noMajor{"Could not parse major version in string \"\". Ignored update information."};
+    const QStringList noMinor{"Could not parse minor version in string \"\". Ignored update information."};
+    const auto row = [](const char *name, const QByteArray &bytes, const QString &release,
+                        const QStringList &log) { QTest::newRow(name) << bytes << release << log; };
+    const QByteArray whole = file("\"1\"", "\"9\"", "\"News\"");
+
+    row("nothing", {}, {}, {"Could not fetch Corvanta for HALCON version update information file"});
+    row("whole", whole, "1.9: News", {});
+    row("byte-order mark", "\xef\xbb\xbf" + whole, "1.9: News", {});
+    row("white space around", "\r\n " + whole + " \r\n", "1.9: News", {});
+    row("other keys beside", R"({"a": [], "corvanta-for-halcon": {"build": 7, "minor": "9", "major": "1"}})",
+        "1.9: ", {});
+    row("empty object", "{}", {}, noMajor);
+    row("array", "[" + whole + "]", {}, noMajor);
+    row("no release", R"({"updateMessage": "News"})", {}, noMajor);
+    row("key in upper case", R"({"Corvanta-for-HALCON": {"major": "1", "minor": "9"}})", {}, noMajor);
+    row("numbers at the top", R"({"major": "1", "minor": "9"})", {}, noMajor);
+    row("release is a text", R"({"corvanta-for-halcon": "1.9"})", {}, noMajor);
+    row("release is an array", R"({"corvanta-for-halcon": ["1", "9"]})", {}, noMajor);
+    row("release is null", R"({"corvanta-for-halcon": null})", {}, noMajor);
+    row("no major version", R"({"corvanta-for-halcon": {"minor": "9"}})", {}, noMajor);
+    row("no minor version", R"({"corvanta-for-halcon": {"major": "1"}})", {}, noMinor);
+    row("no minor version, though the major one is newer", R"({"corvanta-for-halcon": {"major": "2"}})", {},
+        noMinor);
+    row("neither is a number: the major version is named",
+        R"({"corvanta-for-halcon": {"major": "a", "minor": "b"}})", {},
+        {"Could not parse major version in string \"a\". Ignored update information."});
+}
+
+void OwnReleaseTest::files()
+{
+    QFETCH(QByteArray, file);
+    QFETCH(QString, release);
+    QFETCH(QStringList, log);
+    QStringList logged{"a line that is there already"};
+
+    const auto read = newerOwnRelease(file, "1.8", &logged);
+
+    QCOMPARE(logged, QStringList("a line that is there already") + log);
+    QCOMPARE(description(read), release);
+}
+
+void OwnReleaseTest::brokenFiles_data()
+{
+    QTest::addColumn<QByteArray>("file");
+
+    const QByteArray whole = file("\"1\"", "\"9\"", "\"News\"");
+    QTest::newRow("blank") << QByteArray(" ");
+    QTest::newRow("page of HTML") << QByteArray("<html><body>Not Found</body></html>");
+    QTest::newRow("null") << QByteArray("null");
+    QTest::newRow("text") << QByteArray("\"1.9\"");
+    QTest::newRow("cut off") << whole.left(whole.size() / 2);
+    QTest::newRow("last byte missing") << whole.left(whole.size() - 1);
+    QTest::newRow("more behind") << whole + '}';
+    QTest::newRow("bytes that are no UTF-8") << file("\"1\"", "\"9\"", "\"N\xff\"");
+    QTest::newRow("nesting too deep") << QByteArray(2000, '[') + QByteArray(2000, ']');
+}
+
+void OwnReleaseTest::brokenFiles()
+{
+    QFETCH(QByteArray, file);
+    QStringList log;
+
+    const auto release = newerOwnRelease(file, "1.8", &log);
+
+    QCOMPARE(log, QStringList("Could not parse Corvanta for HALCON version update information file"));
+    QCOMPARE(description(release), QString());
+}
+
+void OwnReleaseTest::ownVersions_data()
+{
+    QTest::addColumn<QString>("ownVersion");
+    QTest::addColumn<QString>("numbers"); // empty when there are none
+    QTest::addColumn<QString>("line");
+
+    const auto row = [](const char *name, const QString &ownVersion, const QString &numbers) {
+        QTest::newRow(name) << ownVersion << numbers << QString();
+    };
+    const auto failure = [](const char *name, const QString &ownVersion, const QString &line) {
+        QTest::newRow(name) << ownVersion << QString() << line;
+    };
+    row("two numbers", "1.8", "1.8");
+    row("three numbers", "1.8.3", "1.8");
+    row("words around", "version 1.8-beta 2", "1.8");
+    row("two versions: the first counts", "1.8 2.9", "1.8");
+    row("lone numbers before", "3 of 1.8", "1.8");
+    row("leading zeros", "01.008", "1.8");
+    row("minus sign does not count", "-1.8", "1.8");
+    row("zeros", "0.0", "0.0");
+    const QString noVersion = "could not parse our own major.minor version";
+    failure("empty", "", noVersion);
+    failure("one number", "18", noVersion);
+    failure("nothing behind the point", "1.", noVersion);
+    failure("nothing before the point", ".8", noVersion);
+    failure("blank inside", "1. 8", noVersion);
+    failure("word", "development", noVersion);
+    const QString complaint = "Could not parse %1 version of current Corvanta for HALCON instance from "
+                              "string \"%2\". Ignored update information.";
+    const auto unread = [&](const char *name, const QString &ownVersion, const QString &what) {
+        failure(name, ownVersion, QString(complaint).arg(what, ownVersion));
+    };
+    unread("major version beyond 32 bits", "v2147483648.8", "major");
+    unread("minor version beyond 32 bits", "1.2147483648 beta", "minor");
+    unread("both beyond 32 bits", "2147483648.2147483648", "major");
+    unread("digits of another script", "\u0661.\u0668", "major");
+    unread("places", "%1 2147483648.8 %2", "major");
+}
+
+void OwnReleaseTest::ownVersions()
+{
+    QFETCH(QString, ownVersion);
+    QFETCH(QString, numbers);
+    QFETCH(QString, line);
+    const QStringList expectedLog = line.isEmpty() ? QStringList() : QStringList(line);
+    const QStringList own = numbers.split('.');
+    const QString &major = own.constFirst();
+    const int minor = own.constLast().toInt();
+
+    // The very next release and the very same: only these numbers are between them.
+    for (const int published : {minor + 1, minor}) {
+        QStringList log;
+        const auto release =
+            newerOwnRelease(file(quoted(numbers.isEmpty() ? "1" : major), quoted(QString::number(published))),
+                            ownVersion, &log);
+        QCOMPARE(log, expectedLog);
+        QCOMPARE(release.has_value(), !numbers.isEmpty() && published > minor);
+    }
+
+    // What is published is read first.
+    QStringList log;
+    QVERIFY(!newerOwnRelease(file("\"x\"", "\"9\""), ownVersion, &log));
+    QCOMPARE(log, QStringList("Could not parse major version in string \"x\". Ignored update information."));
+}
+
+void OwnReleaseTest::messages_data()
+{
+    QTest::addColumn<QByteArray>("value"); // in JSON
+    QTest::addColumn<QString>("message");
+
+    QTest::newRow("text") << QByteArray("\"News\"") << "News";
+    QTest::newRow("empty") << QByteArray("\"\"") << "";
+    QTest::newRow("HTML") << QByteArray(
+                                 R"("<b>New:</b> <a href=\"http://x.example/\">more<\/a><br>&amp; &lt;")")
+                          << "<b>New:</b> <a href=\"http://x.example/\">more</a><br>&amp; &lt;";
+    QTest::newRow("not ASCII") << QByteArray("\"Gr\xc3\xb6\xc3\x9f"
+                                             "e \\u691c\"")
+                               << "Gr\u00f6\u00dfe \u691c";
+    QTest::newRow("line feeds and blanks") << QByteArray(R"("  one\n\ttwo ")") << "  one\n\ttwo ";
+    QTest::newRow("places") << QByteArray("\"%1 %2 100%\"") << "%1 %2 100%";
+    QTest::newRow("number") << QByteArray("7") << "";
+    QTest::newRow("null") << QByteArray("null") << "";
+    QTest::newRow("array") << QByteArray("[\"News\"]") << "";
+    QTest::newRow("object") << QByteArray("{\"en\": \"News\"}") << "";
+}
+
+void OwnReleaseTest::messages()
+{
+    QFETCH(QByteArray, value);
+    QFETCH(QString, message);
+    QStringList log;
+
+    const auto release = newerOwnRelease(file("\"1\"", "\"9\"", value), "1.8", &log);
+
+    QCOMPARE(description(release), "1.9: " + message);
+    QCOMPARE(log, QStringList());
+
+    // It stands beside the release, not in it.
+    const auto inside = newerOwnRelease(
+        R"({"corvanta-for-halcon": {"major": "1", "minor": "9", "updateMessage": )" + value + "}}", "1.8",
+        &log);
+    QCOMPARE(description(inside), QString("1.9: "));
+}
+
+void OwnReleaseTest::html_data()
+{
+    QTest::addColumn<int>("major");
+    QTest::addColumn<int>("minor");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("ownVersion");
+    QTest::addColumn<QString>("versions");
+
+    const auto row = [](const char *name, const OwnRelease &release, const QString &ownVersion,
+                        const QString &versions) {
+        QTest::newRow(name) << release.major << release.minor << release.message << ownVersion << versions;
+    };
+    row("message", {1, 9, "News"}, "1.8", "Your current version: 1.8<br>Latest version: 1.9");
+    row("no message", {1, 9, ""}, "1.8", "Your current version: 1.8<br>Latest version: 1.9");
+    row("HTML", {2, 0, "<b>New:</b> <a href=\"http://x.example/\">more</a> &amp; &lt;<br>"}, "1.8",
+        "Your current version: 1.8<br>Latest version: 2.0");
+    row("own version as it stands", {10, 0, "News"}, " v01.8-beta & <i>more</i>",
+        "Your current version:  v01.8-beta & <i>more</i><br>Latest version: 10.0");
+    row("places in the message", {1, 9, "%1 %2 %3 %4 %5 %6 100%"}, "1.8",
+        "Your current version: 1.8<br>Latest version: 1.9");
+    row("places in the own version", {1, 9, "News"}, "1.8 %2 %4",
+        "Your current version: 1.8 %2 %4<br>Latest version: 1.9");
+    row("large numbers", {2147483647, 1000000, "News"}, "1.8",
+        "Your current version: 1.8<br>Latest version: 2147483647.1000000");
+}
+
+void OwnReleaseTest::html()
+{
+    QFETCH(int, major);
+    QFETCH(int, minor);
+    QFETCH(QString, message);
+    QFETCH(QString, ownVersion);
+    QFETCH(QString, versions);
+    const QString page = MakerAddresses::homePage();
+    QCOMPARE(ownReleaseHtml({major, minor, message}, ownVersion),
+             "An updated version of Corvanta for HALCON is available for download at<br><br><a href=\"" +
+                 page + "\">" + page + "</a><br><br>" + versions + "<br><br>" + message +
+                 "<br><br>Note: This check can be disabled with the checkbox \"Enable Corvanta for HALCON "
+                 "Update Checks\" near the bottom of the main screen.");
+}
+
+QTEST_GUILESS_MAIN(OwnReleaseTest)
+#include "OwnReleaseTest.moc"
