@@ -1,14 +1,22 @@
 #include "app/MainWindow.h"
 
 #include "app/DebugDialog.h"
+#include "app/DebugLogger.h"
 #include "app/ErrorDialog.h"
 #include "app/MainWindowTexts.h"
+#include "app/MakerAddresses.h"
+#include "app/MessageDialog.h"
 #include "card/SingleHalconVersionFrame.h"
 #include "discovery/RegistryDiscovery.h"
+#include "recent/RecentProgramsFrame.h"
 #include "ui_MainWindow.h"
+#include "update/HalconReleases.h"
+#include "update/OwnRelease.h"
+#include "update/UpdateCheck.h"
 
 #include <QKeyEvent>
 #include <QSettings>
+#include <QUrl>
 
 #include <cstdlib>
 
@@ -25,6 +33,34 @@ bool storedOption(const char *key)
 void storeOption(const char *key, int state)
 {
     QSettings().setValue(QLatin1String(key), state == Qt::Checked);
+}
+
+/// What @p check has brought; empty when there has been none.
+QByteArray downloadedData(const UpdateCheck *check)
+{
+    return check == nullptr ? QByteArray() : check->downloadedData();
+}
+
+/// Logs all at once, because an open log is drawn anew with every message.
+void logLines(const QStringList &lines)
+{
+    if (!lines.isEmpty()) {
+        DebugLogger::instance().log(lines.join(QLatin1Char('\n')));
+    }
+}
+
+/// Adds a line that tells of @p latest to the text that the card had before the first comparison.
+void showUpdate(SingleHalconVersionFrame &card, const HalconInstallation &latest)
+{
+    auto *browser = card.findChild<QTextBrowser *>(QStringLiteral("textBrowser"));
+    const char *const cache = "cachedHtml";
+    if (browser->property(cache).toString().isEmpty()) {
+        browser->setProperty(cache, browser->toHtml());
+    }
+    if (isNewer(latest, card.installation())) {
+        const QString line = updateLine(latest, MakerAddresses::halconDownloads());
+        browser->setHtml(withLastLine(browser->property(cache).toString(), line));
+    }
 }
 
 } // namespace
@@ -54,17 +90,52 @@ MainWindow::~MainWindow() = default;
 void MainWindow::handleUpdateChangeOptionHalcon(int new_state)
 {
     storeOption(updateCheckHalconKey, new_state);
+    if (new_state == Qt::Checked) {
+        downloadHalconReleases();
+    }
 }
 
 void MainWindow::handleUpdateChangeOptionCorvanta(int new_state)
 {
     storeOption(updateCheckCorvantaKey, new_state);
+    if (new_state == Qt::Checked) {
+        downloadOwnRelease();
+    }
+}
+
+void MainWindow::compareVersionsHalcon()
+{
+    QStringList log;
+    const HalconReleases releases = parseHalconReleases(downloadedData(halconUpdateCheck), &log);
+    logLines(log);
+    const auto cards = findChildren<SingleHalconVersionFrame *>();
+    for (SingleHalconVersionFrame *card : cards) {
+        if (const auto latest = publishedRelease(releases, card->installation())) {
+            showUpdate(*card, *latest);
+        }
+    }
+}
+
+void MainWindow::compareVersionCorvanta()
+{
+    const QString ownVersion = QApplication::applicationVersion();
+    QStringList log;
+    const auto release = newerOwnRelease(downloadedData(corvantaUpdateCheck), ownVersion, &log);
+    logLines(log);
+    if (!release) {
+        return;
+    }
+    MessageDialog dialog(ownReleaseHtml(*release, ownVersion));
+    dialog.setWindowTitle(tr("Update available for %1").arg(QApplication::applicationName()));
+    dialog.exec();
 }
 
 void MainWindow::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_F12) {
         showDebugDialog();
+    } else if (event->key() == Qt::Key_F4) {
+        showRecentPrograms();
     } else {
         QMainWindow::keyPressEvent(event);
     }
@@ -93,9 +164,27 @@ void MainWindow::restoreUpdateOptions()
     ui->cbUpdateCheckHalcon->setChecked(storedOption(updateCheckHalconKey));
     connect(ui->cbUpdateCheckHalcon, &QCheckBox::stateChanged, this,
             &MainWindow::handleUpdateChangeOptionHalcon);
+    if (ui->cbUpdateCheckHalcon->isChecked()) {
+        downloadHalconReleases();
+    }
     ui->cbUpdateCheckCorvanta->setChecked(storedOption(updateCheckCorvantaKey));
     connect(ui->cbUpdateCheckCorvanta, &QCheckBox::stateChanged, this,
             &MainWindow::handleUpdateChangeOptionCorvanta);
+    if (ui->cbUpdateCheckCorvanta->isChecked()) {
+        downloadOwnRelease();
+    }
+}
+
+void MainWindow::downloadHalconReleases()
+{
+    halconUpdateCheck = new UpdateCheck(QUrl(MakerAddresses::halconReleaseList()), this);
+    connect(halconUpdateCheck, &UpdateCheck::downloaded, this, &MainWindow::compareVersionsHalcon);
+}
+
+void MainWindow::downloadOwnRelease()
+{
+    corvantaUpdateCheck = new UpdateCheck(QUrl(MakerAddresses::ownRelease()), this);
+    connect(corvantaUpdateCheck, &UpdateCheck::downloaded, this, &MainWindow::compareVersionCorvanta);
 }
 
 void MainWindow::showDebugDialog()
@@ -104,4 +193,14 @@ void MainWindow::showDebugDialog()
         debugDialog = new DebugDialog(this);
     }
     debugDialog->show();
+}
+
+void MainWindow::showRecentPrograms()
+{
+    if (recentPrograms == nullptr) {
+        recentPrograms = new RecentProgramsFrame(this);
+    }
+    // In the middle, which moves when the window changes its size.
+    recentPrograms->move(rect().center() - recentPrograms->rect().center());
+    recentPrograms->show();
 }

@@ -3,7 +3,8 @@
 #include <QString>
 
 /// The maker's addresses, in one place. CMake's cache variables CORVANTA_WEB_DOMAIN, CORVANTA_SHOP_DOMAIN,
-/// CORVANTA_VELLOXA_DOMAIN and CORVANTA_FEEDBACK_ADDRESS set them; their defaults lead to nobody.
+/// CORVANTA_VELLOXA_DOMAIN, CORVANTA_FEEDBACK_ADDRESS and CORVANTA_HALCON_DOWNLOADS set them; the defaults of the
+/// maker's own lead to nobody.
 namespace MakerAddresses {
 
 /// The maker's web domain, such as "maker.example": the organisation domain of the application.
@@ -20,6 +21,15 @@ QString shop();
 
 /// The page from which Velloxa can be downloaded.
 QString velloxaDownloads();
+
+/// The file on the maker's web server that lists the published HALCON releases.
+QString halconReleaseList();
+
+/// The file on the maker's web server that tells of the newest release of this program.
+QString ownRelease();
+
+/// The page of HALCON's vendor from which HALCON can be downloaded; empty when there is to be no link to it.
+QString halconDownloads();
 
 /// The e-mail address for feedback.
 QString feedbackAddress();

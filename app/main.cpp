@@ -3,17 +3,27 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QNetworkProxyFactory>
+
+#include <cstdlib>
 
 int main(int argc, char *argv[])
 {
     // Both have to be set before there is an application object; the second makes icons as sharp as the screen.
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    int exitCode = 0;
     QApplication application(argc, argv);
+    // Behind this, Qt would wait for seconds for the name of a server that is still being looked up.
+    QObject::connect(&application, &QObject::destroyed, [&exitCode] { std::_Exit(exitCode); });
     setApplicationIdentity();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/corvanta.png")));
 
+    // Whether Qt does so of its own accord depends on how it was built.
+    QNetworkProxyFactory::setUseSystemConfiguration(true);
+
     MainWindow window;
     window.show();
-    return QApplication::exec();
+    exitCode = QApplication::exec();
+    return exitCode;
 }

@@ -3,8 +3,11 @@
 #include "app/DebugDialog.h"
 #include "app/MakerAddresses.h"
 #include "card/SingleHalconVersionFrame.h"
+#include "recent/RecentProgramsFrame.h"
+#include "tests/app/WindowMachine.h"
 #include "tests/support/Registry.h"
 #include "tests/support/RichText.h"
+#include "tests/support/WebServer.h"
 
 #include <QCheckBox>
 #include <QKeyEvent>
@@ -17,18 +20,15 @@
 #include <QtTest>
 #include <QVBoxLayout>
 
+using WindowMachine::clear;
+using WindowMachine::click;
+using WindowMachine::install;
+using WindowMachine::settingsKey;
+using WindowMachine::stored;
+using WindowMachine::updateCheckCorvanta;
+using WindowMachine::updateCheckHalcon;
+
 namespace {
-
-const QString productKey = R"(HKEY_LOCAL_MACHINE\Software\MVTec\HALCON)";
-const QString settingsKey = R"(HKEY_CURRENT_USER\Software\Quorvik Solutions\Corvanta for HALCON)";
-const QString updateCheckHalcon = "updateCheckHalcon";
-const QString updateCheckCorvanta = "updateCheckCorvanta";
-
-void install(const QString &version)
-{
-    Registry::setDword(productKey + '\\' + version + "\\InstalledComponents", "RuntimeX64", 1);
-    Registry::setString(productKey + '\\' + version + "\\Initialized", "InstallDir", "C:\\" + version);
-}
 
 QStringList cardTexts(const MainWindow &window)
 {
@@ -41,19 +41,13 @@ QStringList cardTexts(const MainWindow &window)
     return texts;
 }
 
-/// The stored value as the registry has it, or an invalid one when there is none.
-QVariant stored(const QString &name)
-{
-    return QSettings(settingsKey, QSettings::NativeFormat).value(name);
-}
-
 } // namespace
 
 class MainWindowTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { setApplicationIdentity(); }
+    void initTestCase();
     void init();
     void titleAndState();
     void widgetTree();
@@ -71,14 +65,25 @@ private slots:
     void f12ShowsOneDebugDialog();
     void f12IsTaken_data();
     void f12IsTaken();
+    void f4ShowsOneListOfRecentPrograms();
+    void f4IsTaken_data() { f12IsTaken_data(); }
+    void f4IsTaken();
+    void f4PutsTheListInTheMiddle();
     void otherKeysArePassedOn_data();
     void otherKeysArePassedOn();
 };
 
+void MainWindowTest::initTestCase()
+{
+    setApplicationIdentity();
+    // What is asked for is nobody's business here.
+    QNetworkProxy::setApplicationProxy(
+        QNetworkProxy(QNetworkProxy::HttpProxy, "127.0.0.1", WebServer::closedPort()));
+}
+
 void MainWindowTest::init()
 {
-    Registry::removeTree(productKey);
-    Registry::removeTree(settingsKey);
+    clear();
     install("13.0");
 }
 
@@ -247,11 +252,9 @@ void MainWindowTest::changingAnOptionStoresIt()
     MainWindow window;
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
-    auto *box = window.findChild<QCheckBox *>(checkBox);
-    const QPoint onBox(8, box->height() / 2);
-    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, onBox);
+    click(window, checkBox);
     QCOMPARE(stored(key), QVariant("true"));
-    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, onBox);
+    click(window, checkBox);
     QCOMPARE(stored(key), QVariant("false"));
     QCOMPARE(QSettings(settingsKey, QSettings::NativeFormat).allKeys(), QStringList{key});
 }
@@ -300,6 +303,52 @@ void MainWindowTest::f12IsTaken()
     QApplication::sendEvent(&window, &press);
     QVERIFY(press.isAccepted());
     QVERIFY(window.findChild<DebugDialog *>() != nullptr);
+}
+
+void MainWindowTest::f4ShowsOneListOfRecentPrograms()
+{
+    MainWindow window;
+    window.show();
+    QVERIFY(window.findChild<RecentProgramsFrame *>() == nullptr);
+
+    QTest::keyClick(&window, Qt::Key_F4);
+    auto *frame = window.findChild<RecentProgramsFrame *>();
+    QVERIFY(frame != nullptr);
+    QVERIFY(frame->isVisible());
+    QVERIFY(!frame->isWindow());
+    QCOMPARE(frame->parentWidget(), &window);
+
+    frame->hide();
+    QTest::keyClick(&window, Qt::Key_F4, Qt::ControlModifier);
+    QCOMPARE(window.findChildren<RecentProgramsFrame *>(), QList<RecentProgramsFrame *>{frame});
+    QVERIFY(frame->isVisible());
+    QTest::keyClick(&window, Qt::Key_F4);
+    QCOMPARE(window.findChildren<RecentProgramsFrame *>(), QList<RecentProgramsFrame *>{frame});
+    QVERIFY(frame->isVisible());
+}
+
+void MainWindowTest::f4IsTaken()
+{
+    QFETCH(int, modifiers);
+    MainWindow window;
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_F4, Qt::KeyboardModifiers(modifiers));
+    QApplication::sendEvent(&window, &press);
+    QVERIFY(press.isAccepted());
+    QVERIFY(window.findChild<RecentProgramsFrame *>() != nullptr);
+}
+
+void MainWindowTest::f4PutsTheListInTheMiddle()
+{
+    MainWindow window;
+    window.showNormal();
+    for (const QSize &size : {QSize(900, 700), QSize(1200, 800)}) {
+        window.resize(size);
+        QTRY_COMPARE(window.size(), size);
+        QTest::keyClick(&window, Qt::Key_F4);
+        const auto *frame = window.findChild<RecentProgramsFrame *>();
+        QCOMPARE(frame->size(), QSize(400, 178));
+        QCOMPARE(frame->geometry().center(), window.rect().center());
+    }
 }
 
 void MainWindowTest::otherKeysArePassedOn_data()
