@@ -34,14 +34,6 @@ click_permanent() {
   click $button
 }
 
-# answer TITLE KEY: waits for a box, presses a key in it, and waits until it is gone.
-answer() {
-  wait_for_window "$1" || give_up "the box '$1' did not show"
-  wait_until_still
-  xdotool key "$2"
-  wait_until_gone "$1"
-}
-
 expect "variables before" "$(machine_variables)" ''
 
 start_with "product 12.0 'C:\\Program Files\\MVTec\\HALCON-12.0' x64 examples='C:\\Examples 12.0'"
@@ -55,7 +47,8 @@ HALCONROOT=C:\Program Files\MVTec\HALCON-12.0'
 expect "variables after a switch" "$(machine_variables)" "$of_12"
 end_program
 
-start_with "product 13.0 'C:\\Program Files\\MVTec\\HALCON-13.0 (a & b)' x64 examples='C:\\Examples 13.0'"
+root_of_13='C:\Program Files\MVTec\HALCON-13.0 (a & b)'
+start_with "product 13.0 '$root_of_13' x64 examples='C:\\Examples 13.0'"
 click_permanent
 answer 'Perform permanent changes?' Escape
 answer 'Cancelled' Return
@@ -66,6 +59,32 @@ cp "$program_dir/vswhere.exe" "$program_dir/qz_com_helper.exe"
 rm "$program_dir/vswhere-report.txt"
 click_permanent
 answer 'Perform permanent changes?' Return
+# What was shown before the switch is there a second time.
+plan="changing environment variable HALCONROOT (scope: system) from
+ C:\\Program Files\\MVTec\\HALCON-12.0 to
+ $root_of_13 (scope: system)
+changing environment variable HALCONARCH (scope: system) from
+ x64-win64 to
+ x64-win64 (scope: system)
+changing environment variable HALCONIMAGES (scope: system) from
+ C:\\Examples 12.0\\examples\\images to
+ C:\\Examples 13.0\\examples\\images (scope: system)
+changing environment variable HALCONEXAMPLES (scope: system) from
+ C:\\Examples 12.0\\examples to
+ C:\\Examples 13.0\\examples (scope: system)
+executing helper process with elevated rights: C:\\Program Files\\Corvanta for HALCON\\qz_com_helper.exe"
+plan+=" --env HALCONROOT=\"$root_of_13\" --env HALCONARCH=\"x64-win64\""
+plan+=' --env HALCONIMAGES="C:\Examples 13.0\examples\images" --env HALCONEXAMPLES="C:\Examples 13.0\examples" --x64'
+for library in halconx halconxxl hdevenginex hdevenginexxl; do
+  plan+=" \"$root_of_13\\bin\\x64-win64\\$library.dll\""
+done
+broadcast='broadcast environment updated message (WM_SETTINGCHANGE)'
+expect "the warning" "$(box_text Errors)" "There were errors when switching to HALCON 13.0.0 (x64-win64):
+$plan
+$broadcast
+$plan
+helper process returned with value 1. This indicates an error in the execution!
+$broadcast"
 answer 'Errors' Return
 expect "variables after a failure" "$(machine_variables)" "$of_12"
 
@@ -76,6 +95,6 @@ answer 'Switched' Return
 expect "variables after another switch" "$(machine_variables)" 'HALCONARCH=x64-win64
 HALCONEXAMPLES=C:\Examples 13.0\examples
 HALCONIMAGES=C:\Examples 13.0\examples\images
-HALCONROOT=C:\Program Files\MVTec\HALCON-13.0 (a & b)'
+HALCONROOT='"$root_of_13"
 end_program
 conclude
