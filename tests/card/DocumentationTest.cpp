@@ -1,6 +1,7 @@
 #include "card/Documentation.h"
 #include "tests/card/DocumentationLines.h"
 #include "tests/card/DocumentationTree.h"
+#include "tests/support/CurrentDirectory.h"
 #include "tests/support/Messages.h"
 
 #include <QtTest>
@@ -16,21 +17,6 @@ QString fileWarning(const QString &name)
 {
     return "cannot beautify unknown file name \"" + name + "\" in beautifyFilename()";
 }
-
-/// Makes another directory the current one until the end.
-class CurrentDirectoryGuard {
-public:
-    explicit CurrentDirectoryGuard(const QString &path) : before(QDir::currentPath())
-    {
-        QDir::setCurrent(path);
-    }
-    CurrentDirectoryGuard(const CurrentDirectoryGuard &) = delete;
-    CurrentDirectoryGuard &operator=(const CurrentDirectoryGuard &) = delete;
-    ~CurrentDirectoryGuard() { QDir::setCurrent(before); }
-
-private:
-    QString before;
-};
 
 } // namespace
 
@@ -150,7 +136,7 @@ void DocumentationTest::noDirectory()
 {
     const DocumentationTree tree;
     tree.addEverything();
-    const CurrentDirectoryGuard current(tree.installDir());
+    const CurrentDirectory current(tree.installDir());
     const CaughtMessages messages;
     QCOMPARE(allEntryLines(findDocumentation(""), tree), QStringList());
     QCOMPARE(allEntryLines(findDocumentation(QString()), tree), QStringList());

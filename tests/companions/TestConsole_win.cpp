@@ -1,3 +1,4 @@
+#include "launch/WindowsHandle.h"
 #include "tests/companions/TestConsole.h"
 
 #include <QtGlobal>
@@ -11,23 +12,6 @@
 namespace {
 
 constexpr SHORT height = 100;
-
-class UniqueHandle {
-public:
-    explicit UniqueHandle(HANDLE handle) : handle(handle) {}
-    UniqueHandle(const UniqueHandle &) = delete;
-    UniqueHandle &operator=(const UniqueHandle &) = delete;
-    ~UniqueHandle()
-    {
-        if (handle != nullptr && handle != INVALID_HANDLE_VALUE) {
-            CloseHandle(handle);
-        }
-    }
-    HANDLE get() const { return handle; }
-
-private:
-    HANDLE handle;
-};
 
 void require(BOOL success, const char *call)
 {
@@ -74,8 +58,8 @@ INPUT_RECORD key(wchar_t character, bool down)
 } // namespace
 
 struct TestConsole::Handles {
-    UniqueHandle output{openConsole(L"CONOUT$")};
-    UniqueHandle input{openConsole(L"CONIN$")};
+    WindowsHandle output{openConsole(L"CONOUT$")};
+    WindowsHandle input{openConsole(L"CONIN$")};
 
     CONSOLE_SCREEN_BUFFER_INFO info() const
     {
@@ -96,7 +80,7 @@ TestConsole::TestConsole()
 TestConsole::~TestConsole()
 {
     for (const DWORD id : processesInConsole()) {
-        const UniqueHandle process(OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id));
+        const WindowsHandle process(OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id));
         if (process.get() != nullptr) {
             TerminateProcess(process.get(), 1);
             WaitForSingleObject(process.get(), INFINITE);

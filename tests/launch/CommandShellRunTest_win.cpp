@@ -68,6 +68,7 @@ private slots:
     void editionCutsBanner_data();
     void editionCutsBanner();
     void editionRedirectsBanner();
+    void editionReadsFile();
     void halconEditionCutsTitle();
     void missingDirectory();
     void directoryNamedLikeVariable();
@@ -377,6 +378,16 @@ void CommandShellRunTest::editionRedirectsBanner()
     QFile file(path("tools/White)"));
     QVERIFY(file.open(QFile::ReadOnly));
     QCOMPARE(file.readAll(), QByteArray("type 'devenv' to launch Visual Studio 14.0 (Black (amd64)\r\n"));
+}
+
+/// Nothing is printed without the file that the line asks for, but the interpreter's complaint.
+void CommandShellRunTest::editionReadsFile()
+{
+    visualStudio.edition = "Black<White";
+
+    run(QStringList{banner.at(0)} + answerTo("echo <White) (amd64)") + QStringList{banner.at(2)});
+
+    QCOMPARE(found.variable("BUILD_ENVIRONMENT"), "on");
 }
 
 void CommandShellRunTest::halconEditionCutsTitle()

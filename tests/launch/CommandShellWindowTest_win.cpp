@@ -1,6 +1,7 @@
 // The shell as the program starts it: the program has no console, so the shell gets a window of its own.
 
 #include "launch/CommandShell.h"
+#include "launch/WindowsHandle.h"
 
 #include <QtTest>
 
@@ -12,27 +13,10 @@ namespace {
 
 constexpr int timeoutMilliseconds = 20000;
 
-class UniqueHandle {
-public:
-    explicit UniqueHandle(HANDLE handle) : handle(handle) {}
-    UniqueHandle(const UniqueHandle &) = delete;
-    UniqueHandle &operator=(const UniqueHandle &) = delete;
-    ~UniqueHandle()
-    {
-        if (handle != nullptr && handle != INVALID_HANDLE_VALUE) {
-            CloseHandle(handle);
-        }
-    }
-    HANDLE get() const { return handle; }
-
-private:
-    HANDLE handle;
-};
-
 /// The command interpreter that this program has started, or 0.
 DWORD interpreterProcess()
 {
-    const UniqueHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    const WindowsHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
     PROCESSENTRY32W entry = {};
     entry.dwSize = sizeof(entry);
     for (BOOL more = Process32FirstW(snapshot.get(), &entry); more != 0;
@@ -61,7 +45,7 @@ public:
     bool isRunning() const { return WaitForSingleObject(process.get(), 0) == WAIT_TIMEOUT; }
 
 private:
-    UniqueHandle process;
+    WindowsHandle process;
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "launch/ProcessStart.h"
 #include "tests/launch/SystemErrors.h"
+#include "tests/support/CurrentDirectory.h"
 #include "tests/support/EchoChild.h"
 #include "tests/support/Messages.h"
 
@@ -15,21 +16,6 @@ HalconInstallation installation()
     result.arch = "x64-win64";
     return result;
 }
-
-/// Makes another directory the current one until the end.
-class CurrentDirectoryGuard {
-public:
-    explicit CurrentDirectoryGuard(const QString &path) : before(QDir::currentPath())
-    {
-        QDir::setCurrent(path);
-    }
-    CurrentDirectoryGuard(const CurrentDirectoryGuard &) = delete;
-    CurrentDirectoryGuard &operator=(const CurrentDirectoryGuard &) = delete;
-    ~CurrentDirectoryGuard() { QDir::setCurrent(before); }
-
-private:
-    QString before;
-};
 
 } // namespace
 
@@ -153,7 +139,7 @@ void ProcessStartTest::currentDirectoryIsInherited()
 {
     EchoChild::copyTo(path("bin/tool.exe"));
     QVERIFY(QDir(directory->path()).mkdir("current"));
-    const CurrentDirectoryGuard current(path("current"));
+    const CurrentDirectory current(path("current"));
     const EchoChild child;
 
     QVERIFY(startProcess(path("bin/tool.exe"), "x", installation(), nullptr));
