@@ -8,9 +8,9 @@
 
 namespace {
 
-constexpr QLatin1String matchColour("red");
+constexpr const char *matchColour = "red";
 // For a second kind of highlighting, which nothing uses yet.
-[[maybe_unused]] constexpr QLatin1String otherColour("#3783CD");
+[[maybe_unused]] constexpr const char *otherColour = "#3783CD";
 
 /// Path of HDevelop's settings file, or nothing when Windows tells of no directory for it.
 QString settingsFile()
@@ -81,7 +81,7 @@ HighlightedPath highlightPath(const QString &path, const QString &searchText)
     }
     const QString needle = searchText.toHtmlEscaped();
     const int score = html.count(needle, Qt::CaseInsensitive);
-    const QString marked = QStringLiteral("<b><font color='") + matchColour + QStringLiteral("'>") + needle +
-                           QStringLiteral("</font></b>");
+    const QString marked = QStringLiteral("<b><font color='") + QLatin1String(matchColour) +
+                           QStringLiteral("'>") + needle + QStringLiteral("</font></b>");
     return {QString(html).replace(needle, marked, Qt::CaseInsensitive), score};
 }

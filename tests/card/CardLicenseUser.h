@@ -4,9 +4,9 @@
 #include "license/InstallLicenseDialog.h"
 #include "license/InstallLicenseDropFrame.h"
 #include "tests/card/BoxLines.h"
-#include "tests/support/DialogUser.h"
 #include "tests/license/Drops.h"
 #include "tests/license/LicenseFiles.h"
+#include "tests/support/DialogUser.h"
 
 #include <QDialogButtonBox>
 #include <QPushButton>

@@ -1,8 +1,8 @@
 #include "license/InstallLicenseDialog.h"
 #include "app/ApplicationIdentity.h"
 #include "license/InstallLicenseDropFrame.h"
-#include "tests/support/DialogUser.h"
 #include "tests/license/Drops.h"
+#include "tests/support/DialogUser.h"
 #include "tests/support/WidgetTree.h"
 
 #include <QDialogButtonBox>
