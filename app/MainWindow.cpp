@@ -203,4 +203,6 @@ void MainWindow::showRecentPrograms()
     // In the middle, which moves when the window changes its size.
     recentPrograms->move(rect().center() - recentPrograms->rect().center());
     recentPrograms->show();
+    // It may have been shown already, while the user was elsewhere.
+    recentPrograms->setFocus(Qt::OtherFocusReason);
 }

@@ -14,7 +14,8 @@ int main(int argc, char *argv[])
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     int exitCode = 0;
     QApplication application(argc, argv);
-    // Behind this, Qt would wait for seconds for the name of a server that is still being looked up.
+    // Here everything of ours is gone. Qt would go on waiting for the name of a server that is still being looked up,
+    // for seconds.
     QObject::connect(&application, &QObject::destroyed, [&exitCode] { std::_Exit(exitCode); });
     setApplicationIdentity();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/corvanta.png")));

@@ -46,6 +46,7 @@ RecentProgramsFrame::RecentProgramsFrame(QWidget *parent)
       ui(std::make_unique<Ui::RecentProgramsFrame>())
 {
     ui->setupUi(this);
+    setFocusProxy(ui->leSearchRecent);
     ui->leSearchRecent->setFocus(Qt::OtherFocusReason);
     programs->setHorizontalHeaderLabels({tr("Recent")});
     // Ordered once when all rows are right, not anew for each row that changes.
@@ -130,7 +131,7 @@ void RecentProgramsFrame::highlight_matching(const QString & /*text*/)
 void RecentProgramsFrame::showEvent(QShowEvent *event)
 {
     QFrame::showEvent(event);
-    ui->leSearchRecent->setFocus(Qt::OtherFocusReason);
+    setFocus(Qt::OtherFocusReason);
 }
 
 void RecentProgramsFrame::keyPressEvent(QKeyEvent *event)
@@ -144,13 +145,13 @@ void RecentProgramsFrame::keyPressEvent(QKeyEvent *event)
 
 void RecentProgramsFrame::makeRoomForWidest(const QStringList &paths)
 {
-    // A whole row can be found, and bold letters are wider.
+    // A whole row can be found. It is shown in bold letters then, and in capitals if they were typed.
     QFont bold = ui->treeView->font();
     bold.setBold(true);
     const QFontMetrics metrics(bold);
     int width = 0;
     for (const QString &path : paths) {
-        width = std::max(width, metrics.horizontalAdvance(path));
+        width = std::max({width, metrics.horizontalAdvance(path), metrics.horizontalAdvance(path.toUpper())});
     }
     constexpr int margins = 16; // of the text's document and of the row
     ui->treeView->header()->setMinimumSectionSize(width + margins);

@@ -80,7 +80,7 @@ HalconReleases parseHalconReleases(const QByteArray &file, QStringList *log)
         log->append(QStringLiteral("Could not fetch HALCON versions update information file"));
         return releases;
     }
-    QJsonParseError error;
+    QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(file, &error);
     if (document.isNull()) {
         log->append(QStringLiteral("Could not parse HALCON versions update information file:"));

@@ -5,6 +5,8 @@
 #include "card/SingleHalconVersionFrame.h"
 #include "recent/RecentProgramsFrame.h"
 #include "tests/app/WindowMachine.h"
+#include "tests/recent/HDevelopSettings.h"
+#include "tests/recent/ShownPrograms.h"
 #include "tests/support/Registry.h"
 #include "tests/support/RichText.h"
 #include "tests/support/WebServer.h"
@@ -58,6 +60,7 @@ private slots:
     void optionsAreOffAtFirst();
     void storedOptionsAreRestored_data();
     void storedOptionsAreRestored();
+    void restoringDoesNotWrite_data() { storedOptionsAreRestored_data(); }
     void restoringDoesNotWrite();
     void changingAnOptionStoresIt_data();
     void changingAnOptionStoresIt();
@@ -69,6 +72,8 @@ private slots:
     void f4IsTaken_data() { f12IsTaken_data(); }
     void f4IsTaken();
     void f4PutsTheListInTheMiddle();
+    void f4LeadsToTheSearchLine();
+    void f4ReadsTheListOnce();
     void otherKeysArePassedOn_data();
     void otherKeysArePassedOn();
 };
@@ -230,14 +235,16 @@ void MainWindowTest::storedOptionsAreRestored()
 
 void MainWindowTest::restoringDoesNotWrite()
 {
+    QFETCH(QString, key);
+    QFETCH(QString, checkBox);
     // A text that reads as true but is not what the program would write.
-    Registry::setString(settingsKey, updateCheckHalcon, "yes");
+    Registry::setString(settingsKey, key, "yes");
     {
         const MainWindow window;
-        QVERIFY(window.findChild<QCheckBox *>("cbUpdateCheckHalcon")->isChecked());
+        QVERIFY(window.findChild<QCheckBox *>(checkBox)->isChecked());
     }
-    QCOMPARE(stored(updateCheckHalcon), QVariant("yes"));
-    QVERIFY(!stored(updateCheckCorvanta).isValid());
+    QCOMPARE(stored(key), QVariant("yes"));
+    QCOMPARE(QSettings(settingsKey, QSettings::NativeFormat).allKeys(), QStringList{key});
 }
 
 void MainWindowTest::changingAnOptionStoresIt_data()
@@ -349,6 +356,38 @@ void MainWindowTest::f4PutsTheListInTheMiddle()
         QCOMPARE(frame->size(), QSize(400, 178));
         QCOMPARE(frame->geometry().center(), window.rect().center());
     }
+}
+
+void MainWindowTest::f4LeadsToTheSearchLine()
+{
+    MainWindow window;
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QTest::keyClick(&window, Qt::Key_F4);
+    const QWidget *line = searchLine(*window.findChild<RecentProgramsFrame *>());
+    QCOMPARE(QApplication::focusWidget(), line);
+    window.findChild<QCheckBox *>("cbUpdateCheckHalcon")->setFocus();
+    QVERIFY(!line->hasFocus());
+    QTest::keyClick(&window, Qt::Key_F4);
+    QCOMPARE(QApplication::focusWidget(), line);
+}
+
+void MainWindowTest::f4ReadsTheListOnce()
+{
+    const HDevelopSettings settings;
+    settings.writePrograms({"C:\\a.hdev", "C:\\b.hdev"});
+    MainWindow window;
+    window.show();
+    settings.writePrograms({"C:\\b.hdev"});
+    QTest::keyClick(&window, Qt::Key_F4);
+    auto *frame = window.findChild<RecentProgramsFrame *>();
+    QCOMPARE(shownPaths(*frame), QStringList{"C:\\b.hdev"});
+
+    settings.writePrograms({"C:\\c.hdev"});
+    QTest::keyClick(&window, Qt::Key_F4);
+    frame->hide();
+    QTest::keyClick(&window, Qt::Key_F4);
+    QCOMPARE(shownPaths(*frame), QStringList{"C:\\b.hdev"});
 }
 
 void MainWindowTest::otherKeysArePassedOn_data()

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Without an installation the program shows one dialog, never its window, and ends with exit code 1, however the
-# dialog is closed.
+# Without an installation the program shows one dialog, never its window, looks for no updates, and ends with exit code
+# 1, however the dialog is closed.
 #
 #   no_installation.sh PROGRAM ok|escape|close
 set -uo pipefail
@@ -8,6 +8,12 @@ source "$(dirname "${BASH_SOURCE[0]}")/expectations"
 
 program=$1 way=$2
 title='Corvanta for HALCON'
+
+mkdir "$TEST_DIRECTORY/web"
+serve "$TEST_DIRECTORY/web"
+for option in updateCheckHalcon updateCheckCorvanta; do
+  wine reg add 'HKCU\Software\Quorvik Solutions\Corvanta for HALCON' /v $option /d true /f >/dev/null
+done
 
 wine "$program" &
 pid=$!
@@ -40,4 +46,5 @@ done
 kill -0 $pid 2>/dev/null && give_up "the program did not end"
 wait $pid
 expect "exit code" $? 1
+expect "requests" "$(cat "$requests")" ''
 conclude

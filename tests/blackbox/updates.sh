@@ -5,10 +5,8 @@
 #   updates.sh PROGRAM STAND_INS
 set -uo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/expectations"
-source "$tools/demo-machine/web-server"
 
 program=$1 stand_ins=$2
-requests=$TEST_DIRECTORY/requests
 list='GET http://www.quorvik.example/halcon-versions.json HTTP/1.1'
 own='GET http://www.quorvik.example/corvanta-for-halcon-version.json HTTP/1.1'
 
@@ -66,16 +64,9 @@ stored_options() {
     tr -d '\r' | sed -nE 's/^ *(update[A-Za-z]+) +REG_SZ *(.*)$/\1=\2/p' | sort
 }
 
-# Starts the web server with the given options in the place of the one before.
-serve() {
-  [ -z "${web_server:-}" ] || kill "$web_server"
-  : >"$requests"
-  start_web_server --log "$requests" "$@" "$TEST_DIRECTORY/web" || give_up "no web server"
-}
-trap 'kill "$web_server" 2>/dev/null' EXIT
 news='Update available for Corvanta for HALCON'
 
-serve
+serve "$TEST_DIRECTORY/web"
 start_program "$program"
 expect "requests of a first start" "$(requested)" ''
 expect "red pixels at first" "$(red_pixels)" '0 0'
@@ -105,7 +96,7 @@ wait_for_update_line "next start"
 expect "requests of the next start" "$(requested | grep GET)" "$own"$'\n'"$list"
 end_program
 
-serve --silent
+serve --silent "$TEST_DIRECTORY/web"
 start_program "$program"
 wait_for_requests 2
 expect "red pixels without an answer" "$(red_pixels)" '0 0'

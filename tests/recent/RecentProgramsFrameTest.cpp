@@ -26,6 +26,7 @@ private slots:
     void rows_data();
     void rows();
     void rowsAreNotEditable();
+    void longPathsFit_data();
     void longPathsFit();
     void notReadAnewWhenShownAgain();
     void updateRecent();
@@ -213,8 +214,17 @@ void RecentProgramsFrameTest::rowsAreNotEditable()
     }
 }
 
+void RecentProgramsFrameTest::longPathsFit_data()
+{
+    QTest::addColumn<bool>("inCapitals");
+
+    QTest::newRow("searched for as it is") << false;
+    QTest::newRow("searched for in capitals") << true;
+}
+
 void RecentProgramsFrameTest::longPathsFit()
 {
+    QFETCH(bool, inCapitals);
     const QString path = "C:/" + QString("a long directory name/").repeated(20) + "a.hdev";
     settings.writePrograms({"C:/a.hdev", path, "C:/b.hdev"});
     RecentProgramsFrame frame;
@@ -223,7 +233,8 @@ void RecentProgramsFrameTest::longPathsFit()
     const int lineHeight = list(frame)->visualRect(shownModel(frame)->index(0, 0)).height();
 
     // All of it is found, and bold letters are wider.
-    searchLine(frame)->setText(QString(path).replace('/', '\\'));
+    const QString search = QString(path).replace('/', '\\');
+    searchLine(frame)->setText(inCapitals ? search.toUpper() : search);
 
     QTextDocument document;
     document.setDefaultFont(list(frame)->font());

@@ -149,6 +149,7 @@ WebServer::WebServer()
     connect(&listener, &QTcpServer::newConnection, this, [this] {
         while (QTcpSocket *socket = listener.nextPendingConnection()) {
             connections << new Connection(*this, socket);
+            ++accepted;
         }
     });
     if (!listener.listen(QHostAddress::LocalHost)) {
@@ -194,6 +195,11 @@ QList<QByteArray> WebServer::targets() const
         targets << request.target;
     }
     return targets;
+}
+
+int WebServer::acceptedConnections() const
+{
+    return accepted;
 }
 
 int WebServer::openConnections() const

@@ -88,6 +88,9 @@ public:
     /// The targets of requests().
     QList<QByteArray> targets() const;
 
+    /// How many connections there have been so far.
+    int acceptedConnections() const;
+
     /// The connections that neither side has closed.
     int openConnections() const;
 
@@ -107,6 +110,7 @@ private:
     WebAnswer take(const WebRequest &request);
 
     QTcpServer listener;
+    int accepted = 0;
     QList<Connection *> connections;
     QList<WebRequest> taken;
     QHash<QByteArray, WebAnswer> answers;

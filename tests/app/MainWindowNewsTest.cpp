@@ -1,0 +1,283 @@
+#include "app/ApplicationIdentity.h"
+#include "app/MessageDialog.h"
+#include "tests/app/UpdateMachine.h"
+#include "tests/support/DialogUser.h"
+#include "tests/support/Messages.h"
+#include "tests/support/RichText.h"
+#include "update/UpdateCheck.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+
+using WindowMachine::click;
+using WindowMachine::install;
+using WindowMachine::settingsKey;
+using WindowMachine::updateCheckCorvanta;
+using WindowMachine::updateCheckHalcon;
+
+Q_DECLARE_METATYPE(WebAnswer)
+
+namespace {
+
+const QByteArray newProgram =
+    R"({"corvanta-for-halcon": {"major": "1", "minor": "9"}, "updateMessage": "<b>%1</b> & more"})";
+
+/// What @p html looks like once a browser has taken it in and is asked for it again.
+QString digested(const QString &html, const QTextBrowser &alike)
+{
+    QTextDocument document;
+    document.setDefaultFont(alike.document()->defaultFont());
+    document.setHtml(html);
+    return document.toHtml();
+}
+
+/// @p html with the line that tells of the release @p version.
+QString withUpdate(const QString &html, const QString &version)
+{
+    return QString(html).replace(
+        "</body>", "Latest version: " + version +
+                       " <a href=\"http://www.mvtec.com/download/halcon/\"><span style=\"text-decoration: "
+                       "underline; color:#ff0000; font-size:12pt;\"><b>Update available!</b></span></a><br>"
+                       "</body>");
+}
+
+} // namespace
+
+/// What the window makes of what it is sent.
+class MainWindowNewsTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<UpdateMachine> machine;
+
+private slots:
+    void initTestCase() { setApplicationIdentity(); }
+    void init() { machine = std::make_unique<UpdateMachine>(); }
+    void cleanup() { machine.reset(); }
+    void cardsTellOfUpdates();
+    void comparingAgainAddsNoSecondLine();
+    void missingDirectoriesStayMarked();
+    void newestComparisonCounts();
+    void failuresGoToTheLog_data();
+    void failuresGoToTheLog();
+    void comparingWithoutADownload();
+    void dialogTellsOfANewProgram();
+    void oldProgramIsNoNews_data();
+    void oldProgramIsNoNews();
+};
+
+void MainWindowNewsTest::cardsTellOfUpdates()
+{
+    install("17.12");
+    install("20.11");
+    install("20.11-Progress");
+    install("18.11-Progress");
+    machine->server.setAnswer(
+        releaseList,
+        WebAnswer::ok(listOf({release("13.0", "3", "steady"), release("20.11", "0", "steady"),
+                              release("20.11", "2", "progress"), release("18.11", "5", "steady")})));
+    Registry::setString(settingsKey, updateCheckHalcon, "true");
+    const MainWindow window;
+    QMap<QString, QString> before;
+    for (const QString version : {"13.0.0", "17.12.0", "20.11.0", "20.11.0 Progress", "18.11.0 Progress"}) {
+        before.insert(version, details(window, version)->toHtml());
+    }
+    const auto now = [&](const QString &version) { return details(window, version)->toHtml(); };
+    QTRY_VERIFY(now("20.11.0 Progress") != before.value("20.11.0 Progress"));
+
+    const auto updated = [&](const QString &version, const QString &latest) {
+        return digested(withUpdate(before.value(version), latest), *details(window, version));
+    };
+    QCOMPARE(now("13.0.0"), updated("13.0.0", "13.0.3"));
+    QCOMPARE(now("20.11.0 Progress"), updated("20.11.0 Progress", "20.11.2"));
+    QCOMPARE(now("20.11.0"), before.value("20.11.0"));
+    QCOMPARE(now("17.12.0"), before.value("17.12.0"));
+    QCOMPARE(now("18.11.0 Progress"), before.value("18.11.0 Progress"));
+
+    // Kept for each card that a release is published for, newer or not.
+    const auto kept = [&](const QString &version) {
+        return details(window, version)->property("cachedHtml");
+    };
+    QCOMPARE(kept("13.0.0"), QVariant(before.value("13.0.0")));
+    QCOMPARE(kept("20.11.0"), QVariant(before.value("20.11.0")));
+    QCOMPARE(kept("17.12.0"), QVariant());
+    QCOMPARE(kept("18.11.0 Progress"), QVariant());
+}
+
+void MainWindowNewsTest::comparingAgainAddsNoSecondLine()
+{
+    const QTemporaryDir directory;
+    install("13.0", QDir::toNativeSeparators(directory.filePath("a %1 b %2 %3")));
+    machine->server.setAnswer(releaseList, WebAnswer::ok(listOf({release("13.0", "1", "steady")})));
+    MainWindow window;
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QTextBrowser *browser = details(window, "13.0.0");
+    const QString before = browser->toHtml();
+    QVERIFY(before.contains("a %1 b %2 %3"));
+    const QString updated = digested(withUpdate(before, "13.0.1"), *browser);
+    const LogLines log;
+    for (int comparison = 1; comparison <= 3; ++comparison) {
+        click(window, halconBox);
+        QTRY_COMPARE(log.lines().count("  version: 13.0"), comparison);
+        QCOMPARE(browser->toHtml(), updated);
+        click(window, halconBox);
+    }
+}
+
+void MainWindowNewsTest::missingDirectoriesStayMarked()
+{
+    machine->server.setAnswer(releaseList, WebAnswer::ok(listOf({release("13.0", "1", "steady")})));
+    Registry::setString(settingsKey, updateCheckHalcon, "true");
+    const MainWindow window;
+    const QTextDocument *text = details(window, "13.0.0")->document();
+    const QStringList expected{"\"Details:\" bold",
+                               "\"\nVersion: \"",
+                               "\"13.0.0\" bold",
+                               "\"\nInstallDir: C:\\13.0 \"",
+                               "\"(not found)\" bold #ff0000",
+                               "\"\nExampleRoot: \"",
+                               "\"(not found)\" #ff0000",
+                               "\"Latest version: 13.0.1 \"",
+                               "\"Update available!\" bold underlined #ff0000 -> "
+                               "http://www.mvtec.com/download/halcon/",
+                               "\"\n\""};
+    QTRY_COMPARE(richTextRuns(*text), expected);
+    QCOMPARE(details(window, "13.0.0")->toPlainText(),
+             QString("Details:\nVersion: 13.0.0\nInstallDir: C:\\13.0 (not found)\nExampleRoot: (not found)\n"
+                     "Latest version: 13.0.1 Update available!\n"));
+}
+
+/// The line goes by the latest list, but a list with nothing newer leaves it as it is.
+void MainWindowNewsTest::newestComparisonCounts()
+{
+    MainWindow window;
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QTextBrowser *browser = details(window, "13.0.0");
+    const QString before = browser->toHtml();
+    const LogLines log;
+    const auto compareWith = [&](const QByteArray &revision) {
+        machine->server.setAnswer(releaseList, WebAnswer::ok(listOf({release("13.0", revision, "steady")})));
+        const int sofar = log.lines().count("  version: 13.0");
+        click(window, halconBox);
+        QTRY_COMPARE(log.lines().count("  version: 13.0"), sofar + 1);
+        click(window, halconBox);
+    };
+    compareWith("0");
+    QCOMPARE(browser->toHtml(), before);
+    compareWith("1");
+    QCOMPARE(browser->toHtml(), digested(withUpdate(before, "13.0.1"), *browser));
+    compareWith("2");
+    QCOMPARE(browser->toHtml(), digested(withUpdate(before, "13.0.2"), *browser));
+    compareWith("0");
+    QCOMPARE(browser->toHtml(), digested(withUpdate(before, "13.0.2"), *browser));
+}
+
+void MainWindowNewsTest::failuresGoToTheLog_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<WebAnswer>("answer");
+    QTest::addColumn<QStringList>("lines");
+
+    const QStringList noList{"Could not fetch HALCON versions update information file"};
+    const QStringList noProgram{"Could not fetch Corvanta for HALCON version update information file"};
+    const auto badList = [](const QString &error) {
+        return QStringList{"Could not parse HALCON versions update information file:", error};
+    };
+    QTest::newRow("list empty") << updateCheckHalcon << WebAnswer::ok({}) << noList;
+    QTest::newRow("list missing") << updateCheckHalcon << WebAnswer::whole("404 Not Found", "<html>")
+                                  << badList("  illegal value( offset: 1)");
+    QTest::newRow("list refused") << updateCheckHalcon << WebAnswer::closed() << noList;
+    QTest::newRow("program empty") << updateCheckCorvanta << WebAnswer::ok({}) << noProgram;
+    QTest::newRow("program missing")
+        << updateCheckCorvanta << WebAnswer::whole("404 Not Found", "<html>")
+        << QStringList{"Could not parse Corvanta for HALCON version update information file"};
+    QTest::newRow("program refused") << updateCheckCorvanta << WebAnswer::closed() << noProgram;
+}
+
+void MainWindowNewsTest::failuresGoToTheLog()
+{
+    QFETCH(QString, option);
+    QFETCH(WebAnswer, answer);
+    QFETCH(QStringList, lines);
+    machine->server.setAnswer(releaseList, answer);
+    machine->server.setAnswer(ownRelease, answer);
+    Registry::setString(settingsKey, option, "true");
+    const MainWindow window;
+    const QString before = details(window, "13.0.0")->toHtml();
+    const LogLines log;
+    QTRY_COMPARE(log.lines(), lines);
+    QCOMPARE(details(window, "13.0.0")->toHtml(), before);
+    QVERIFY(QApplication::activeModalWidget() == nullptr);
+    QCOMPARE(WindowMachine::stored(option), QVariant("true"));
+}
+
+void MainWindowNewsTest::comparingWithoutADownload()
+{
+    MainWindow window;
+    const LogLines log;
+    window.compareVersionsHalcon();
+    window.compareVersionCorvanta();
+    QCOMPARE(log.lines(),
+             (QStringList{"Could not fetch HALCON versions update information file",
+                          "Could not fetch Corvanta for HALCON version update information file"}));
+}
+
+void MainWindowNewsTest::dialogTellsOfANewProgram()
+{
+    machine->server.setAnswer(ownRelease, WebAnswer::ok(newProgram));
+    MainWindow window;
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const QString html = "An updated version of Corvanta for HALCON is available for download at<br><br>"
+                         "<a href=\"http://www.quorvik.example/\">http://www.quorvik.example/</a><br><br>"
+                         "Your current version: 1.8<br>Latest version: 1.9<br><br><b>%1</b> & more<br><br>"
+                         "Note: This check can be disabled with the checkbox \"Enable Corvanta for HALCON "
+                         "Update Checks\" near "
+                         "the bottom of the main screen.";
+    const LogLines log;
+    DialogUser<MessageDialog> user([](MessageDialog &dialog) {
+        QCOMPARE(dialog.windowTitle(), QString("Update available for Corvanta for HALCON"));
+        QVERIFY(dialog.parentWidget() == nullptr);
+        QCOMPARE(dialog.windowModality(), Qt::ApplicationModal);
+        QCOMPARE(dialog.findChild<QTextBrowser *>()->toPlainText(),
+                 QString("An updated version of Corvanta for HALCON is available for download at\n\n"
+                         "http://www.quorvik.example/\n\nYour current version: 1.8\nLatest version: 1.9\n\n"
+                         "%1 & more\n\nNote: This check can be disabled with the checkbox \"Enable Corvanta "
+                         "for HALCON Update Checks\" near the bottom of the main screen."));
+        dialog.close();
+    });
+    click(window, corvantaBox);
+    QTRY_VERIFY(user.wasUsed());
+    QCOMPARE(log.lines(), QStringList{"MessageDialog: " + html});
+    QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
+    QVERIFY(window.isVisible());
+}
+
+void MainWindowNewsTest::oldProgramIsNoNews_data()
+{
+    QTest::addColumn<QByteArray>("version");
+
+    QTest::newRow("the same") << QByteArray(R"("major": "1", "minor": "8")");
+    QTest::newRow("an older one") << QByteArray(R"("major": "0", "minor": "99")");
+}
+
+void MainWindowNewsTest::oldProgramIsNoNews()
+{
+    QFETCH(QByteArray, version);
+    machine->server.setAnswer(ownRelease, WebAnswer::ok("{\"corvanta-for-halcon\": {" + version + "}}"));
+    Registry::setString(settingsKey, updateCheckCorvanta, "true");
+    const MainWindow window;
+    const LogLines log;
+    // The window has been told before the spy.
+    QSignalSpy ended(window.findChild<UpdateCheck *>(), &UpdateCheck::downloaded);
+    QVERIFY(ended.wait());
+    QCOMPARE(log.lines(), QStringList());
+    QVERIFY(QApplication::activeModalWidget() == nullptr);
+}
+
+QTEST_MAIN(MainWindowNewsTest)
+
+#include "MainWindowNewsTest.moc"
