@@ -1,6 +1,7 @@
 #include "companions/helper/EnvironmentChange.h"
 
 #include <cstddef>
+#include <exception>
 
 namespace {
 
@@ -31,9 +32,27 @@ std::vector<unsigned char> textBytes(const std::wstring &text)
     return bytes;
 }
 
+/// What @p assignment makes of a value that was @p before.
+StoredValue changed(const std::optional<StoredValue> &before, const EnvironmentAssignment &assignment)
+{
+    const bool expandable = before && before->type == expandableText;
+    return {expandable ? expandableText : plainText, textBytes(assignment.value)};
+}
+
+/// False also when it throws: whatever goes wrong after the first change, the rest must be seen to.
+template <typename Change>
+bool succeeds(Change change)
+{
+    try {
+        return change();
+    } catch (const std::exception &) {
+        return false;
+    }
+}
+
 bool restore(EnvironmentStore &store, const std::wstring &name, const std::optional<StoredValue> &before)
 {
-    return before ? store.write(name, *before) : store.remove(name);
+    return succeeds([&] { return before ? store.write(name, *before) : store.remove(name); });
 }
 
 } // namespace
@@ -41,16 +60,17 @@ bool restore(EnvironmentStore &store, const std::wstring &name, const std::optio
 EnvironmentResult changeEnvironment(EnvironmentStore &store,
                                     const std::vector<EnvironmentAssignment> &assignments)
 {
+    // All that takes memory comes before the first change.
     std::vector<std::optional<StoredValue>> before(assignments.size());
+    std::vector<StoredValue> after;
     for (std::size_t i = 0; i < assignments.size(); ++i) {
         if (!store.read(assignments[i].name, before[i])) {
             return EnvironmentResult::restored;
         }
+        after.push_back(changed(before[i], assignments[i]));
     }
     for (std::size_t i = 0; i < assignments.size(); ++i) {
-        const bool expandable = before[i] && before[i]->type == expandableText;
-        if (store.write(assignments[i].name,
-                        {expandable ? expandableText : plainText, textBytes(assignments[i].value)})) {
+        if (succeeds([&] { return store.write(assignments[i].name, after[i]); })) {
             continue;
         }
         EnvironmentResult result = EnvironmentResult::restored;

@@ -13,7 +13,7 @@ struct StoredValue {
     std::vector<unsigned char> bytes;
 };
 
-/// Where the machine's variables are kept.
+/// Where the machine's variables are kept. An exception of a change says the same as false.
 class EnvironmentStore {
 public:
     EnvironmentStore() = default;
@@ -36,6 +36,7 @@ enum class EnvironmentResult {
 };
 
 /// Sets the variables in the order given. A value that is text keeps its type, with or without variables to expand;
-/// all others become plain text. When one cannot be set, those before it are put back as they were.
+/// all others become plain text. When one cannot be set, those before it are put back as they were. Throws only before
+/// the first change.
 EnvironmentResult changeEnvironment(EnvironmentStore &store,
                                     const std::vector<EnvironmentAssignment> &assignments);

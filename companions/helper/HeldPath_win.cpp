@@ -15,45 +15,12 @@ std::wstring withLongNames(const std::wstring &path)
     return length > 0 && length < buffer.size() ? std::wstring(buffer.data(), length) : std::wstring();
 }
 
-/// Where what is open really lies.
-std::wstring finalPathOf(HANDLE handle)
-{
-    std::vector<wchar_t> buffer(HelperLimits::text * 2);
-    const DWORD length = GetFinalPathNameByHandleW(handle, buffer.data(), static_cast<DWORD>(buffer.size()),
-                                                   FILE_NAME_NORMALIZED);
-    return length > 0 && length < buffer.size() ? std::wstring(buffer.data(), length) : std::wstring();
-}
-
-bool samePath(const std::wstring &one, const std::wstring &other)
-{
-    return CompareStringOrdinal(one.c_str(), static_cast<int>(one.size()), other.c_str(),
-                                static_cast<int>(other.size()), TRUE) == CSTR_EQUAL;
-}
-
 FileFacts::Kind kindOf(HANDLE handle, DWORD attributes)
 {
     if (GetFileType(handle) != FILE_TYPE_DISK) {
         return FileFacts::Kind::unknown;
     }
     return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? FileFacts::Kind::directory : FileFacts::Kind::file;
-}
-
-FileFacts factsOf(HANDLE handle, const std::wstring &path)
-{
-    BY_HANDLE_FILE_INFORMATION information = {};
-    if (GetFileInformationByHandle(handle, &information) == 0) {
-        return {};
-    }
-    FileFacts facts;
-    facts.kind = kindOf(handle, information.dwFileAttributes);
-    facts.reparsePoint = (information.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-    const std::wstring finalPath = finalPathOf(handle);
-    facts.elsewhere = finalPath.empty() || !samePath(finalPath, withLongNames(path));
-    facts.size = std::uint64_t{information.nFileSizeHigh} << 32 | information.nFileSizeLow;
-    facts.links = information.nNumberOfLinks;
-    facts.volume = information.dwVolumeSerialNumber;
-    facts.index = std::uint64_t{information.nFileIndexHigh} << 32 | information.nFileIndexLow;
-    return facts;
 }
 
 /// Opens a literal path, also a directory, and a reparse point itself rather than what it leads to. When that fails,
@@ -80,6 +47,44 @@ FileFacts factsOfFailure(DWORD error)
 std::wstring literalPath(const std::wstring &path)
 {
     return L"\\\\?\\" + path;
+}
+
+std::wstring finalPathOf(void *handle)
+{
+    std::vector<wchar_t> buffer(HelperLimits::text * 2);
+    const DWORD length = GetFinalPathNameByHandleW(handle, buffer.data(), static_cast<DWORD>(buffer.size()),
+                                                   FILE_NAME_NORMALIZED);
+    return length > 0 && length < buffer.size() ? std::wstring(buffer.data(), length) : std::wstring();
+}
+
+bool samePath(const std::wstring &one, const std::wstring &other)
+{
+    return CompareStringOrdinal(one.c_str(), static_cast<int>(one.size()), other.c_str(),
+                                static_cast<int>(other.size()), TRUE) == CSTR_EQUAL;
+}
+
+FileFacts factsOf(void *handle) noexcept
+{
+    BY_HANDLE_FILE_INFORMATION information = {};
+    if (GetFileInformationByHandle(handle, &information) == 0) {
+        return {};
+    }
+    FileFacts facts;
+    facts.kind = kindOf(handle, information.dwFileAttributes);
+    facts.reparsePoint = (information.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+    facts.size = std::uint64_t{information.nFileSizeHigh} << 32 | information.nFileSizeLow;
+    facts.links = information.nNumberOfLinks;
+    facts.volume = information.dwVolumeSerialNumber;
+    facts.index = std::uint64_t{information.nFileIndexHigh} << 32 | information.nFileIndexLow;
+    return facts;
+}
+
+FileFacts factsOf(void *handle, const std::wstring &path)
+{
+    FileFacts facts = factsOf(handle);
+    const std::wstring finalPath = finalPathOf(handle);
+    facts.elsewhere = finalPath.empty() || !samePath(finalPath, withLongNames(path));
+    return facts;
 }
 
 FileFacts factsOf(const std::wstring &path)

@@ -38,9 +38,9 @@ std::wstring refusalOfLibraryPaths(const std::vector<std::wstring> &libraries)
         if (library.size() > HelperLimits::libraryPath || !isPlainFilePath(library)) {
             return L"The path of a library is too long or not of a plain form.";
         }
-        const auto *const name =
-            std::find_if(libraryNames.begin(), libraryNames.end(),
-                         [&](const wchar_t *each) { return sameName(fileNameOf(library), each); });
+        const std::wstring fileName = fileNameOf(withSingleBackslashes(library));
+        const auto *const name = std::find_if(libraryNames.begin(), libraryNames.end(),
+                                              [&](const wchar_t *each) { return sameName(fileName, each); });
         if (name == libraryNames.end()) {
             return L"A library is none of HALCON's COM libraries.";
         }
@@ -80,6 +80,8 @@ bool isReachedFile(const WayFacts &way)
     return isReached(way) && way.back().kind == FileFacts::Kind::file;
 }
 
+} // namespace
+
 bool isReplaceable(const FileFacts &destination)
 {
     return destination.kind == FileFacts::Kind::missing ||
@@ -92,8 +94,6 @@ bool isSameFile(const FileFacts &one, const FileFacts &other)
     return one.kind == FileFacts::Kind::file && other.kind == FileFacts::Kind::file &&
            one.volume == other.volume && one.index == other.index;
 }
-
-} // namespace
 
 std::wstring refusalOfRequest(const HelperRequest &request)
 {

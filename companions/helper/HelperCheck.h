@@ -35,6 +35,11 @@ struct FileFacts {
     std::uint64_t index = 0;
 };
 
+/// Whether something can be replaced by a licence file: nothing at all, or an ordinary file without a second name.
+bool isReplaceable(const FileFacts &destination);
+
+bool isSameFile(const FileFacts &one, const FileFacts &other);
+
 /// What there is under a path and under every directory above it, from the top; the last is the path's own.
 using WayFacts = std::vector<FileFacts>;
 

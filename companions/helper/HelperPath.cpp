@@ -62,8 +62,15 @@ bool isDeviceName(const std::wstring &part)
 
 bool isPlainPart(const std::wstring &part)
 {
-    return part.find_first_of(L"/:\"<>|?*") == std::wstring::npos && part.back() != L'.' &&
+    return part.find_first_of(L":\"<>|?*") == std::wstring::npos && part.back() != L'.' &&
            part.back() != L' ' && !isDeviceName(part);
+}
+
+constexpr const wchar_t *separators = L"\\/";
+
+bool isSeparator(wchar_t character)
+{
+    return character == L'\\' || character == L'/';
 }
 
 std::vector<std::wstring> partsOf(const std::wstring &path)
@@ -71,7 +78,7 @@ std::vector<std::wstring> partsOf(const std::wstring &path)
     std::vector<std::wstring> parts;
     std::size_t begin = 0;
     while (begin < path.size()) {
-        const std::size_t end = std::min(path.find(L'\\', begin), path.size());
+        const std::size_t end = std::min(path.find_first_of(separators, begin), path.size());
         if (end != begin) {
             parts.push_back(path.substr(begin, end - begin));
         }
@@ -82,8 +89,8 @@ std::vector<std::wstring> partsOf(const std::wstring &path)
 
 bool beginsWithDrive(const std::wstring &path)
 {
-    const wchar_t letter = path.empty() ? L'\0' : lowerCase(path.front());
-    return letter >= L'a' && letter <= L'z' && path.compare(1, 2, L":\\") == 0;
+    const wchar_t letter = path.size() < 3 ? L'\0' : lowerCase(path.front());
+    return letter >= L'a' && letter <= L'z' && path[1] == L':' && isSeparator(path[2]);
 }
 
 } // namespace
@@ -95,7 +102,7 @@ bool isCleanText(const std::wstring &text)
 
 bool isPlainFilePath(const std::wstring &path)
 {
-    if (!beginsWithDrive(path) || path.back() == L'\\' || !isCleanText(path)) {
+    if (!beginsWithDrive(path) || isSeparator(path.back()) || !isCleanText(path)) {
         return false;
     }
     const std::vector<std::wstring> parts = partsOf(path);

@@ -6,14 +6,25 @@
 #include "companions/helper/LicenseFile.h"
 #include "companions/helper/MachineSwitch.h"
 
+#include <exception>
+
 namespace {
 
-HelperExitCode fail(HelperExitCode code, const std::wstring &reason)
+void tell(HelperExitCode code, const std::wstring &reason)
 {
     const std::wstring text = textOf(code) + (reason.empty() ? L"" : L"\r\n" + reason);
     printText(HelperChannel::error, L"qz_com_helper: " + text + L"\r\n");
     if (isStartedVisibly()) {
         showErrorBox(text);
+    }
+}
+
+HelperExitCode fail(HelperExitCode code, const std::wstring &reason)
+{
+    try {
+        tell(code, reason);
+    } catch (const std::exception &) {
+        // What has been done is done, whether or not there is memory to tell of it.
     }
     return code;
 }

@@ -1,8 +1,32 @@
 #include "companions/helper/LibraryRegistration.h"
 
+#include <exception>
+
 std::wstring registrationCommandLine(const std::wstring &regsvr32, const std::wstring &library)
 {
     return L'"' + regsvr32 + L"\" /s \"" + library + L'"';
+}
+
+std::wstring registrationEnvironment(const std::wstring &windowsDirectory,
+                                     const std::wstring &systemDirectory)
+{
+    // In the order of the alphabet, as Windows has them.
+    const std::vector<std::wstring> variables{
+        L"ComSpec=" + systemDirectory + L"\\cmd.exe",
+        L"OS=Windows_NT",
+        L"Path=" + systemDirectory + L';' + windowsDirectory,
+        L"PATHEXT=.COM;.EXE;.BAT;.CMD",
+        L"SystemDrive=" + windowsDirectory.substr(0, 2),
+        L"SystemRoot=" + windowsDirectory,
+        L"TEMP=" + windowsDirectory + L"\\Temp",
+        L"TMP=" + windowsDirectory + L"\\Temp",
+        L"windir=" + windowsDirectory,
+    };
+    std::wstring block;
+    for (const std::wstring &variable : variables) {
+        block += variable + L'\0';
+    }
+    return block + L'\0';
 }
 
 std::wstring textOf(RegistrationResult result, const std::wstring &library)
@@ -18,4 +42,24 @@ std::wstring textOf(RegistrationResult result, const std::wstring &library)
         return L"The registration of " + library + L" took too long and was ended.";
     }
     return {};
+}
+
+RegistrationSummary
+registerLibraries(const std::vector<std::wstring> &libraries,
+                  const std::function<RegistrationResult(const std::wstring &)> &registerOne) noexcept
+{
+    RegistrationSummary summary;
+    for (const std::wstring &library : libraries) {
+        try {
+            const RegistrationResult result = registerOne(library);
+            if (result != RegistrationResult::registered) {
+                summary.complete = false;
+                summary.reason += (summary.reason.empty() ? L"" : L"\r\n") + textOf(result, library);
+            }
+        } catch (const std::exception &) {
+            // There may be too little memory even for a text.
+            summary.complete = false;
+        }
+    }
+    return summary;
 }

@@ -20,13 +20,16 @@ std::wstring directoryFrom(DirectoryFunction function)
 /// Starts a program in the system's directory, where it finds no files but the system's, without a window.
 UniqueHandle startHidden(const std::wstring &program, std::wstring commandLine)
 {
+    const std::wstring directory = directoryFrom(&GetSystemDirectoryW);
+    std::wstring environment = registrationEnvironment(directoryFrom(&GetSystemWindowsDirectoryW), directory);
     STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);
     startup.dwFlags = STARTF_USESHOWWINDOW;
     startup.wShowWindow = SW_HIDE;
     PROCESS_INFORMATION process = {};
-    if (CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW,
-                       nullptr, directoryFrom(&GetSystemDirectoryW).c_str(), &startup, &process) == 0) {
+    if (CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE,
+                       CREATE_NO_WINDOW | CREATE_UNICODE_ENVIRONMENT, environment.data(), directory.c_str(),
+                       &startup, &process) == 0) {
         return {};
     }
     const UniqueHandle thread(process.hThread);

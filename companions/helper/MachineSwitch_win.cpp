@@ -5,7 +5,9 @@
 #include "companions/helper/LibraryRegistration.h"
 #include "companions/helper/RegistryEnvironment.h"
 
+#include <functional>
 #include <list>
+#include <utility>
 
 namespace {
 
@@ -21,22 +23,6 @@ MachineSwitchResult setVariables(const std::vector<EnvironmentAssignment> &assig
         break;
     }
     return {HelperExitCode::variablesNotRestored, {}};
-}
-
-MachineSwitchResult registerLibraries(const std::wstring &regsvr32,
-                                      const std::vector<std::wstring> &libraries,
-                                      std::chrono::milliseconds timeLimit)
-{
-    MachineSwitchResult result;
-    for (const std::wstring &library : libraries) {
-        const RegistrationResult registration =
-            registerLibrary(regsvr32, withSingleBackslashes(library), timeLimit);
-        if (registration != RegistrationResult::registered) {
-            result.code = HelperExitCode::librariesNotRegistered;
-            result.reason += (result.reason.empty() ? L"" : L"\r\n") + textOf(registration, library);
-        }
-    }
-    return result;
 }
 
 } // namespace
@@ -59,7 +45,15 @@ MachineSwitchResult switchMachine(const HelperRequest &request, std::chrono::mil
             return {HelperExitCode::refused, L"This system registers no libraries of that architecture."};
         }
     }
+    // From the first change on nothing may throw; this takes memory.
+    const std::function registerOne = [&](const std::wstring &library) {
+        return registerLibrary(regsvr32, withSingleBackslashes(library), timeLimit);
+    };
     MachineSwitchResult result = setVariables(request.environment);
-    return result.code == HelperExitCode::done ? registerLibraries(regsvr32, request.libraries, timeLimit)
-                                               : result;
+    if (result.code == HelperExitCode::done) {
+        RegistrationSummary summary = registerLibraries(request.libraries, registerOne);
+        result.code = summary.complete ? HelperExitCode::done : HelperExitCode::librariesNotRegistered;
+        result.reason = std::move(summary.reason);
+    }
+    return result;
 }

@@ -6,11 +6,13 @@
 
 namespace {
 
-/// From now on libraries are looked for in the system's directory alone, and no error waits for somebody to see it.
+/// From now on libraries are looked for in the system's directory alone, and no error waits for somebody to see it. The
+/// search comes first: any other call might load a library.
 bool secureProcess()
 {
+    const bool restricted = SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32) != 0;
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
-    return SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32) != 0;
+    return restricted;
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <QtTest>
 
 #include <map>
+#include <new>
 #include <set>
 
 namespace {
@@ -29,6 +30,7 @@ public:
     Values values;
     std::set<std::wstring> unreadable;
     std::set<int> failingChanges; ///< the numbers, from 1, of the writes and removals that fail
+    bool throws = false;          ///< whether what fails throws
     QStringList calls;
 
     bool read(const std::wstring &name, std::optional<StoredValue> &value) override
@@ -40,14 +42,14 @@ public:
             const QByteArray &bytes = found->second.second;
             value = StoredValue{found->second.first, {bytes.begin(), bytes.end()}};
         }
-        return unreadable.count(name) == 0;
+        return unreadable.count(name) == 0 || fail();
     }
 
     bool write(const std::wstring &name, const StoredValue &value) override
     {
         calls.append("write " + fromWide(name));
         if (failingChanges.count(++changes) != 0) {
-            return false;
+            return fail();
         }
         values[name] = {value.type, QByteArray(reinterpret_cast<const char *>(value.bytes.data()),
                                                static_cast<int>(value.bytes.size()))};
@@ -57,10 +59,18 @@ public:
     bool remove(const std::wstring &name) override
     {
         calls.append("remove " + fromWide(name));
-        return failingChanges.count(++changes) == 0 && values.erase(name) == 1;
+        return failingChanges.count(++changes) == 0 ? values.erase(name) == 1 : fail();
     }
 
 private:
+    bool fail() const
+    {
+        if (throws) {
+            throw std::bad_alloc();
+        }
+        return false;
+    }
+
     int changes = 0;
 };
 
@@ -99,6 +109,7 @@ private slots:
     void types();
     void readsAllBeforeItWrites();
     void nothingIsWrittenWhenAValueCannotBeRead();
+    void nothingIsWrittenWhenReadingThrows();
     void putsBack_data();
     void putsBack();
     void cannotPutBack_data();
@@ -167,6 +178,21 @@ void EnvironmentChangeTest::nothingIsWrittenWhenAValueCannotBeRead()
     }
 }
 
+/// The caller may say then that nothing was changed.
+void EnvironmentChangeTest::nothingIsWrittenWhenReadingThrows()
+{
+    for (const EnvironmentAssignment &assignment : assignments) {
+        FakeStore store;
+        store.values = mixedValues();
+        store.unreadable = {assignment.name};
+        store.throws = true;
+
+        QVERIFY_EXCEPTION_THROWN(changeEnvironment(store, assignments), std::bad_alloc);
+
+        QVERIFY(store.values == mixedValues());
+    }
+}
+
 void EnvironmentChangeTest::putsBack_data()
 {
     QTest::addColumn<int>("failing");
@@ -184,18 +210,21 @@ void EnvironmentChangeTest::putsBack_data()
                                                       "write HALCONROOT"};
 }
 
-/// Value, type and absence, the last change first.
+/// Value, type and absence, the last change first. Whether the failure is told or thrown makes no difference.
 void EnvironmentChangeTest::putsBack()
 {
     QFETCH(int, failing);
-    FakeStore store;
-    store.values = mixedValues();
-    store.failingChanges = {failing};
+    for (const bool throws : {false, true}) {
+        FakeStore store;
+        store.values = mixedValues();
+        store.failingChanges = {failing};
+        store.throws = throws;
 
-    QCOMPARE(changeEnvironment(store, assignments), EnvironmentResult::restored);
+        QCOMPARE(changeEnvironment(store, assignments), EnvironmentResult::restored);
 
-    QVERIFY(store.values == mixedValues());
-    QTEST(QStringList(store.calls.mid(4)), "calls");
+        QVERIFY(store.values == mixedValues());
+        QTEST(QStringList(store.calls.mid(4)), "calls");
+    }
 }
 
 void EnvironmentChangeTest::cannotPutBack_data()
@@ -213,15 +242,18 @@ void EnvironmentChangeTest::cannotPutBack()
 {
     QFETCH(int, failing);
     QFETCH(QString, changed);
-    FakeStore store;
-    store.values = mixedValues();
-    store.failingChanges = {4, failing};
+    for (const bool throws : {false, true}) {
+        FakeStore store;
+        store.values = mixedValues();
+        store.failingChanges = {4, failing};
+        store.throws = throws;
 
-    QCOMPARE(changeEnvironment(store, assignments), EnvironmentResult::notRestored);
+        QCOMPARE(changeEnvironment(store, assignments), EnvironmentResult::notRestored);
 
-    FakeStore::Values expected = mixedValues();
-    expected[toWide(changed)] = changedValues()[toWide(changed)];
-    QVERIFY(store.values == expected);
+        FakeStore::Values expected = mixedValues();
+        expected[toWide(changed)] = changedValues()[toWide(changed)];
+        QVERIFY(store.values == expected);
+    }
 }
 
 QTEST_APPLESS_MAIN(EnvironmentChangeTest)

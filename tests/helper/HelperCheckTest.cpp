@@ -216,6 +216,8 @@ void HelperCheckTest::partsOfPaths()
 {
     QCOMPARE(fromWide(withSingleBackslashes(L"C:\\\\H\\bin\\\\\\halconx.dll")),
              QString("C:\\H\\bin\\halconx.dll"));
+    QCOMPARE(fromWide(withSingleBackslashes(L"C:/T/H\\bin//x64-win64/\\halconx.dll")),
+             QString("C:\\T\\H\\bin\\x64-win64\\halconx.dll"));
     QCOMPARE(fromWide(withSingleBackslashes(L"C:\\a")), QString("C:\\a"));
     QCOMPARE(fromWide(fileNameOf(L"C:\\H\\halconx.dll")), QString("halconx.dll"));
     QCOMPARE(fromWide(directoryOf(L"C:\\H\\halconx.dll")), QString("C:\\H"));

@@ -11,6 +11,7 @@ using HelperMachine::isReadOnly;
 using HelperMachine::makeFile;
 using HelperMachine::makeHardLink;
 using HelperMachine::makeSymbolicLink;
+using HelperMachine::onAnotherDrive;
 using HelperMachine::removeSymbolicLink;
 using HelperMachine::run;
 using HelperMachine::setReadOnly;
@@ -58,6 +59,8 @@ private slots:
     void refuses();
     void refusesLinks_data();
     void refusesLinks();
+    void refusesAnotherDrive_data();
+    void refusesAnotherDrive();
     void refusesSecondName();
     void refusesSourceOfSecondName();
 
@@ -86,10 +89,13 @@ void HelperCopyTest::copies_data()
                            << top + "\\a & b 100%.dat";
     QTest::newRow("not ASCII") << top + "\\Prüfstand\\license\\寸法.dat" << top + "\\Размер\\😀.dat";
     QTest::newRow("doubled backslashes") << top + "\\H\\\\license\\\\license.dat" << top + "\\\\new.dat";
+    QTest::newRow("slashes") << QString(target).replace('\\', '/') << QString(source).replace('\\', '/');
+    QTest::newRow("slashes and backslashes") << top + "/H\\license/license.dat" << top + "/new.dat";
+    // Wine cannot tell where a file with a longer path lies, which the helper takes for a doubt: neither of a new file
+    // in the license directory nor of the source.
     QTest::newRow("long destination")
-        << top + '\\' + QString(120, 'x') + '\\' + QString(120, 'y') + "\\license\\" + QString(100, 'z')
+        << top + '\\' + QString(120, 'x') + '\\' + QString(60, 'y') + "\\license\\" + QString(100, 'z')
         << source;
-    // Wine cannot tell where a file with a longer path lies, which the helper takes for a doubt.
     QTest::newRow("long source") << target << top + '\\' + QString(120, 'x') + '\\' + QString(120, 'y');
     QTest::newRow("license within license") << top + "\\license\\license\\license" << source;
     QTest::newRow("source in the license directory") << target << license + "\\other.dat";
@@ -289,6 +295,34 @@ void HelperCopyTest::refusesLinks()
              "qz_com_helper: The request was refused. Nothing was changed.\r\n" + reason + "\r\n");
     QCOMPARE(result.exitCode, 2);
     QVERIFY(after == before);
+}
+
+void HelperCopyTest::refusesAnotherDrive_data()
+{
+    QTest::addColumn<bool>("destinationThere");
+    QTest::addColumn<QString>("reason");
+
+    QTest::newRow("source") << false << "The source is no file that is reached without a detour.";
+    QTest::newRow("destination") << true
+                                 << "The destination's directory is none that is reached without a detour.";
+}
+
+/// The same files under another drive's letter, to which the user could give another meaning.
+void HelperCopyTest::refusesAnotherDrive()
+{
+    QFETCH(bool, destinationThere);
+    QFETCH(QString, reason);
+    makeFile(target, "the old license");
+    const QString elsewhere = onAnotherDrive(destinationThere ? target : source);
+    QCOMPARE(read(elsewhere), read(destinationThere ? target : source));
+    const auto before = tree(top);
+
+    const HelperResult result = run(destinationThere ? line(elsewhere, source) : line(target, elsewhere));
+
+    QCOMPARE(QString::fromUtf8(result.errors),
+             "qz_com_helper: The request was refused. Nothing was changed.\r\n" + reason + "\r\n");
+    QCOMPARE(result.exitCode, 2);
+    QVERIFY(tree(top) == before);
 }
 
 void HelperCopyTest::refusesSecondName()

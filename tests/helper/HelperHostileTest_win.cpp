@@ -11,41 +11,95 @@ using HelperMachine::makeFile;
 using HelperMachine::run;
 using HelperMachine::subkeys;
 
+namespace {
+
+const QString classesKey = "HKEY_LOCAL_MACHINE\\Software\\Classes";
+
+/// What a line might change.
+struct State {
+    QMap<QString, QByteArray> variables = HelperMachine::values(environmentKey);
+    QMap<QString, QByteArray> files = HelperMachine::tree(HostileFiles::top);
+    QStringList classes = subkeys(classesKey);
+
+    bool operator==(const State &other) const
+    {
+        return variables == other.variables && files == other.files && classes == other.classes;
+    }
+};
+
+/// A machine where what the lines ask for could be done.
+State preparedState()
+{
+    QDir(HostileFiles::top).removeRecursively();
+    for (const char *name :
+         {"halconx.dll", "halconxxl.dll", "hdevenginex.dll", "hdevenginexxl.dll", "evil.dll"}) {
+        copyFile(COM_LIBRARY, QString(HostileFiles::binaries) + '\\' + name);
+        Registry::removeTree(classesKey + "\\DemoMachine." + QFileInfo(name).baseName());
+    }
+    makeFile(HostileFiles::destination, "the old license");
+    makeFile(HostileFiles::source, "the new license");
+    makeFile(QString(HostileFiles::license) + "\\new.dat", "another");
+    Registry::removeTree(environmentKey);
+    Registry::setString(environmentKey, "HALCONROOT", "C:\\Before");
+    Registry::setExpandString(environmentKey, "HALCONIMAGES", "%TEMP%\\Before");
+    return {};
+}
+
+/// The lines that change something after all, found by trying each on a machine prepared anew.
+QStringList changingLines(const QVector<HostileLine> &lines)
+{
+    QStringList names;
+    State before = preparedState();
+    for (const HostileLine &line : lines) {
+        run(line.arguments);
+        if (!(State() == before)) {
+            names.append(line.name);
+            before = preparedState();
+        }
+    }
+    return names;
+}
+
+} // namespace
+
 /// Each line that the helper must refuse, given to the real program on a machine where what it asks for could be done.
+/// The program may be asked for some of its test functions alone: each kind of lines is a function of its own.
 class HelperHostileTest : public QObject {
     Q_OBJECT
 
 private slots:
     void initTestCase();
     void goodLinesWork();
-    void hostile_data();
-    void hostile();
-    void nothingIsRegistered();
+    void wholeLines_data() { rows(HostileLines::whole()); }
+    void wholeLines() { hostile(); }
+    void variables_data() { rows(HostileLines::variables()); }
+    void variables() { hostile(); }
+    void libraries_data() { rows(HostileLines::libraries()); }
+    void libraries() { hostile(); }
+    void copies_data() { rows(HostileLines::copies()); }
+    void copies() { hostile(); }
+    void paths_data() { rows(HostileLines::paths()); }
+    void paths() { hostile(); }
+    void cleanupTestCase();
 
 private:
-    QStringList classes;
+    void rows(const QVector<HostileLine> &lines);
+    void hostile();
+
+    State prepared;
+    QVector<HostileLine> given;
 };
 
 void HelperHostileTest::initTestCase()
 {
-    for (const char *name : {"halconx.dll", "halconxxl.dll", "hdevenginex.dll", "hdevenginexxl.dll"}) {
-        copyFile(COM_LIBRARY, QString(HostileFiles::binaries) + '\\' + name);
-    }
-    copyFile(COM_LIBRARY, QString(HostileFiles::binaries) + "\\evil.dll");
-    makeFile(HostileFiles::destination, "the old license");
-    makeFile(HostileFiles::source, "the new license");
-    makeFile(QString(HostileFiles::license) + "\\new.dat", "another");
-    Registry::setString(environmentKey, "HALCONROOT", "C:\\Before");
-    Registry::setExpandString(environmentKey, "HALCONIMAGES", "%TEMP%\\Before");
-    classes = subkeys("HKEY_LOCAL_MACHINE\\Software\\Classes");
+    prepared = preparedState();
+    QCOMPARE(prepared.variables.size(), 2);
+    QVERIFY(prepared.files.size() > 10);
 }
 
 /// Otherwise the hostile lines would prove nothing.
 void HelperHostileTest::goodLinesWork()
 {
-    const auto values = HelperMachine::values(environmentKey);
-    const auto tree = HelperMachine::tree(HostileFiles::top);
-
     QCOMPARE(
         run(R"(--env HALCONROOT="C:\Helper test\HALCON-20.11" --x64 "C:\Helper test\HALCON-20.11\bin\x64-win64\halconx.dll")")
             .exitCode,
@@ -54,33 +108,28 @@ void HelperHostileTest::goodLinesWork()
         run(R"(--copy="C:\Helper test\HALCON-20.11\license\license.dat" "C:\Helper test\new.dat")").exitCode,
         0);
 
-    QVERIFY(HelperMachine::values(environmentKey) != values);
-    QVERIFY(HelperMachine::tree(HostileFiles::top) != tree);
-    QCOMPARE(subkeys("HKEY_LOCAL_MACHINE\\Software\\Classes").size(), classes.size() + 1);
-    Registry::removeTree("HKEY_LOCAL_MACHINE\\Software\\Classes\\DemoMachine.halconx");
-    Registry::setString(environmentKey, "HALCONROOT", "C:\\Before");
-    makeFile(HostileFiles::destination, "the old license");
+    const State after;
+    QVERIFY(after.variables != prepared.variables);
+    QVERIFY(after.files != prepared.files);
+    QCOMPARE(after.classes.size(), prepared.classes.size() + 1);
+    prepared = preparedState();
 }
 
-void HelperHostileTest::hostile_data()
+void HelperHostileTest::rows(const QVector<HostileLine> &lines)
 {
     QTest::addColumn<QString>("arguments");
     QTest::addColumn<QString>("refusal");
 
-    for (const HostileLine &line : hostileLines()) {
+    for (const HostileLine &line : lines) {
         QTest::newRow(line.name) << line.arguments << line.refusal;
     }
-    QVERIFY(hostileLines().size() >= 100);
+    given += lines;
 }
 
 void HelperHostileTest::hostile()
 {
     QFETCH(QString, arguments);
     QFETCH(QString, refusal);
-    const auto values = HelperMachine::values(environmentKey);
-    const auto tree = HelperMachine::tree(HostileFiles::top);
-    QVERIFY(values.contains("HALCONROOT"));
-    QVERIFY(tree.size() > 10);
 
     const HelperResult result = run(arguments);
 
@@ -88,13 +137,15 @@ void HelperHostileTest::hostile()
     QCOMPARE(QString::fromUtf8(result.errors),
              "qz_com_helper: The request was refused. Nothing was changed.\r\n" + refusal + "\r\n");
     QCOMPARE(result.output, QByteArray());
-    QVERIFY(HelperMachine::values(environmentKey) == values);
-    QVERIFY(HelperMachine::tree(HostileFiles::top) == tree);
 }
 
-void HelperHostileTest::nothingIsRegistered()
+/// Nothing has changed. That is looked at once for all the lines, because it takes as long as a line does, and again
+/// for each of them only to name those that are to blame.
+void HelperHostileTest::cleanupTestCase()
 {
-    QCOMPARE(subkeys("HKEY_LOCAL_MACHINE\\Software\\Classes"), classes);
+    if (!(State() == prepared)) {
+        QFAIL(qPrintable("changed the machine: " + changingLines(given).join("; ")));
+    }
 }
 
 QTEST_GUILESS_MAIN(HelperHostileTest)

@@ -48,9 +48,10 @@ private:
     {
         static const std::wstring letters = L"abzABZ09äÖ寸Ж";
         static const std::wstring within = letters + L" .-=&%^();,'!~$#@{}[]+`_";
+        static const std::vector<std::wstring> separators{L"\\", L"\\", L"\\", L"\\\\", L"/", L"/\\"};
         std::wstring result;
         for (std::size_t count = number(4); count > 0; --count) {
-            result += L"x" + text(within, 12) + oneOf(letters) + (number(5) == 0 ? L"\\\\" : L"\\");
+            result += L"x" + text(within, 12) + oneOf(letters) + oneOf(separators);
         }
         return result;
     }

@@ -150,6 +150,7 @@ void HelperLineTest::values_data()
     QTest::newRow("copy") << "--copy=C:\\a C:\\b";
     QTest::newRow("help") << "--help";
     QTest::newRow("share") << "\\\\server\\HALCON";
+    QTest::newRow("slashes") << "C:/T/H/";
     QTest::newRow("umlauts") << "C:\\Prüfstände\\Größe";
     QTest::newRow("Chinese") << "C:\\寸法\\测量";
     QTest::newRow("Cyrillic") << "C:\\Размер";
@@ -228,6 +229,11 @@ void HelperLineTest::libraries_data()
     QTest::newRow("capitals") << "--x64" << true << QStringList{"d:\\H\\HALCONX.DLL"};
     QTest::newRow("doubled backslash")
         << "--x64" << true << QStringList{"C:\\H\\\\bin\\x64-win64\\halconx.dll"};
+    QTest::newRow("slashes") << "--x64" << true << QStringList{"C:/T/H/bin/x64-win64/halconx.dll"};
+    // As the program writes it for a directory that is known with slashes.
+    QTest::newRow("slashes and backslashes")
+        << "--x64" << true
+        << QStringList{"C:/T/H\\bin\\x64-win64\\halconx.dll", "C:/T/H/\\bin\\x64-win64\\hdevenginex.dll"};
     QTest::newRow("signs") << "--x64" << true << QStringList{"C:\\R&D 100% (a=b)^;,'!\\halconx.dll"};
     QTest::newRow("not ASCII") << "--x64" << true << QStringList{"C:\\Größe 寸法 😀\\halconx.dll"};
     QTest::newRow("options in the path") << "--x64" << true << QStringList{"C:\\a --x86 --env\\halconx.dll"};
@@ -274,6 +280,10 @@ void HelperLineTest::copy_data()
                                          << "C:\\new.dat";
     QTest::newRow("doubled backslashes") << "C:\\H\\\\license\\\\license.dat"
                                          << "C:\\\\new.dat";
+    QTest::newRow("slashes") << "C:/H/license/license.dat"
+                             << "C:/new.dat";
+    QTest::newRow("slashes and backslashes") << "C:/H\\license/license.dat"
+                                             << "C:\\a//b.dat";
     QTest::newRow("signs") << "C:\\R&D 100% (a=b)^;,'!\\license\\l&m.dat"
                            << "C:\\100%\\a & b.dat";
     QTest::newRow("not ASCII") << "C:\\Prüfstand\\license\\寸法.dat"

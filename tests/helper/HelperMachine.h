@@ -52,6 +52,12 @@ void makeSymbolicLink(const QString &target, const QString &link);
 
 void removeSymbolicLink(const QString &link);
 
+/// Removes an empty directory although somebody keeps it open, which Windows itself would not do.
+void removeOpenDirectory(const QString &directory);
+
+/// The same file or directory on drive C, under another drive's letter.
+QString onAnotherDrive(const QString &path);
+
 /// Gives a file one more name.
 void makeHardLink(const QString &file, const QString &link);
 

@@ -17,6 +17,7 @@ using HelperMachine::defaultText;
 using HelperMachine::environmentKey;
 using HelperMachine::makeFile;
 using HelperMachine::makeSymbolicLink;
+using HelperMachine::onAnotherDrive;
 using HelperMachine::plainText;
 using HelperMachine::removeSymbolicLink;
 using HelperMachine::run;
@@ -83,7 +84,9 @@ private slots:
     void programs();
     void registersAll();
     void registersSome();
-    void doubledBackslash();
+    void writtenOtherwise_data();
+    void writtenOtherwise();
+    void givesTheSystemsEnvironment();
     void variablesAreSetFirst();
     void oneFails();
     void noLibraryAtAll();
@@ -92,6 +95,7 @@ private slots:
     void refuses_data();
     void refuses();
     void refusesLinks();
+    void refusesAnotherDrive();
     void refuses32BitWithoutItsSystem();
 
     void timeLimit();
@@ -144,15 +148,57 @@ void HelperRegistrationTest::registersSome()
     QVERIFY(registeredPath("hdevenginex").isNull());
 }
 
-/// As the program writes it for a directory that is known with a backslash at its end.
-void HelperRegistrationTest::doubledBackslash()
+void HelperRegistrationTest::writtenOtherwise_data()
 {
-    QString written = path("halconx.dll");
-    written.replace("\\bin", "\\\\bin");
+    QTest::addColumn<QString>("written");
 
-    QCOMPARE(run(line("--x64", {written})).exitCode, 0);
+    // As the program writes it for a directory that is known with a backslash at its end, or with slashes.
+    QTest::newRow("doubled backslash") << path("halconx.dll").replace("\\bin", "\\\\bin");
+    QTest::newRow("slashes before the backslashes")
+        << path("halconx.dll").replace('\\', '/').replace("/bin/x64-win64/", "\\bin\\x64-win64\\");
+    QTest::newRow("slashes") << path("halconx.dll").replace('\\', '/');
+}
 
+/// regsvr32 is given the path with single backslashes, for which it has no other meaning.
+void HelperRegistrationTest::writtenOtherwise()
+{
+    QFETCH(QString, written);
+    QVERIFY(written != path("halconx.dll"));
+
+    const HelperResult result = run(line("--x64", {written}));
+
+    QCOMPARE(result.errors, QByteArray());
+    QCOMPARE(result.exitCode, 0);
     QCOMPARE(registeredPath("halconx"), path("halconx.dll"));
+}
+
+/// Whoever starts the helper could otherwise have code of his own run, in the libraries' process, by a variable.
+void HelperRegistrationTest::givesTheSystemsEnvironment()
+{
+    QVERIFY(QFile::remove(path("halconx.dll")));
+    copyFile(RECORDING_LIBRARY, path("halconx.dll"));
+    const QByteArray before = qgetenv("PATH");
+    qputenv("PATH", "C:\\Evil;" + before);
+    qputenv("COR_PROFILER", "{cf0d821e-299b-5307-a3d8-b283c03916dd}");
+
+    const HelperResult result = run(line("--x64", {path("halconx.dll")}));
+    qputenv("PATH", before);
+    qunsetenv("COR_PROFILER");
+
+    QCOMPARE(result.exitCode, 0);
+    QFile record(path("halconx.dll.environment"));
+    QVERIFY(record.open(QFile::ReadOnly));
+    const QByteArray bytes = record.readAll();
+    QStringList variables =
+        QString::fromUtf16(reinterpret_cast<const ushort *>(bytes.constData()), bytes.size() / 2)
+            .split(QChar(), Qt::SkipEmptyParts);
+    // Wine gives some of its own to every process.
+    variables = variables.filter(QRegularExpression("^(?!WINE)"));
+    const std::wstring block = registrationEnvironment(L"C:\\windows", L"C:\\windows\\system32");
+    QStringList expected = fromWide(block).split(QChar(), Qt::SkipEmptyParts);
+    variables.sort();
+    expected.sort();
+    QCOMPARE(variables, expected);
 }
 
 void HelperRegistrationTest::variablesAreSetFirst()
@@ -240,6 +286,21 @@ void HelperRegistrationTest::refusesLinks()
 
     QCOMPARE(inLinkedDirectory.exitCode, 2);
     QCOMPARE(linked.exitCode, 2);
+    QCOMPARE(values(environmentKey), before);
+    QVERIFY(registeredPath("halconx").isNull());
+}
+
+/// It leads to the library, but what it leads to is for the user to change.
+void HelperRegistrationTest::refusesAnotherDrive()
+{
+    const QString library = onAnotherDrive(path("halconx.dll"));
+    const auto before = values(environmentKey);
+
+    const HelperResult result = run(line("--x64", {library}));
+
+    QCOMPARE(result.errors, QByteArray("qz_com_helper: The request was refused. Nothing was changed.\r\n"
+                                       "A library is no file that is reached without a detour.\r\n"));
+    QCOMPARE(result.exitCode, 2);
     QCOMPARE(values(environmentKey), before);
     QVERIFY(registeredPath("halconx").isNull());
 }

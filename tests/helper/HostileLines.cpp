@@ -16,7 +16,7 @@ constexpr const char *noLicense = "The destination does not lie in a directory n
 // The parts of good lines.
 const QString root = R"(--env HALCONROOT="C:\Helper test\HALCON-20.11" )";
 const QString rest = R"(--env HALCONARCH="x64-win64" --env HALCONIMAGES="" --env HALCONEXAMPLES="" )";
-const QString variables = root + rest;
+const QString allVariables = root + rest;
 const QString library = R"( "C:\Helper test\HALCON-20.11\bin\x64-win64\halconx.dll")";
 const QString secondLibrary = R"( "C:\Helper test\HALCON-20.11\bin\x64-win64\halconxxl.dll")";
 const QString destination = R"("C:\Helper test\HALCON-20.11\license\license.dat")";
@@ -24,7 +24,7 @@ const QString source = R"("C:\Helper test\new.dat")";
 
 QString registering(const QString &library)
 {
-    return variables + "--x64 \"" + library + '"';
+    return allVariables + "--x64 \"" + library + '"';
 }
 
 /// In a copy the line is wrong because of the destination, once more because of the source.
@@ -36,7 +36,11 @@ void addPaths(QVector<HostileLine> &lines, const char *inLibrary, const char *in
     lines.append({inSource, "--copy=" + destination + " \"" + directory + "new.dat" + end + '"', path});
 }
 
-QVector<HostileLine> wholeLines()
+} // namespace
+
+namespace HostileLines {
+
+QVector<HostileLine> whole()
 {
     return {
         {"no arguments", "", noArguments},
@@ -47,8 +51,8 @@ QVector<HostileLine> wholeLines()
         {"a word", "setup", form},
         {"two dashes", "--", form},
         {"unknown option", "--delete", form},
-        {"unknown option before a good line", "--force " + variables, form},
-        {"unknown option behind a good line", variables + "--force", form},
+        {"unknown option before a good line", "--force " + allVariables, form},
+        {"unknown option behind a good line", allVariables + "--force", form},
         {"unknown option between", root + "--force " + rest, form},
         {"question mark", "/?", form},
         {"help with one dash", "-help", form},
@@ -58,21 +62,21 @@ QVector<HostileLine> wholeLines()
         {"help in quotes", "\"--help\"", form},
         {"help twice", "--help --help", form},
         {"help and version", "--help --version", form},
-        {"help before a good line", "--help " + variables, form},
-        {"help behind a good line", variables + "--help", form},
+        {"help before a good line", "--help " + allVariables, form},
+        {"help behind a good line", allVariables + "--help", form},
         {"help with a value", "--help=\"x\"", form},
         {"help and a line break", "--help\n", form},
         {"version behind a copy", "--copy=" + destination + ' ' + source + " --version", form},
         {"version and a number", "--version 2", form},
         {"response file", "@C:\\arguments.txt", form},
         {"a good line in quotes", "\"--copy=\" \"" + source + '"', form},
-        {"a command behind the line", variables + "& calc.exe", form},
-        {"a pipe behind the line", variables + "| calc.exe", form},
-        {"a redirection", variables + "> C:\\x", form},
+        {"a command behind the line", allVariables + "& calc.exe", form},
+        {"a pipe behind the line", allVariables + "| calc.exe", form},
+        {"a redirection", allVariables + "> C:\\x", form},
     };
 }
 
-QVector<HostileLine> variableLines()
+QVector<HostileLine> variables()
 {
     return {
         {"env alone", "--env", form},
@@ -109,7 +113,7 @@ QVector<HostileLine> variableLines()
         {"two equals signs", "--env HALCONROOT==\"C:\\H\"", form},
         {"value twice", "--env HALCONROOT=\"C:\\H\" \"C:\\I\"", form},
         {"PATH", "--env PATH=\"C:\\H\"", variable},
-        {"Path behind a good one", variables + "--env Path=\"C:\\H\"", variable},
+        {"Path behind a good one", allVariables + "--env Path=\"C:\\H\"", variable},
         {"ComSpec", "--env ComSpec=\"C:\\H\\cmd.exe\"", variable},
         {"PATHEXT", "--env PATHEXT=\".TXT\"", variable},
         {"TEMP", "--env TEMP=\"C:\\H\"", variable},
@@ -125,8 +129,8 @@ QVector<HostileLine> variableLines()
         {"name with an invisible character", "--env HALCONROOT\u200B=\"C:\\H\"", variable},
         {"name twice", "--env HALCONROOT=\"C:\\H\" --env HALCONROOT=\"C:\\I\"", variableTwice},
         {"name twice with the same value", root + root, variableTwice},
-        {"name twice with others between", variables + root, variableTwice},
-        {"all names twice", variables + variables, variableTwice},
+        {"name twice with others between", allVariables + root, variableTwice},
+        {"all names twice", allVariables + allVariables, variableTwice},
         {"line break in a value", "--env HALCONROOT=\"C:\\H\n\"", value},
         {"tab in a value", "--env HALCONROOT=\"C:\\\tH\"", value},
         {"escape character in a value", "--env HALCONROOT=\"\x1B[0m\"", value},
@@ -141,42 +145,45 @@ QVector<HostileLine> variableLines()
     };
 }
 
-QVector<HostileLine> libraryLines()
+QVector<HostileLine> libraries()
 {
     const QString directory = R"(C:\Helper test\HALCON-20.11\bin\x64-win64\)";
     return {
         {"architecture alone", "--x64", form},
         {"libraries without variables", "--x64" + library, form},
-        {"libraries without an architecture", variables + library.mid(1), form},
-        {"variables behind the libraries", "--x64" + library + ' ' + variables, form},
+        {"libraries without an architecture", allVariables + library.mid(1), form},
+        {"variables behind the libraries", "--x64" + library + ' ' + allVariables, form},
         {"variable behind the libraries", root + "--x64" + library + ' ' + rest, form},
-        {"both architectures", variables + "--x64 --x86", form},
-        {"architecture twice", variables + "--x64 --x64", form},
-        {"architecture twice with libraries", variables + "--x64" + library + " --x64" + secondLibrary, form},
-        {"other architecture behind a library", variables + "--x64" + library + " --x86" + secondLibrary,
+        {"both architectures", allVariables + "--x64 --x86", form},
+        {"architecture twice", allVariables + "--x64 --x64", form},
+        {"architecture twice with libraries", allVariables + "--x64" + library + " --x64" + secondLibrary,
          form},
-        {"unknown architecture", variables + "--arm64" + library, form},
-        {"architecture cut short", variables + "--x6" + library, form},
-        {"architecture in capitals", variables + "--X64" + library, form},
-        {"architecture with a value", variables + "--x64=" + library.mid(1), form},
-        {"no blank before the library", variables + "--x64" + library.mid(1), form},
-        {"two blanks before the library", variables + "--x64 " + library, form},
-        {"tab before the library", variables + "--x64\t" + library.mid(1), form},
-        {"two blanks before the architecture", variables + " --x64" + library, form},
-        {"no blank before the architecture", variables.trimmed() + "--x64" + library, form},
-        {"library without quotes", variables + "--x64 C:\\H\\bin\\x64-win64\\halconx.dll", form},
-        {"library's quote not closed", variables + "--x64 \"C:\\H\\bin\\x64-win64\\halconx.dll", form},
-        {"second library's quote not closed", variables + "--x64" + library + secondLibrary.chopped(1), form},
-        {"no blank between libraries", variables + "--x64" + library + secondLibrary.mid(1), form},
-        {"comma between libraries", variables + "--x64" + library + ',' + secondLibrary, form},
-        {"text behind a library", variables + "--x64" + library + "x", form},
-        {"option of regsvr32", variables + "--x64 /u" + library, form},
-        {"option of regsvr32 in quotes", variables + "--x64 \"/u\"" + library, libraryPath},
+        {"other architecture behind a library", allVariables + "--x64" + library + " --x86" + secondLibrary,
+         form},
+        {"unknown architecture", allVariables + "--arm64" + library, form},
+        {"architecture cut short", allVariables + "--x6" + library, form},
+        {"architecture in capitals", allVariables + "--X64" + library, form},
+        {"architecture with a value", allVariables + "--x64=" + library.mid(1), form},
+        {"no blank before the library", allVariables + "--x64" + library.mid(1), form},
+        {"two blanks before the library", allVariables + "--x64 " + library, form},
+        {"tab before the library", allVariables + "--x64\t" + library.mid(1), form},
+        {"two blanks before the architecture", allVariables + " --x64" + library, form},
+        {"no blank before the architecture", allVariables.trimmed() + "--x64" + library, form},
+        {"library without quotes", allVariables + "--x64 C:\\H\\bin\\x64-win64\\halconx.dll", form},
+        {"library's quote not closed", allVariables + "--x64 \"C:\\H\\bin\\x64-win64\\halconx.dll", form},
+        {"second library's quote not closed", allVariables + "--x64" + library + secondLibrary.chopped(1),
+         form},
+        {"no blank between libraries", allVariables + "--x64" + library + secondLibrary.mid(1), form},
+        {"comma between libraries", allVariables + "--x64" + library + ',' + secondLibrary, form},
+        {"text behind a library", allVariables + "--x64" + library + "x", form},
+        {"option of regsvr32", allVariables + "--x64 /u" + library, form},
+        {"option of regsvr32 in quotes", allVariables + "--x64 \"/u\"" + library, libraryPath},
         {"library with an option", registering("/i:x " + directory + "halconx.dll"), libraryPath},
         {"empty library", registering(""), libraryPath},
         {"blank library", registering(" "), libraryPath},
         {"directory as library", registering(directory), libraryPath},
         {"drive as library", registering("C:\\"), libraryPath},
+        {"drive as library behind a slash", registering("C:/"), libraryPath},
         {"library without its path", registering("halconx.dll"), libraryPath},
         {"library's path too long", registering("C:\\" + QString(246, 'x') + "\\halconx.dll"), libraryPath},
         {"other library", registering(directory + "evil.dll"), libraryName},
@@ -188,18 +195,22 @@ QVector<HostileLine> libraryLines()
         {"library's name with a foreign letter", registering(directory + "halc\u043Enx.dll"), libraryName},
         {"library's name with a dotless letter", registering(directory + "hdevengınex.dll"), libraryName},
         {"directory named as a library", registering(directory + "halconx.dll\\evil.dll"), libraryName},
-        {"library twice", variables + "--x64" + library + library, libraryTwice},
-        {"library twice in other case", variables + "--x64" + library + library.toUpper(), libraryTwice},
-        {"library twice with another between", variables + "--x64" + library + secondLibrary + library,
+        {"library twice", allVariables + "--x64" + library + library, libraryTwice},
+        {"library twice in other case", allVariables + "--x64" + library + library.toUpper(), libraryTwice},
+        {"library twice, once with slashes",
+         allVariables + "--x64" + library + QString(library).replace('\\', '/'), libraryTwice},
+        {"other library with slashes", registering("C:/Helper test/HALCON-20.11/bin/x64-win64/evil.dll"),
+         libraryName},
+        {"library twice with another between", allVariables + "--x64" + library + secondLibrary + library,
          libraryTwice},
-        {"library's name twice in two directories", variables + "--x64" + library + " \"C:\\halconx.dll\"",
+        {"library's name twice in two directories", allVariables + "--x64" + library + " \"C:\\halconx.dll\"",
          libraryTwice},
-        {"bad library behind a good one", variables + "--x64" + library + " \"" + directory + "evil.dll\"",
+        {"bad library behind a good one", allVariables + "--x64" + library + " \"" + directory + "evil.dll\"",
          libraryName},
     };
 }
 
-QVector<HostileLine> copyLines()
+QVector<HostileLine> copies()
 {
     const QString copy = "--copy=" + destination + ' ' + source;
     return {
@@ -223,9 +234,9 @@ QVector<HostileLine> copyLines()
         {"text behind the source", copy + "x", form},
         {"third path", copy + ' ' + source, form},
         {"copy twice", copy + ' ' + copy, form},
-        {"copy before variables", copy + ' ' + variables, form},
-        {"copy behind variables", variables + copy, form},
-        {"copy behind an architecture", variables + "--x64 " + copy, form},
+        {"copy before variables", copy + ' ' + allVariables, form},
+        {"copy behind variables", allVariables + copy, form},
+        {"copy behind an architecture", allVariables + "--x64 " + copy, form},
         {"source as an option of its own", "--copy=" + destination + " --source=" + source, form},
         {"all in one pair of quotes", "--copy=\"C:\\H\\license\\license.dat C:\\new.dat\"", form},
         {"option in quotes", "\"--copy=C:\\H\\license\\license.dat\" " + source, form},
@@ -239,6 +250,8 @@ QVector<HostileLine> copyLines()
          noLicense},
         {"destination below the license directory",
          "--copy=\"C:\\Helper test\\HALCON-20.11\\license\\sub\\license.dat\" " + source, noLicense},
+        {"destination below the license directory with slashes",
+         "--copy=\"C:/Helper test/HALCON-20.11/license/sub/license.dat\" " + source, noLicense},
         {"directory named licence",
          "--copy=\"C:\\Helper test\\HALCON-20.11\\licence\\license.dat\" " + source, noLicense},
         {"directory named license and more",
@@ -253,7 +266,7 @@ QVector<HostileLine> copyLines()
     };
 }
 
-QVector<HostileLine> pathLines()
+QVector<HostileLine> paths()
 {
     QVector<HostileLine> lines;
     addPaths(lines, "library on a share", "destination on a share", "source on a share",
@@ -276,11 +289,24 @@ QVector<HostileLine> pathLines()
              "source on a drive without letter", R"(1:\license\)");
     addPaths(lines, "library on a foreign drive letter", "destination on a foreign drive letter",
              "source on a foreign drive letter", "Ç:\\license\\");
-    addPaths(lines, "library with slashes", "destination with slashes", "source with slashes", "C:/license/");
-    addPaths(lines, "library with one slash", "destination with one slash", "source with one slash",
-             R"(C:\Helper test/HALCON-20.11\license\)");
+    addPaths(lines, "library on a share with slashes", "destination on a share with slashes",
+             "source on a share with slashes", "//server/share/license/");
+    addPaths(lines, "library in a device path with slashes", "destination in a device path with slashes",
+             "source in a device path with slashes", "//./C:/Helper test/license/");
+    addPaths(lines, "library in a literal path with slashes", "destination in a literal path with slashes",
+             "source in a literal path with slashes", "//?/C:/Helper test/license/");
+    addPaths(lines, "library without a drive behind a slash", "destination without a drive behind a slash",
+             "source without a drive behind a slash", "/Helper test/license/");
     addPaths(lines, "library over a parent directory", "destination over a parent directory",
              "source over a parent directory", R"(C:\Helper test\HALCON-20.11\license\..\license\)");
+    addPaths(lines, "library over a parent directory between slashes",
+             "destination over a parent directory between slashes",
+             "source over a parent directory between slashes",
+             "C:/Helper test/HALCON-20.11/license/../license/");
+    addPaths(lines, "library over a parent directory behind a slash",
+             "destination over a parent directory behind a slash",
+             "source over a parent directory behind a slash",
+             R"(C:\Helper test\HALCON-20.11\license/..\license\)");
     addPaths(lines, "library over the same directory", "destination over the same directory",
              "source over the same directory", R"(C:\Helper test\HALCON-20.11\license\.\)");
     addPaths(lines, "library over three dots", "destination over three dots", "source over three dots",
@@ -293,6 +319,10 @@ QVector<HostileLine> pathLines()
              R"(C:\Helper test\HALCON-20.11\license\)", ":x");
     addPaths(lines, "data stream of a library", "data stream of the destination", "data stream of the source",
              R"(C:\Helper test\HALCON-20.11\license\)", "::$DATA");
+    addPaths(lines, "stream of a library behind slashes", "stream of the destination behind slashes",
+             "stream of the source behind slashes", "C:/Helper test/HALCON-20.11/license/", ":x");
+    addPaths(lines, "library with a slash at its end", "destination with a slash at its end",
+             "source with a slash at its end", R"(C:\Helper test\HALCON-20.11\license\)", "/");
     addPaths(lines, "stream of a directory of the library", "stream of a directory of the destination",
              "stream of a directory of the source", R"(C:\Helper test\HALCON-20.11:x\license\)");
     addPaths(lines, "library with a blank at its end", "destination with a blank at its end",
@@ -309,6 +339,8 @@ QVector<HostileLine> pathLines()
              R"(C:\Helper test|x\license\)");
     addPaths(lines, "library over a device", "destination over a device", "source over a device",
              R"(C:\NUL\license\)");
+    addPaths(lines, "library over a device between slashes", "destination over a device between slashes",
+             "source over a device between slashes", "C:/NUL/license/");
     addPaths(lines, "library over a port", "destination over a port", "source over a port",
              R"(C:\com1.txt\license\)");
     addPaths(lines, "library over a port with a raised digit", "destination over a port with a raised digit",
@@ -326,9 +358,10 @@ QVector<HostileLine> pathLines()
     return lines;
 }
 
-} // namespace
+} // namespace HostileLines
 
 QVector<HostileLine> hostileLines()
 {
-    return wholeLines() + variableLines() + libraryLines() + copyLines() + pathLines();
+    using namespace HostileLines;
+    return whole() + variables() + libraries() + copies() + paths();
 }

@@ -22,5 +22,19 @@ constexpr const char *source = "C:\\Helper test\\new.dat";
 
 } // namespace HostileFiles
 
+namespace HostileLines {
+
+/// That are no line of any known form.
+QVector<HostileLine> whole();
+
+QVector<HostileLine> variables();
+QVector<HostileLine> libraries();
+QVector<HostileLine> copies();
+
+/// With paths that are not plain, each in all the places that take one.
+QVector<HostileLine> paths();
+
+} // namespace HostileLines
+
 /// All of them, with names that differ.
 QVector<HostileLine> hostileLines();

@@ -1,0 +1,66 @@
+#include "companions/helper/ReplacementFile.h"
+
+#include <windows.h>
+
+#include <cstring>
+
+namespace {
+
+/// Whether a new file has come into the directory: by its path and, because a whole volume can be made to appear in an
+/// empty directory, by its volume.
+bool liesIn(const HeldPath &directory, HANDLE file, const std::wstring &name)
+{
+    const std::wstring path = finalPathOf(file);
+    return samePath(path, finalPathOf(directory.handle()) + L'\\' + name) &&
+           factsOf(file).volume == directory.facts().back().volume;
+}
+
+} // namespace
+
+// Once the other constructor is through, the file goes away even if this one throws.
+ReplacementFile::ReplacementFile(const HeldPath &directory, const std::wstring &path) : ReplacementFile()
+{
+    const std::wstring name = L"qz_com_helper-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
+                              std::to_wstring(GetTickCount64()) + L".tmp";
+    file =
+        UniqueHandle(CreateFileW(literalPath(path + L'\\' + name).c_str(), GENERIC_WRITE | DELETE, 0, nullptr,
+                                 CREATE_NEW, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+    if (file) {
+        where = liesIn(directory, file.get(), name) ? Place::inDirectory : Place::elsewhere;
+    }
+}
+
+ReplacementFile::~ReplacementFile()
+{
+    if (file && !inPlace) {
+        FILE_DISPOSITION_INFO disposition = {};
+        disposition.DeleteFile = TRUE;
+        SetFileInformationByHandle(file.get(), FileDispositionInfo, &disposition, sizeof(disposition));
+    }
+}
+
+bool ReplacementFile::write(const std::vector<unsigned char> &bytes) const
+{
+    DWORD written = 0;
+    return where == Place::inDirectory &&
+           WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) != 0 &&
+           written == bytes.size() && FlushFileBuffers(file.get()) != 0;
+}
+
+bool ReplacementFile::replace(const std::wstring &path)
+{
+    // What is renamed is told by its handle: under its name somebody might have put another. The new name is a whole
+    // path because this function takes none that is relative to an open directory; it leads to the held one, as none
+    // of the directories on its way is empty now.
+    const std::wstring target = literalPath(path);
+    const std::size_t length = target.size() * sizeof(wchar_t);
+    std::vector<unsigned char> buffer(sizeof(FILE_RENAME_INFO) + length);
+    auto *const information = reinterpret_cast<FILE_RENAME_INFO *>(buffer.data());
+    information->ReplaceIfExists = TRUE;
+    information->FileNameLength = static_cast<DWORD>(length);
+    std::memcpy(information->FileName, target.data(), length);
+    inPlace =
+        where == Place::inDirectory && SetFileInformationByHandle(file.get(), FileRenameInfo, information,
+                                                                  static_cast<DWORD>(buffer.size())) != 0;
+    return inPlace;
+}
