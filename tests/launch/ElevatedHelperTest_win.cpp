@@ -36,8 +36,6 @@ private:
 
 } // namespace
 
-/// That the user declines cannot be had without the prompt of a real Windows; the shell then reports a
-/// failure, like for a program that cannot be started.
 class ElevatedHelperTest : public QObject {
     Q_OBJECT
 
