@@ -1,0 +1,107 @@
+#include "app/InertDocument.h"
+
+#include <QTextBlock>
+#include <QTextFrame>
+#include <QTextTable>
+
+#include <vector>
+
+namespace {
+
+/// Takes out of @p format what makes Qt look for a file: when it is drawn, copied, or hovered over. True when there
+/// was any of it.
+bool disarm(QTextFormat &format)
+{
+    bool changed = false;
+    // A tool tip is rich text of its own.
+    for (const int property : {QTextFormat::BackgroundImageUrl, QTextFormat::TextToolTip}) {
+        if (format.hasProperty(property)) {
+            format.clearProperty(property);
+            changed = true;
+        }
+    }
+    return changed;
+}
+
+/// Characters of one format in a block.
+struct Run {
+    int position; ///< in the document
+    int length;
+    QTextCharFormat format;
+};
+
+void disarmText(const QTextBlock &block)
+{
+    QTextCursor cursor(block);
+    QTextBlockFormat blockFormat = block.blockFormat();
+    if (disarm(blockFormat)) {
+        cursor.setBlockFormat(blockFormat);
+    }
+    QTextCharFormat emptyFormat = block.charFormat();
+    if (disarm(emptyFormat)) {
+        cursor.setBlockCharFormat(emptyFormat);
+    }
+
+    // A change makes fragments invalid.
+    std::vector<Run> runs;
+    for (auto each = block.begin(); !each.atEnd(); ++each) {
+        const QTextFragment fragment = each.fragment();
+        runs.push_back({fragment.position(), fragment.length(), fragment.charFormat()});
+    }
+    // From the end, so that what is left keeps its position.
+    for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
+        cursor.setPosition(run->position);
+        cursor.setPosition(run->position + run->length, QTextCursor::KeepAnchor);
+        if (run->format.isImageFormat()) {
+            cursor.removeSelectedText();
+        } else if (disarm(run->format)) {
+            cursor.setCharFormat(run->format);
+        }
+    }
+}
+
+void disarmCells(QTextTable &table)
+{
+    for (int row = 0; row < table.rows(); ++row) {
+        for (int column = 0; column < table.columns(); ++column) {
+            QTextTableCell cell = table.cellAt(row, column);
+            QTextCharFormat format = cell.format();
+            if (disarm(format)) {
+                cell.setFormat(format);
+            }
+        }
+    }
+}
+
+void disarmFrames(QTextFrame &frame)
+{
+    QTextFrameFormat format = frame.frameFormat();
+    if (disarm(format)) {
+        frame.setFrameFormat(format);
+    }
+    if (auto *table = qobject_cast<QTextTable *>(&frame)) {
+        disarmCells(*table);
+    }
+    const auto children = frame.childFrames();
+    for (QTextFrame *child : children) {
+        disarmFrames(*child);
+    }
+}
+
+} // namespace
+
+InertDocument::InertDocument(const QString &html, const QFont &font, QObject *parent) : QTextDocument(parent)
+{
+    setUndoRedoEnabled(false);
+    setDefaultFont(font);
+    setHtml(html);
+    for (QTextBlock block = begin(); block.isValid(); block = block.next()) {
+        disarmText(block);
+    }
+    disarmFrames(*rootFrame());
+}
+
+QVariant InertDocument::loadResource(int /*type*/, const QUrl & /*name*/)
+{
+    return {};
+}
