@@ -18,12 +18,12 @@ struct Card {
 
 QString directoryLink(const QString &target, const QString &directory)
 {
-    return QStringLiteral("<b>") + htmlLink(target, directory) + QStringLiteral("</b>");
+    return QStringLiteral("<b>") + htmlLink(target, directory.toHtmlEscaped()) + QStringLiteral("</b>");
 }
 
 QString missingDirectory(const QString &directory, const QString &remark)
 {
-    return directory + QStringLiteral(" <span style=\"color:#ff0000;\">") + remark +
+    return directory.toHtmlEscaped() + QStringLiteral(" <span style=\"color:#ff0000;\">") + remark +
            QStringLiteral("</span>");
 }
 

@@ -16,6 +16,8 @@ private slots:
     void xlBadge();
     void details_data();
     void details();
+    void directoryIsNoHtml_data();
+    void directoryIsNoHtml();
     void architectureFilter_data();
     void architectureFilter();
     void visualStudioRows();
@@ -169,6 +171,25 @@ void CardTextsTest::details()
     QFETCH(bool, installDirExists);
     QFETCH(bool, exampleRootExists);
     QTEST(detailsHtml(installation, installDirExists, exampleRootExists), "html");
+}
+
+void CardTextsTest::directoryIsNoHtml_data()
+{
+    QTest::addColumn<bool>("exists");
+
+    QTest::newRow("existing") << true;
+    QTest::newRow("missing") << false;
+}
+
+void CardTextsTest::directoryIsNoHtml()
+{
+    HalconInstallation installation(20, 11, 1, 0);
+    installation.installDir = R"(C:\R&D <img src="//server/share/1.png">)";
+    installation.setExampleRoot(R"(D:\&lt;E</b></body>)");
+    QFETCH(bool, exists);
+    const QString html = detailsHtml(installation, exists, exists);
+    QVERIFY(html.contains("C:\\R&amp;D &lt;img src=&quot;//server/share/1.png&quot;&gt;"));
+    QVERIFY(html.contains("D:\\&amp;lt;E&lt;/b&gt;&lt;/body&gt;"));
 }
 
 void CardTextsTest::architectureFilter_data()
