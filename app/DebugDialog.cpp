@@ -3,8 +3,11 @@
 #include "app/DebugLogger.h"
 #include "ui_DebugDialog.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QClipboard>
 #include <QMessageBox>
+#include <QScrollBar>
+#include <QTextCursor>
 
 DebugDialog::DebugDialog(QWidget *parent) : QDialog(parent), ui(std::make_unique<Ui::DebugDialog>())
 {
@@ -15,14 +18,32 @@ DebugDialog::DebugDialog(QWidget *parent) : QDialog(parent), ui(std::make_unique
     connect(ui->pbClose, &QPushButton::clicked, this, &DebugDialog::close);
     connect(ui->pbClipboard, &QPushButton::clicked, this, &DebugDialog::copyToClipboard);
 
-    updateLog();
+    const QString text = DebugLogger::instance().text();
+    ui->textBrowser->setPlainText(text);
+    shownLength = text.size();
 }
 
 DebugDialog::~DebugDialog() = default;
 
 void DebugDialog::updateLog()
 {
-    ui->textBrowser->setPlainText(DebugLogger::instance().text());
+    QTextBrowser *browser = ui->textBrowser;
+    QScrollBar *bar = browser->verticalScrollBar();
+    const bool atEnd = bar->value() == bar->maximum();
+
+    // The log only grows. To set the whole text would lose the reader's place and selection.
+    const QString text = DebugLogger::instance().text();
+    QTextCursor end(browser->document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(text.mid(shownLength));
+    shownLength = text.size();
+
+    if (atEnd) {
+        // The bar itself learns of the new lines only later.
+        const int height = browser->document()->documentLayout()->documentSize().toSize().height();
+        bar->setMaximum(height - browser->viewport()->height());
+        bar->setValue(bar->maximum());
+    }
 }
 
 void DebugDialog::copyToClipboard()

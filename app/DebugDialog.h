@@ -17,7 +17,8 @@ public:
     ~DebugDialog() override;
 
 public slots:
-    /// Replaces the shown text by the whole current log.
+    /// Shows the whole current log. What is selected stays so, and the view stays where it is, or at the end if it is
+    /// there.
     void updateLog();
 
     /// Puts the whole current log on the clipboard and tells the user so.
@@ -25,4 +26,5 @@ public slots:
 
 private:
     std::unique_ptr<Ui::DebugDialog> ui;
+    int shownLength = 0; ///< how much of the log's text is shown
 };

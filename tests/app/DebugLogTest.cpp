@@ -2,9 +2,11 @@
 #include "app/DebugLogger.h"
 #include "tests/support/MessageBoxes.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QClipboard>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTextBrowser>
 #include <QtTest>
@@ -15,6 +17,8 @@ class DebugLogTest : public QObject {
 private slots:
     // The log cannot be cleared, so the tests run in the order in which they stand and build on each other.
     void emptyLog();
+    void warningsStayOut();
+    void slotsOfTheDialog();
     void copyEmptyLog();
     void linesAreJoined();
     void dialogIsBuilt();
@@ -22,12 +26,34 @@ private slots:
     void openDialogFollows();
     void closedDialogFollows();
     void copy();
+    void readerKeepsHisPlace();
+    void endIsFollowed();
+    void opensAtTheTop();
 };
 
 void DebugLogTest::emptyLog()
 {
     QCOMPARE(DebugLogger::instance().text(), QString());
-    QCOMPARE(&DebugLogger::instance(), &DebugLogger::instance());
+}
+
+void DebugLogTest::warningsStayOut()
+{
+    const QSignalSpy updated(&DebugLogger::instance(), &DebugLogger::updated);
+    const DebugDialog dialog;
+    QTest::ignoreMessage(QtWarningMsg, "not for the log");
+    qWarning("not for the log");
+    QCOMPARE(DebugLogger::instance().text(), QString());
+    QCOMPARE(updated.size(), 0);
+}
+
+void DebugLogTest::slotsOfTheDialog()
+{
+    const QMetaObject &dialog = DebugDialog::staticMetaObject;
+    QStringList names;
+    for (int i = dialog.methodOffset(); i < dialog.methodCount(); ++i) {
+        names.append(dialog.method(i).methodSignature());
+    }
+    QCOMPARE(names, (QStringList{"updateLog()", "copyToClipboard()"}));
 }
 
 void DebugLogTest::copyEmptyLog()
@@ -135,6 +161,71 @@ void DebugLogTest::copy()
     QCOMPARE(box.icon, QMessageBox::Information);
     QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
     QCOMPARE(box.parent.data(), &dialog);
+}
+
+void DebugLogTest::readerKeepsHisPlace()
+{
+    for (int line = 0; line < 200; ++line) {
+        DebugLogger::instance().log(QString("line %1").arg(line) + QString(300, '.'));
+    }
+    DebugDialog dialog;
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
+    browser->setLineWrapMode(QTextEdit::NoWrap);
+    QVERIFY(browser->find("line 120"));
+    QTextCursor backwards = browser->textCursor();
+    const int start = backwards.selectionStart();
+    backwards.setPosition(backwards.selectionEnd());
+    backwards.setPosition(start, QTextCursor::KeepAnchor);
+    browser->setTextCursor(backwards);
+    QScrollBar *down = browser->verticalScrollBar();
+    QScrollBar *across = browser->horizontalScrollBar();
+    down->setValue(down->maximum() / 3);
+    across->setValue(across->maximum() / 2);
+    const int lineShown = down->value();
+    const int columnShown = across->value();
+    QVERIFY(lineShown > 0 && columnShown > 0);
+
+    DebugLogger::instance().log("one more");
+
+    QVERIFY(browser->toPlainText().endsWith("\none more"));
+    QCOMPARE(down->value(), lineShown);
+    QCOMPARE(across->value(), columnShown);
+    QCOMPARE(browser->textCursor().selectedText(), QString("line 120"));
+    QCOMPARE(browser->textCursor().position(), start);
+}
+
+void DebugLogTest::endIsFollowed()
+{
+    DebugDialog dialog;
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    const auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
+    QScrollBar *down = browser->verticalScrollBar();
+    const auto end = [&] {
+        return browser->document()->documentLayout()->documentSize().toSize().height() -
+               browser->viewport()->height();
+    };
+    // The text is laid out anew for the window's width.
+    QTRY_COMPARE(down->maximum(), end());
+    down->setValue(down->maximum());
+    for (int line = 0; line < 3; ++line) {
+        const int before = end();
+        DebugLogger::instance().log("one\nmore");
+        QVERIFY(end() > before);
+        QCOMPARE(down->value(), end());
+    }
+    QCoreApplication::processEvents();
+    QCOMPARE(down->value(), end());
+}
+
+void DebugLogTest::opensAtTheTop()
+{
+    DebugDialog dialog;
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QCOMPARE(dialog.findChild<QTextBrowser *>("textBrowser")->verticalScrollBar()->value(), 0);
 }
 
 QTEST_MAIN(DebugLogTest)

@@ -6,8 +6,8 @@
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextBrowser>
-#include <QtTest>
 #include <QToolTip>
+#include <QtTest>
 
 namespace {
 
