@@ -128,12 +128,6 @@ void RecentProgramsFrame::highlight_matching(const QString & /*text*/)
     ordered->sort(0, Qt::DescendingOrder);
 }
 
-void RecentProgramsFrame::showEvent(QShowEvent *event)
-{
-    QFrame::showEvent(event);
-    setFocus(Qt::OtherFocusReason);
-}
-
 void RecentProgramsFrame::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape) {

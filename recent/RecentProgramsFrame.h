@@ -32,9 +32,6 @@ public slots:
     void highlight_matching(const QString &text);
 
 protected:
-    /// Gives the search line the keyboard focus.
-    void showEvent(QShowEvent *event) override;
-
     /// Hides the frame on Escape.
     void keyPressEvent(QKeyEvent *event) override;
 
