@@ -7,8 +7,9 @@ set -uo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/expectations"
 
 program=$1 stand_ins=$2
-list='GET http://www.quorvik.example/halcon-versions.json HTTP/1.1'
-own='GET http://www.quorvik.example/corvanta-for-halcon-version.json HTTP/1.1'
+# shellcheck disable=SC2154
+list="GET ${home_page}halcon-versions.json HTTP/1.1"
+own="GET ${home_page}corvanta-for-halcon-version.json HTTP/1.1"
 
 cat >"$TEST_DIRECTORY/table" <<'TABLE'
 product 13.0 'C:\Program Files\MVTec\HALCON-13.0' x64
@@ -22,7 +23,7 @@ cat >"$TEST_DIRECTORY/web/halcon-versions.json" <<'JSON'
             {"version": "20.11", "revision": "2", "build": "0", "edition": "progress"}]}
 JSON
 cat >"$TEST_DIRECTORY/web/corvanta-for-halcon-version.json" <<'JSON'
-{"corvanta-for-halcon": {"major": "1", "minor": "9"}, "updateMessage": "News"}
+{"corvanta-for-halcon": {"major": "9999", "minor": "0"}, "updateMessage": "News"}
 JSON
 
 # What has been asked for since the last call, sorted.
