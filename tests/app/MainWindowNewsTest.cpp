@@ -3,6 +3,7 @@
 #include "tests/app/UpdateMachine.h"
 #include "tests/support/DialogUser.h"
 #include "tests/support/Messages.h"
+#include "tests/support/ProjectVersion.h"
 #include "tests/support/RichText.h"
 #include "update/UpdateCheck.h"
 
@@ -22,7 +23,7 @@ Q_DECLARE_METATYPE(WebAnswer)
 namespace {
 
 const QByteArray newProgram =
-    R"({"corvanta-for-halcon": {"major": "1", "minor": "9"}, "updateMessage": "<b>%1</b> & more"})";
+    R"({"corvanta-for-halcon": {"major": "9999", "minor": "0"}, "updateMessage": "<b>%1</b> & more"})";
 
 /// What @p html looks like once a browser has taken it in and is asked for it again.
 QString digested(const QString &html, const QTextBrowser &alike)
@@ -233,7 +234,9 @@ void MainWindowNewsTest::dialogTellsOfANewProgram()
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     const QString html = "An updated version of Corvanta for HALCON is available for download at<br><br>"
                          "<a href=\"http://www.quorvik.example/\">http://www.quorvik.example/</a><br><br>"
-                         "Your current version: 1.8<br>Latest version: 1.9<br><br><b>%1</b> & more<br><br>"
+                         "Your current version: " +
+                         projectVersion() +
+                         "<br>Latest version: 9999.0<br><br><b>%1</b> & more<br><br>"
                          "Note: This check can be disabled with the checkbox \"Enable Corvanta for HALCON "
                          "Update Checks\" near "
                          "the bottom of the main screen.";
@@ -244,7 +247,9 @@ void MainWindowNewsTest::dialogTellsOfANewProgram()
         QCOMPARE(dialog.windowModality(), Qt::ApplicationModal);
         QCOMPARE(dialog.findChild<QTextBrowser *>()->toPlainText(),
                  QString("An updated version of Corvanta for HALCON is available for download at\n\n"
-                         "http://www.quorvik.example/\n\nYour current version: 1.8\nLatest version: 1.9\n\n"
+                         "http://www.quorvik.example/\n\nYour current version: " +
+                         projectVersion() +
+                         "\nLatest version: 9999.0\n\n"
                          "%1 & more\n\nNote: This check can be disabled with the checkbox \"Enable Corvanta "
                          "for HALCON Update Checks\" near the bottom of the main screen."));
         dialog.close();

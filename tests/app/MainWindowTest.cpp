@@ -7,6 +7,7 @@
 #include "tests/app/WindowMachine.h"
 #include "tests/recent/HDevelopSettings.h"
 #include "tests/recent/ShownPrograms.h"
+#include "tests/support/ProjectVersion.h"
 #include "tests/support/Registry.h"
 #include "tests/support/RichText.h"
 #include "tests/support/WebServer.h"
@@ -96,7 +97,7 @@ void MainWindowTest::init()
 void MainWindowTest::titleAndState()
 {
     const MainWindow window;
-    QCOMPARE(window.windowTitle(), QString("Quorvik Solutions - Corvanta for HALCON 1.8"));
+    QCOMPARE(window.windowTitle(), "Quorvik Solutions - Corvanta for HALCON " + projectVersion());
     QCOMPARE(window.windowState(), Qt::WindowStates(Qt::WindowMaximized));
     QCOMPARE(window.objectName(), QString("MainWindow"));
     QCOMPARE(window.size(), QSize(834, 621));
@@ -177,12 +178,13 @@ void MainWindowTest::footer()
     const QString home = "http://www." + MakerAddresses::webDomain() + "/";
     QCOMPARE(
         richTextRuns(*browser->document()),
-        (QStringList{"\"Quorvik Solutions Corvanta for HALCON (1.8) - Please find more information about "
-                     "our HALCON services at \"",
+        (QStringList{"\"Quorvik Solutions Corvanta for HALCON (" + projectVersion() +
+                         ") - Please find more information about "
+                         "our HALCON services at \"",
                      link(home, home), "\" or our products at \"",
                      link(MakerAddresses::shop(), MakerAddresses::shop()), "\". We are happy to receive \"",
                      link("feedback", "mailto:" + MakerAddresses::feedbackAddress() +
-                                          "?subject=Feedback Corvanta%20for%20HALCON%201.8"),
+                                          "?subject=Feedback Corvanta%20for%20HALCON%20" + projectVersion()),
                      "\" from you.\""}));
 }
 

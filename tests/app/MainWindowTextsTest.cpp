@@ -1,6 +1,7 @@
 #include "app/MainWindowTexts.h"
 #include "app/ApplicationIdentity.h"
 #include "app/MakerAddresses.h"
+#include "tests/support/ProjectVersion.h"
 
 #include <QTextBlock>
 #include <QTextDocument>
@@ -23,7 +24,7 @@ void MainWindowTextsTest::identity()
 {
     QCOMPARE(QApplication::applicationName(), QString("Corvanta for HALCON"));
     QCOMPARE(QApplication::applicationDisplayName(), QString("Corvanta for HALCON"));
-    QCOMPARE(QApplication::applicationVersion(), QString("1.8"));
+    QCOMPARE(QApplication::applicationVersion(), projectVersion());
     QCOMPARE(QApplication::organizationName(), QString("Quorvik Solutions"));
     QCOMPARE(QApplication::organizationDomain(), MakerAddresses::webDomain());
 }
@@ -55,9 +56,9 @@ void MainWindowTextsTest::templateText()
 void MainWindowTextsTest::placesAreFilledInTurn()
 {
     QCOMPARE(filledFooter("%1|%2|%3|%3|%4|%5"),
-             "Quorvik Solutions Corvanta for HALCON|1.8|http://www." + MakerAddresses::webDomain() +
-                 "/|http://www." + MakerAddresses::webDomain() + "/|" + MakerAddresses::shop() +
-                 "|Corvanta%20for%20HALCON%201.8");
+             "Quorvik Solutions Corvanta for HALCON|" + projectVersion() + "|http://www." +
+                 MakerAddresses::webDomain() + "/|http://www." + MakerAddresses::webDomain() + "/|" +
+                 MakerAddresses::shop() + "|Corvanta%20for%20HALCON%20" + projectVersion());
 }
 
 void MainWindowTextsTest::browserHtmlServesAsTemplate()
@@ -65,9 +66,10 @@ void MainWindowTextsTest::browserHtmlServesAsTemplate()
     QTextDocument document;
     document.setHtml(footerTemplate());
     document.setHtml(filledFooter(document.toHtml()));
-    QCOMPARE(document.toPlainText(), "Quorvik Solutions Corvanta for HALCON (1.8) - Please find more "
-                                     "information about our HALCON services "
-                                     "at " +
+    QCOMPARE(document.toPlainText(), "Quorvik Solutions Corvanta for HALCON (" + projectVersion() +
+                                         ") - Please find more "
+                                         "information about our HALCON services "
+                                         "at " +
                                          MakerAddresses::homePage() + " or our products at " +
                                          MakerAddresses::shop() +
                                          ". We are happy to receive feedback from you.");
@@ -87,7 +89,7 @@ void MainWindowTextsTest::browserHtmlServesAsTemplate()
                         MakerAddresses::homePage() + " -> " + MakerAddresses::homePage(),
                         MakerAddresses::shop() + " -> " + MakerAddresses::shop(),
                         "feedback -> mailto:" + MakerAddresses::feedbackAddress() +
-                            "?subject=Feedback Corvanta%20for%20HALCON%201.8",
+                            "?subject=Feedback Corvanta%20for%20HALCON%20" + projectVersion(),
                     }));
 }
 

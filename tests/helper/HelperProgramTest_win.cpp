@@ -1,5 +1,6 @@
 #include "tests/companions/TestConsole.h"
 #include "tests/helper/HelperMachine.h"
+#include "tests/support/ProjectVersion.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -48,7 +49,7 @@ const QString helpText =
     "  5  the variables are set, but not every library is registered\r\n"
     "  6  the file could not be copied; the old one is as it was\r\n";
 
-const QString versionText = "qz_com_helper 1.8 (Corvanta for HALCON)\r\n";
+const QString versionText = "qz_com_helper " + projectVersion() + " (Corvanta for HALCON)\r\n";
 
 /// The program's file.
 QByteArray image()
