@@ -38,8 +38,8 @@ QString digested(const QString &html, const QTextBrowser &alike)
 QString withUpdate(const QString &html, const QString &version)
 {
     return QString(html).replace(
-        "</body>", "Latest version: " + version +
-                       " <a href=\"http://www.mvtec.com/download/halcon/\"><span style=\"text-decoration: "
+        "</body>", "Latest version: " + version + " <a href=\"" + MakerAddresses::halconDownloads() +
+                       "\"><span style=\"text-decoration: "
                        "underline; color:#ff0000; font-size:12pt;\"><b>Update available!</b></span></a><br>"
                        "</body>");
 }
@@ -232,8 +232,11 @@ void MainWindowNewsTest::dialogTellsOfANewProgram()
     MainWindow window;
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const QString home = webServer + "/";
     const QString html = "An updated version of Corvanta for HALCON is available for download at<br><br>"
-                         "<a href=\"http://www.quorvik.example/\">http://www.quorvik.example/</a><br><br>"
+                         "<a href=\"" +
+                         home + "\">" + home +
+                         "</a><br><br>"
                          "Your current version: " +
                          projectVersion() +
                          "<br>Latest version: 9999.0<br><br><b>%1</b> & more<br><br>"
@@ -241,14 +244,13 @@ void MainWindowNewsTest::dialogTellsOfANewProgram()
                          "Update Checks\" near "
                          "the bottom of the main screen.";
     const LogLines log;
-    DialogUser<MessageDialog> user([](MessageDialog &dialog) {
+    DialogUser<MessageDialog> user([&](MessageDialog &dialog) {
         QCOMPARE(dialog.windowTitle(), QString("Update available for Corvanta for HALCON"));
         QVERIFY(dialog.parentWidget() == nullptr);
         QCOMPARE(dialog.windowModality(), Qt::ApplicationModal);
         QCOMPARE(dialog.findChild<QTextBrowser *>()->toPlainText(),
-                 QString("An updated version of Corvanta for HALCON is available for download at\n\n"
-                         "http://www.quorvik.example/\n\nYour current version: " +
-                         projectVersion() +
+                 QString("An updated version of Corvanta for HALCON is available for download at\n\n" + home +
+                         "\n\nYour current version: " + projectVersion() +
                          "\nLatest version: 9999.0\n\n"
                          "%1 & more\n\nNote: This check can be disabled with the checkbox \"Enable Corvanta "
                          "for HALCON Update Checks\" near the bottom of the main screen."));

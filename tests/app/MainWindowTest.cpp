@@ -186,6 +186,9 @@ void MainWindowTest::footer()
                      link("feedback", "mailto:" + MakerAddresses::feedbackAddress() +
                                           "?subject=Feedback Corvanta%20for%20HALCON%20" + projectVersion()),
                      "\" from you.\""}));
+    for (auto run = browser->document()->begin().begin(); !run.atEnd(); ++run) {
+        QCOMPARE(run.fragment().charFormat().fontPointSize(), 8.0);
+    }
 }
 
 void MainWindowTest::cardsInOrder()

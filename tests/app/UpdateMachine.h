@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/MainWindow.h"
+#include "app/MakerAddresses.h"
 #include "card/SingleHalconVersionFrame.h"
 #include "tests/app/WindowMachine.h"
 #include "tests/support/WebServer.h"
@@ -9,8 +10,9 @@
 
 inline const QString halconBox = "cbUpdateCheckHalcon";
 inline const QString corvantaBox = "cbUpdateCheckCorvanta";
-inline const QByteArray releaseList = "http://www.quorvik.example/halcon-versions.json";
-inline const QByteArray ownRelease = "http://www.quorvik.example/corvanta-for-halcon-version.json";
+inline const QByteArray webServer = "http://www." + MakerAddresses::webDomain().toUtf8();
+inline const QByteArray releaseList = webServer + "/halcon-versions.json";
+inline const QByteArray ownRelease = webServer + "/corvanta-for-halcon-version.json";
 
 /// What the list of releases holds of one.
 inline QByteArray release(const QByteArray &version, const QByteArray &revision, const QByteArray &edition)

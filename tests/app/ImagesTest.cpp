@@ -1,0 +1,39 @@
+#include <QImage>
+#include <QtTest>
+
+/// The images that are compiled in, by the names under which the program asks for them.
+class ImagesTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void image_data();
+    void image();
+};
+
+void ImagesTest::image_data()
+{
+    QTest::addColumn<QSize>("size");
+
+    for (const char *name :
+         {"shell", "shell_no_devenv", "help", "install_license", "permanent", "uac", "velloxa"}) {
+        QTest::newRow(name) << QSize();
+    }
+    QTest::newRow("velloxa-48") << QSize(48, 48);
+    QTest::newRow("velloxa-256") << QSize(256, 256);
+    // The program's icon.
+    QTest::newRow("corvanta") << QSize(256, 256);
+}
+
+void ImagesTest::image()
+{
+    const QImage image(QString(":/%1.png").arg(QTest::currentDataTag()));
+    QVERIFY(!image.isNull());
+    QFETCH(QSize, size);
+    if (size.isValid()) {
+        QCOMPARE(image.size(), size);
+    }
+}
+
+QTEST_GUILESS_MAIN(ImagesTest)
+
+#include "ImagesTest.moc"
