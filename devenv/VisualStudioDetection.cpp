@@ -1,6 +1,7 @@
 #include "devenv/VisualStudioDetection.h"
 
 #include "app/DebugLogger.h"
+#include "base/RegistryReader.h"
 #include "devenv/BuildScripts.h"
 #include "devenv/IdeLaunch.h"
 #include "devenv/Vswhere.h"
@@ -8,7 +9,6 @@
 #include <QDebug>
 #include <QDir>
 #include <QRegularExpression>
-#include <QSettings>
 
 #include <array>
 
@@ -46,21 +46,19 @@ QList<VisualStudioVersion> detectVisualStudioInRegistry(const QString &rootKey, 
 
     // The dot matches any character, so that 14.0_Config and 1400 pass as well.
     static const QRegularExpression versionPattern(QStringLiteral(R"(\d+.\d)"));
-    const QStringList versions =
-        QSettings(rootKey, QSettings::NativeFormat).childGroups().filter(versionPattern);
+    const RegistryReader root(rootKey);
+    const QStringList versions = root.childGroups().filter(versionPattern);
 
     QList<VisualStudioVersion> records;
     for (const QString &version : versions) {
         qDebug() << "vs_version" << version;
-        const QString setup = rootKey + QLatin1Char('\\') + version + QStringLiteral("\\Setup");
-        const QString editionsKey = setup + QStringLiteral("\\VS");
+        const RegistryReader setup = root.below(version + QStringLiteral("/Setup"));
         const QStringList editions =
-            express ? QStringList{QString()} : QSettings(editionsKey, QSettings::NativeFormat).childGroups();
+            express ? QStringList{QString()} : setup.below(QStringLiteral("VS")).childGroups();
         for (const QString &edition : editions) {
             qDebug() << "ed" << edition;
-            const QString productKey =
-                express ? setup + QStringLiteral("\\VC") : editionsKey + QLatin1Char('\\') + edition;
-            const QSettings product(productKey, QSettings::NativeFormat);
+            const RegistryReader product =
+                setup.below(express ? QStringLiteral("VC") : QStringLiteral("VS/") + edition);
             const QString productDir = QStringLiteral("ProductDir");
             if (!product.contains(productDir)) {
                 continue;

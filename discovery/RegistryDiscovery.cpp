@@ -1,10 +1,10 @@
 #include "discovery/RegistryDiscovery.h"
 
 #include "app/DebugLogger.h"
+#include "base/RegistryReader.h"
 #include "discovery/VersionNames.h"
 
 #include <QDebug>
-#include <QSettings>
 
 namespace {
 
@@ -14,15 +14,15 @@ void reportInvalidVersion(const QString &name)
     qWarning() << invalidVersionText(name);
 }
 
-/// The keys of the settings' current group, sub-groups included, whose value is 1.
-QStringList installedComponents(const QSettings &settings)
+/// The names of the values that are 1, those of the keys below included.
+QStringList installedComponents(const RegistryReader &key)
 {
     static const QVariant installed(QStringLiteral("1"));
     QStringList components;
-    const QStringList keys = settings.allKeys();
-    for (const QString &key : keys) {
-        if (settings.value(key) == installed) {
-            components.append(key);
+    const QStringList names = key.allKeys();
+    for (const QString &name : names) {
+        if (key.value(name) == installed) {
+            components.append(name);
         }
     }
     return components;
@@ -49,9 +49,9 @@ QList<HalconInstallation> readMainHalconKey(const QString &keyPath)
 {
     DebugLogger &logger = DebugLogger::instance();
     logger.log(QStringLiteral("Investigating main HALCON registry key ") + keyPath);
-    QSettings settings(keyPath, QSettings::NativeFormat);
+    const RegistryReader product(keyPath);
     QList<HalconInstallation> installations;
-    const QStringList groups = settings.childGroups();
+    const QStringList groups = product.childGroups();
     for (const QString &group : groups) {
         const VersionName version = parseProductKeyName(group);
         if (!version.installation) {
@@ -60,18 +60,16 @@ QList<HalconInstallation> readMainHalconKey(const QString &keyPath)
         }
         HalconInstallation base = *version.installation;
 
-        settings.beginGroup(group + QStringLiteral("/InstalledComponents"));
-        // File name and group stand without a separator in this line.
-        logger.log(QStringLiteral("Investigating registry key ") + settings.fileName() + settings.group());
-        base.setComponents(installedComponents(settings));
-        settings.endGroup();
+        const QString components = group + QStringLiteral("/InstalledComponents");
+        // The backslash in front, and none between key and group, are part of this line.
+        logger.log(QStringLiteral("Investigating registry key \\") + keyPath + components);
+        base.setComponents(installedComponents(product.below(components)));
 
-        settings.beginGroup(group + QStringLiteral("/Initialized"));
-        base.installDir = settings.value(QStringLiteral("InstallDir")).toString();
-        base.setExampleRoot(settings.value(QStringLiteral("ExampleRoot")).toString());
-        base.revision = settings.value(QStringLiteral("InstalledRevision")).toInt();
-        base.build = settings.value(QStringLiteral("InstalledBuild")).toInt();
-        settings.endGroup();
+        const RegistryReader initialized = product.below(group + QStringLiteral("/Initialized"));
+        base.installDir = initialized.value(QStringLiteral("InstallDir")).toString();
+        base.setExampleRoot(initialized.value(QStringLiteral("ExampleRoot")).toString());
+        base.revision = initialized.value(QStringLiteral("InstalledRevision")).toInt();
+        base.build = initialized.value(QStringLiteral("InstalledBuild")).toInt();
 
         installations += installationsPerRuntime(base);
     }
@@ -82,9 +80,9 @@ QList<HalconInstallation> readUninstallKeys(const QString &keyPath)
 {
     DebugLogger &logger = DebugLogger::instance();
     logger.log(QStringLiteral("Investigating SOM HALCON registry key \"") + keyPath + QLatin1Char('"'));
-    QSettings settings(keyPath, QSettings::NativeFormat);
+    const RegistryReader uninstall(keyPath);
     QList<HalconInstallation> installations;
-    const QStringList groups = settings.childGroups();
+    const QStringList groups = uninstall.childGroups();
     for (const QString &group : groups) {
         const VersionName version = parseUninstallKeyName(group);
         if (!version.matches) {
@@ -98,11 +96,11 @@ QList<HalconInstallation> readUninstallKeys(const QString &keyPath)
         HalconInstallation base = *version.installation;
         base.setComponents({QStringLiteral("RuntimeX64")});
 
-        settings.beginGroup(group);
-        base.installDir =
-            settings.value(QStringLiteral("InstallLocation")).toString().remove(QLatin1Char('"'));
+        base.installDir = uninstall.below(group)
+                              .value(QStringLiteral("InstallLocation"))
+                              .toString()
+                              .remove(QLatin1Char('"'));
         base.setExampleRoot(base.installDir);
-        settings.endGroup();
 
         installations += installationsPerRuntime(base);
     }

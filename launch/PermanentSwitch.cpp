@@ -1,12 +1,12 @@
 #include "launch/PermanentSwitch.h"
 
+#include "base/RegistryReader.h"
 #include "launch/ElevatedHelper.h"
 #include "launch/EnvironmentBroadcast.h"
 #include "launch/ProcessStart.h"
 
 #include <QFileInfo>
 #include <QObject>
-#include <QSettings>
 
 namespace {
 
@@ -31,7 +31,7 @@ QList<Variable> permanentVariables(const HalconInstallation &installation)
 
 QString storedValue(const QString &key, const QString &name)
 {
-    return QSettings(key, QSettings::NativeFormat).value(name).toString();
+    return RegistryReader(key).value(name).toString();
 }
 
 /// What changes for @p variable, from the value that is in force for the user.

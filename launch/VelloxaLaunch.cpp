@@ -1,9 +1,9 @@
 #include "launch/VelloxaLaunch.h"
 
+#include "base/RegistryReader.h"
 #include "launch/ProcessStart.h"
 
 #include <QFileInfo>
-#include <QSettings>
 
 namespace {
 
@@ -46,8 +46,7 @@ bool startVelloxa(const HalconInstallation &installation, QStringList *errors)
 QString velloxaInstallDir()
 {
     static const QString directory =
-        QSettings(QStringLiteral(R"(HKEY_LOCAL_MACHINE\SOFTWARE\Quorvik Solutions\Velloxa)"),
-                  QSettings::NativeFormat)
+        RegistryReader(QStringLiteral(R"(HKEY_LOCAL_MACHINE\SOFTWARE\Quorvik Solutions\Velloxa)"))
             .value(QStringLiteral("InstallDir"))
             .toString();
     return directory;

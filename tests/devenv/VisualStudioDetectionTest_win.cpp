@@ -24,11 +24,18 @@ private slots:
 
 void VisualStudioDetectionTest::noVisualStudio()
 {
+    const QStringList roots{Roots::studio32, Roots::studio64, Roots::express32, Roots::express64};
+    for (const QString &root : roots) {
+        Registry::removeTree(root);
+    }
     const CaughtMessages messages;
     const LogLines log;
     QVERIFY(detectVisualStudioVersions().isEmpty());
     QCOMPARE(log.lines(), detectionLog());
     QCOMPARE(messages.warnings(), QStringList());
+    for (const QString &root : roots) {
+        QVERIFY2(!Registry::exists(root), qPrintable(root));
+    }
 }
 
 void VisualStudioDetectionTest::everyRoot_data()
@@ -153,14 +160,16 @@ void VisualStudioDetectionTest::decimalFractions()
 void VisualStudioDetectionTest::leftoversContributeNothing()
 {
     VisualStudioMachine machine;
-    machine.setup(Roots::studio64, "14.0_Config");
+    const QString configuration = machine.setup(Roots::studio64, "14.0_Config");
     machine.setup(Roots::studio64, "12.0");
     Registry::createKey(machine.setup(Roots::studio32, "11.0") + "\\VS\\Professional");
-    machine.setup(Roots::express64, "10.0");
+    const QString express = machine.setup(Roots::express64, "10.0");
     machine.addEdition(Roots::studio64, "SxS", "Professional", machine.path("VS"));
     const LogLines log;
     QVERIFY(detectVisualStudioVersions().isEmpty());
     QCOMPARE(log.lines(), detectionLog());
+    QVERIFY(!Registry::exists(configuration + "\\VS"));
+    QVERIFY(!Registry::exists(express + "\\VC"));
 }
 
 void VisualStudioDetectionTest::looksAnew()

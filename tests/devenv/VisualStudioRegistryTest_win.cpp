@@ -61,6 +61,7 @@ void VisualStudioRegistryTest::missingRoot()
     const QStringList expected{rootLine + " missing", rootLine + " missing"};
     QCOMPARE(log.lines(), expected);
     QCOMPARE(messages.warnings(), QStringList());
+    QVERIFY(!Registry::exists(R"(HKEY_LOCAL_MACHINE\SOFTWARE\Corvanta tests)"));
 }
 
 void VisualStudioRegistryTest::scripts_data()

@@ -78,21 +78,25 @@ void ProductKeyTest::missingKey()
 {
     const CaughtMessages messages;
     const LogLines log;
-    QVERIFY(readMainHalconKey(Keys::product64 + " that is missing").isEmpty());
+    const QString key = Keys::product64 + " that is missing";
+    QVERIFY(readMainHalconKey(key).isEmpty());
     const QStringList expected{
         "Investigating main HALCON registry key HKEY_LOCAL_MACHINE\\Software\\MVTec\\HALCON that is missing"};
     QCOMPARE(log.lines(), expected);
     QCOMPARE(messages.warnings(), QStringList());
+    QVERIFY(!Registry::exists(key));
 }
 
 void ProductKeyTest::emptyKey()
 {
     Registry::createKey(Keys::product64);
+    const CaughtMessages messages;
     const LogLines log;
     QVERIFY(readMainHalconKey(Keys::product64).isEmpty());
     const QStringList expected{
         "Investigating main HALCON registry key HKEY_LOCAL_MACHINE\\Software\\MVTec\\HALCON"};
     QCOMPARE(log.lines(), expected);
+    QCOMPARE(messages.warnings(), QStringList());
 }
 
 void ProductKeyTest::version()
@@ -223,6 +227,7 @@ void ProductKeyTest::nothingInitialized()
     const QList<HalconInstallation> found = readMainHalconKey(Keys::product64);
     QCOMPARE(recordLines(found), QStringList{"13.0.0.0 '' x64-win64 |  |  | RuntimeX64"});
     QCOMPARE(found.first().versionArchText(), QString("13.0.0 (x64-win64)"));
+    QVERIFY(!Registry::exists(group + "\\Initialized"));
 }
 
 void ProductKeyTest::emptyGroup()

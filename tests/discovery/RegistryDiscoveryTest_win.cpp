@@ -47,6 +47,10 @@ private slots:
 
 void RegistryDiscoveryTest::noInstallation()
 {
+    const QStringList keys{Keys::product32, Keys::product64, Keys::uninstallOfUser, Keys::uninstallOfMachine};
+    for (const QString &key : keys) {
+        Registry::removeTree(key);
+    }
     const CaughtMessages messages;
     const LogLines log;
     QVERIFY(getAllHalconVersions().isEmpty());
@@ -61,6 +65,9 @@ void RegistryDiscoveryTest::noInstallation()
     };
     QCOMPARE(log.lines(), expected);
     QCOMPARE(messages.warnings(), QStringList());
+    for (const QString &key : keys) {
+        QVERIFY2(!Registry::exists(key), qPrintable(key));
+    }
 }
 
 void RegistryDiscoveryTest::wholeMachine()

@@ -36,10 +36,13 @@ private slots:
 
 void UninstallKeysTest::missingKey()
 {
+    const CaughtMessages messages;
     const LogLines log;
     QVERIFY(readUninstallKeys("HKEY_LOCAL_MACHINE\\SOFTWARE\\Nobody\\Uninstall").isEmpty());
     QCOMPARE(log.lines(), QStringList{"Investigating SOM HALCON registry key "
                                       "\"HKEY_LOCAL_MACHINE\\SOFTWARE\\Nobody\\Uninstall\""});
+    QCOMPARE(messages.warnings(), QStringList());
+    QVERIFY(!Registry::exists("HKEY_LOCAL_MACHINE\\SOFTWARE\\Nobody"));
 }
 
 void UninstallKeysTest::entry_data()

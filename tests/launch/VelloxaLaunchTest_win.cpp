@@ -73,6 +73,7 @@ void VelloxaLaunchTest::notInstalled()
     QVERIFY(countsAsNotInstalled("x86sse2-win32"));
     QVERIFY(countsAsNotInstalled("x86-win32"));
     QVERIFY(!startVelloxa(installation(13, 0, "x64-win64"), nullptr));
+    QVERIFY(!Registry::exists(R"(HKEY_LOCAL_MACHINE\SOFTWARE\Quorvik Solutions)"));
 }
 
 void VelloxaLaunchTest::buildThatFits()

@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-/// Writes to the registry with the Win32 API, independently of the code under test. Keys are full paths such as
+/// Writes to the registry, and looks into it, with the Win32 API, independently of the code under test. Keys are full paths such as
 /// "HKEY_LOCAL_MACHINE\Software\MVTec\HALCON\13.0"; the 64-bit view is meant. A failure ends the test program.
 namespace Registry {
 
@@ -28,6 +28,9 @@ void setQword(const QString &key, const QString &name, quint64 value);
 
 /// Sets a REG_BINARY value.
 void setBinary(const QString &key, const QString &name, const QByteArray &value);
+
+/// Whether there is such a key.
+bool exists(const QString &key);
 
 /// Removes @p key with all below it; nothing happens when it does not exist.
 void removeTree(const QString &key);

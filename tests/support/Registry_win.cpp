@@ -103,6 +103,20 @@ void setBinary(const QString &key, const QString &name, const QByteArray &value)
     OpenKey(key).set(name, REG_BINARY, value.constData(), std::size_t(value.size()));
 }
 
+bool exists(const QString &key)
+{
+    const Location location = locate(key);
+    HKEY handle = nullptr;
+    const LSTATUS status =
+        RegOpenKeyExW(location.root, wide(location.path), 0, KEY_READ | KEY_WOW64_64KEY, &handle);
+    if (status == ERROR_SUCCESS) {
+        RegCloseKey(handle);
+    } else if (status != ERROR_FILE_NOT_FOUND) {
+        qFatal("could not look for registry key %s: error %ld", qPrintable(key), status);
+    }
+    return status == ERROR_SUCCESS;
+}
+
 void removeTree(const QString &key)
 {
     const Location location = locate(key);
