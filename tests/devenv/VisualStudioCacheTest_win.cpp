@@ -1,7 +1,7 @@
 #include "devenv/VisualStudioDetection.h"
-#include "tests/devenv/CurrentDrive.h"
 #include "tests/devenv/RecordLines.h"
 #include "tests/devenv/VisualStudioMachine.h"
+#include "tests/support/CurrentDrive.h"
 #include "tests/support/Messages.h"
 
 #include <QtTest>

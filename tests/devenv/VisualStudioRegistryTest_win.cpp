@@ -1,10 +1,9 @@
 #include "devenv/VisualStudioDetection.h"
-#include "tests/devenv/CurrentDrive.h"
 #include "tests/devenv/RecordLines.h"
 #include "tests/devenv/VisualStudioMachine.h"
+#include "tests/support/CurrentDrive.h"
 #include "tests/support/Messages.h"
 
-#include <QDir>
 #include <QtTest>
 
 namespace {
@@ -267,16 +266,7 @@ void VisualStudioRegistryTest::ideOfTheFirstSearch()
     machine.addEdition(root, "14.0", "Professional", machine.path("VS 14"));
     machine.addFile("VS 14/Common7/IDE/devenv.exe");
 
-    // Made on the drive of the temporary directories, which can be written to.
-    const QString drive = machine.slashPath("").left(3);
-    const auto leaveDrive = qScopeGuard([before = QDir::currentPath()] { QDir::setCurrent(before); });
-    QVERIFY(QDir::setCurrent(drive));
-    QVERIFY(!QFileInfo::exists(drive + "Common7"));
-    const auto removeIde = qScopeGuard([drive] { QDir(drive + "Common7").removeRecursively(); });
-    QVERIFY(QDir().mkpath(drive + "Common7/IDE"));
-    QFile ide(drive + "Common7/IDE/devenv.exe");
-    QVERIFY(ide.open(QIODevice::WriteOnly));
-    ide.close();
+    const FileOnCurrentDrive ide("Common7/IDE/devenv.exe");
 
     const QList<VisualStudioVersion> found = detectVisualStudioInRegistry(root, false);
     QCOMPARE(found.size(), 2);

@@ -1,8 +1,8 @@
 #include "devenv/VisualStudioDetection.h"
-#include "tests/devenv/CurrentDrive.h"
 #include "tests/devenv/RecordLines.h"
 #include "tests/devenv/VisualStudioMachine.h"
 #include "tests/devenv/VswhereReports.h"
+#include "tests/support/CurrentDrive.h"
 #include "tests/support/Messages.h"
 
 #include <QtTest>
@@ -20,6 +20,7 @@ private slots:
     void directoryNames_data();
     void directoryNames();
     void pathIsKeptAsReported();
+    void ideOfTheFirstSearch();
     void twoInstallations();
     void sameInstallationTwice();
     void logOfAnIncompleteInstallation();
@@ -190,6 +191,24 @@ void VswhereDetectionTest::pathIsKeptAsReported()
                                   script64 + " found",
                                   dir + "\\VC\\Auxiliary\\Build\\vcvars32.bat NOT found"};
     QCOMPARE(log.lines(), expectedLog);
+}
+
+/// What is found before the product directory is known stays when nothing is found there.
+void VswhereDetectionTest::ideOfTheFirstSearch()
+{
+    const VisualStudioMachine machine;
+    const ReportedStudio without = install(machine, "Without", false, false, false);
+    const ReportedStudio with = install(machine, "With", true, false, false);
+    const FileOnCurrentDrive ide("Common7/IDE/devenv.exe");
+
+    const QList<VisualStudioVersion> found = parseVswhereReport(without.block() + with.block());
+
+    QCOMPARE(found.size(), 2);
+    QCOMPARE(found.at(0).productDir, without.path);
+    QCOMPARE(found.at(0).ideName, QString("devenv"));
+    QCOMPARE(found.at(0).idePath, currentDriveRoot() + "Common7/IDE/devenv.exe");
+    QCOMPARE(found.at(1).productDir, with.path);
+    QCOMPARE(found.at(1).idePath, machine.slashPath("With/Common7/IDE/devenv.exe"));
 }
 
 void VswhereDetectionTest::twoInstallations()

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "devenv/VisualStudioVersion.h"
-#include "tests/devenv/CurrentDrive.h"
+#include "tests/support/CurrentDrive.h"
 
 #include <QByteArray>
 #include <QDir>
