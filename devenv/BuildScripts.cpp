@@ -12,18 +12,19 @@ QList<VisualStudioVersion> recordsPerArchitecture(const VisualStudioVersion &pro
     struct Script {
         QString path;
         QString architecture;
+        bool exists;
     };
+    // Both are looked for before either is reported.
     const std::array<Script, 2> scripts{{
-        {script64, QStringLiteral("amd64")},
-        {script32, QStringLiteral("x86")},
+        {script64, QStringLiteral("amd64"), QFileInfo(script64).isFile()},
+        {script32, QStringLiteral("x86"), QFileInfo(script32).isFile()},
     }};
 
     QList<VisualStudioVersion> records;
     for (const Script &script : scripts) {
-        const bool exists = QFileInfo::exists(script.path);
-        DebugLogger::instance().log(script.path +
-                                    (exists ? QStringLiteral(" found") : QStringLiteral(" NOT found")));
-        if (exists) {
+        DebugLogger::instance().log(
+            script.path + (script.exists ? QStringLiteral(" found") : QStringLiteral(" NOT found")));
+        if (script.exists) {
             VisualStudioVersion record = product;
             record.vcvarsBat = script.path;
             record.architecture = script.architecture;

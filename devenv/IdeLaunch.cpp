@@ -25,7 +25,7 @@ void findIdeExecutable(VisualStudioVersion &version)
     for (const QString &candidate : candidates) {
         const QFileInfo file(version.productDir + QStringLiteral("\\Common7\\IDE\\") + candidate +
                              QStringLiteral(".exe"));
-        if (file.exists()) {
+        if (file.isFile()) {
             DebugLogger::instance().log(file.absoluteFilePath() + QStringLiteral(" exists"));
             version.idePath = file.absoluteFilePath();
             version.ideName = candidate;

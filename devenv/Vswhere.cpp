@@ -11,7 +11,7 @@
 QString vswhereExecutable()
 {
     const QString path = besideProgram(QStringLiteral("vswhere.exe"));
-    return QFileInfo::exists(path) ? path : QString();
+    return QFileInfo(path).isFile() ? path : QString();
 }
 
 std::optional<QByteArray> runVswhere(const QString &executable)

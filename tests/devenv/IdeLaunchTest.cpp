@@ -1,6 +1,6 @@
 #include "devenv/IdeLaunch.h"
-#include "tests/devenv/CurrentDrive.h"
 #include "tests/devenv/RecordLines.h"
+#include "tests/support/CurrentDrive.h"
 #include "tests/support/Messages.h"
 
 #include <QDir>
@@ -40,6 +40,7 @@ private slots:
     void cleanup();
     void candidates_data();
     void candidates();
+    void directoryIsNoIde();
     void nothingFoundKeepsEarlierValues_data();
     void nothingFoundKeepsEarlierValues();
     void foundReplacesEarlierValues();
@@ -118,6 +119,27 @@ void IdeLaunchTest::candidates()
     QCOMPARE(record.ideName, ide);
     QCOMPARE(record.idePath, ide.isEmpty() ? QString() : ideDir + ide + ".exe");
     QCOMPARE(log.lines(), logLines);
+}
+
+void IdeLaunchTest::directoryIsNoIde()
+{
+    const QTemporaryDir directory;
+    const QString ideDir = directory.path() + "/Common7/IDE/";
+    QVERIFY(QDir().mkpath(ideDir + "wdexpress.exe"));
+    QVERIFY(QDir().mkpath(ideDir + "devenv.exe"));
+    QVERIFY(addIdes(directory.path(), {"vcexpress.exe"}));
+
+    const LogLines log;
+    VisualStudioVersion express = product(QDir::toNativeSeparators(directory.path()), true);
+    findIdeExecutable(express);
+    QCOMPARE(express.ideName, QString("vcexpress"));
+    VisualStudioVersion other = product(QDir::toNativeSeparators(directory.path()), false);
+    findIdeExecutable(other);
+    QCOMPARE(other.ideName, QString());
+    QCOMPARE(other.idePath, QString());
+    QCOMPARE(log.lines(),
+             (QStringList{ideDir + "wdexpress.exe does NOT exist", ideDir + "vcexpress.exe exists",
+                          ideDir + "devenv.exe does NOT exist"}));
 }
 
 void IdeLaunchTest::nothingFoundKeepsEarlierValues_data()

@@ -1,4 +1,5 @@
 #include "devenv/VisualStudioDetection.h"
+#include "devenv/Vswhere.h"
 #include "tests/devenv/RecordLines.h"
 #include "tests/devenv/VswhereChild.h"
 #include "tests/devenv/VswhereReports.h"
@@ -264,6 +265,7 @@ void VswhereRunTest::runsAtEachCall()
     const VswhereChild child(community.block());
     QCOMPARE(fieldLines(detectVisualStudioViaVswhere()), fieldLines(community.records()));
     child.setReport(buildTools.block());
+    QCOMPARE(vswhereExecutable(), content.isNull() ? QString() : VswhereChild::path());
     QCOMPARE(fieldLines(detectVisualStudioViaVswhere()), fieldLines(buildTools.records()));
     QCOMPARE(child.runs().size(), 2);
 }
