@@ -25,7 +25,9 @@ VisualStudioVersion recordFor(const QString &productDir, const QString &edition,
     if (express) {
         record.edition = QStringLiteral("Express Edition");
         record.vcDir = productDir;
-        record.productDir = QDir(productDir + QStringLiteral("/..")).absolutePath();
+        // What lies above an empty directory would be the root of the current drive.
+        record.productDir =
+            productDir.isEmpty() ? QString() : QDir(productDir + QStringLiteral("/..")).absolutePath();
     } else {
         record.edition = edition;
         record.vcDir = productDir + QStringLiteral("\\VC");

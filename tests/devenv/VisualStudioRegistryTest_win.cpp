@@ -326,6 +326,9 @@ void VisualStudioRegistryTest::expressDirectory_data()
     QTest::addColumn<QString>("registered");
     QTest::addColumn<QString>("productDir");
 
+    // What lies above it would be the root of the drive.
+    QTest::newRow("empty") << ""
+                           << "";
     QTest::newRow("plain") << "C:\\VS 10\\VC"
                            << "C:/VS 10";
     QTest::newRow("trailing backslash") << "C:\\VS 10\\VC\\"
@@ -348,9 +351,14 @@ void VisualStudioRegistryTest::expressDirectory()
     const LogLines log;
     QCOMPARE(fieldLines(detectVisualStudioInRegistry(root, true)),
              fieldLines({{"", "Express Edition", "10.0", "", productDir, registered, "", "", "", true}}));
+    QStringList secondSearch;
+    for (const char *each : {"wdexpress", "vcexpress", "devenv"}) {
+        const QString path = QDir::cleanPath(productDir + "/Common7/IDE/" + each) + ".exe";
+        secondSearch.append(QFileInfo(path).absoluteFilePath() + " does NOT exist");
+    }
     const QStringList scriptLines{registered + "\\bin\\amd64\\vcvars64.bat NOT found",
                                   registered + "\\bin\\vcvars32.bat NOT found"};
-    QCOMPARE(log.lines().mid(log.lines().size() - 2), scriptLines);
+    QCOMPARE(log.lines(), QStringList{rootLine} + firstExpressSearch + secondSearch + scriptLines);
 }
 
 void VisualStudioRegistryTest::expressIgnoresEditions()
