@@ -6,6 +6,8 @@
 
 #include <QDebug>
 
+#include <limits>
+
 namespace {
 
 void reportInvalidVersion(const QString &name)
@@ -26,6 +28,16 @@ QStringList installedComponents(const RegistryReader &key)
         }
     }
     return components;
+}
+
+/// The number in @p value; 0 when it is none, or does not fit into 32 bits.
+int number(const QVariant &value)
+{
+    // The registry's own numbers have no sign: of those, a negative one is too large for its type here.
+    const bool isText = value.type() == QVariant::String;
+    const qint64 lowest = isText ? std::numeric_limits<int>::min() : 0;
+    const qint64 number = value.toLongLong();
+    return number >= lowest && number <= std::numeric_limits<int>::max() ? static_cast<int>(number) : 0;
 }
 
 } // namespace
@@ -68,8 +80,8 @@ QList<HalconInstallation> readMainHalconKey(const QString &keyPath)
         const RegistryReader initialized = product.below(group + QStringLiteral("/Initialized"));
         base.installDir = initialized.value(QStringLiteral("InstallDir")).toString();
         base.setExampleRoot(initialized.value(QStringLiteral("ExampleRoot")).toString());
-        base.revision = initialized.value(QStringLiteral("InstalledRevision")).toInt();
-        base.build = initialized.value(QStringLiteral("InstalledBuild")).toInt();
+        base.revision = number(initialized.value(QStringLiteral("InstalledRevision")));
+        base.build = number(initialized.value(QStringLiteral("InstalledBuild")));
 
         installations += installationsPerRuntime(base);
     }

@@ -256,8 +256,17 @@ void ProductKeyTest::numbers_data()
     QTest::newRow("number") << dword(3) << 3;
     QTest::newRow("number 0") << dword(0) << 0;
     QTest::newRow("greatest signed number") << dword(0x7fffffff) << 0x7fffffff;
+    QTest::newRow("number beyond 31 bits") << dword(0x80000000) << 0;
+    QTest::newRow("greatest number") << dword(0xffffffff) << 0;
     QTest::newRow("64-bit number") << qword(3) << 3;
+    QTest::newRow("64-bit number beyond 31 bits") << qword(0x80000000) << 0;
+    QTest::newRow("64-bit number beyond 32 bits") << qword((quint64(1) << 32U) + 2) << 0;
+    QTest::newRow("greatest 64-bit number") << qword(~quint64(0)) << 0;
     QTest::newRow("text of a number") << text("3") << 3;
+    QTest::newRow("text of the greatest signed number") << text("2147483647") << 0x7fffffff;
+    QTest::newRow("text of a number beyond 31 bits") << text("2147483648") << 0;
+    QTest::newRow("text of a number beyond 32 bits") << text("4294967298") << 0;
+    QTest::newRow("text of a number beyond 64 bits") << text("18446744073709551619") << 0;
     QTest::newRow("missing") << nothing() << 0;
     QTest::newRow("word") << text("three") << 0;
     QTest::newRow("number and word") << text("3 beta") << 0;
