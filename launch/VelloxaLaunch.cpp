@@ -7,17 +7,44 @@
 
 namespace {
 
-/// The path of one of Velloxa's executables, kept in @p found from the first time on that it exists.
-QString findExecutable(const QString &fileName, QString &found)
+QString registeredDirectory()
+{
+    return RegistryReader(QStringLiteral(R"(HKEY_LOCAL_MACHINE\SOFTWARE\Quorvik Solutions\Velloxa)"))
+        .value(QStringLiteral("InstallDir"))
+        .toString();
+}
+
+/// One of Velloxa's two builds. Where it is installed is looked up when it is first asked for.
+struct Build {
+    explicit Build(const QString &fileName) : fileName(fileName), directory(registeredDirectory()) {}
+
+    const QString fileName;
+    const QString directory;
+    QString executable; ///< its path, kept from the first time on that it exists
+};
+
+Build &build64()
+{
+    static Build build(QStringLiteral("velloxa.exe"));
+    return build;
+}
+
+Build &build32()
+{
+    static Build build(QStringLiteral("velloxa32.exe"));
+    return build;
+}
+
+QString findExecutable(Build &build)
 {
     // Without a directory the path would mean whatever lies at the root of the current drive.
-    if (found.isEmpty() && !velloxaInstallDir().isEmpty()) {
-        const QString path = velloxaInstallDir() + QLatin1Char('\\') + fileName;
+    if (build.executable.isEmpty() && !build.directory.isEmpty()) {
+        const QString path = build.directory + QLatin1Char('\\') + build.fileName;
         if (QFileInfo::exists(path)) {
-            found = path;
+            build.executable = path;
         }
     }
-    return found;
+    return build.executable;
 }
 
 QString executableFor(const QString &arch)
@@ -45,21 +72,15 @@ bool startVelloxa(const HalconInstallation &installation, QStringList *errors)
 
 QString velloxaInstallDir()
 {
-    static const QString directory =
-        RegistryReader(QStringLiteral(R"(HKEY_LOCAL_MACHINE\SOFTWARE\Quorvik Solutions\Velloxa)"))
-            .value(QStringLiteral("InstallDir"))
-            .toString();
-    return directory;
+    return build64().directory;
 }
 
 QString velloxaExecutable64()
 {
-    static QString found;
-    return findExecutable(QStringLiteral("velloxa.exe"), found);
+    return findExecutable(build64());
 }
 
 QString velloxaExecutable32()
 {
-    static QString found;
-    return findExecutable(QStringLiteral("velloxa32.exe"), found);
+    return findExecutable(build32());
 }

@@ -11,8 +11,8 @@
 /// null) when it could not be started.
 bool startVelloxa(const HalconInstallation &installation, QStringList *errors);
 
-/// Where Velloxa is installed, or an empty text. Looked up once; an installation made while the program runs is not
-/// noticed.
+/// Where the 64-bit Velloxa is installed, or an empty text. Looked up once for each build, when it is first asked for;
+/// an installation made after that is not noticed while the program runs.
 QString velloxaInstallDir();
 
 /// Full path of the 64-bit Velloxa, or an empty text while it does not exist. Kept once found.

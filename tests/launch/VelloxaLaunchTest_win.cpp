@@ -1,5 +1,6 @@
 #include "launch/VelloxaLaunch.h"
 #include "tests/launch/SystemErrors.h"
+#include "tests/support/CurrentDrive.h"
 #include "tests/support/EchoChild.h"
 #include "tests/support/Messages.h"
 #include "tests/support/Registry.h"
@@ -21,6 +22,7 @@ private slots:
     void installDirWithoutPrograms();
     void programAppearsLaterAndIsKept();
     void installDirIsReadOnce();
+    void installDirIsReadOnceForEachBuild();
     void installDirOfThe32BitRegistryIsNotRead();
 
 private:
@@ -66,6 +68,12 @@ void VelloxaLaunchTest::setInstallDir() const
 
 void VelloxaLaunchTest::notInstalled()
 {
+    // Where the executables would be if their directory were an empty text.
+    const FileOnCurrentDrive root64("velloxa.exe");
+    const FileOnCurrentDrive root32("velloxa32.exe");
+    QVERIFY(QFileInfo::exists("\\velloxa.exe"));
+    QVERIFY(QFileInfo::exists("\\velloxa32.exe"));
+
     QCOMPARE(velloxaInstallDir(), "");
     QCOMPARE(velloxaExecutable64(), "");
     QCOMPARE(velloxaExecutable32(), "");
@@ -205,6 +213,21 @@ void VelloxaLaunchTest::installDirIsReadOnce()
 
     QCOMPARE(velloxaInstallDir(), missing);
     QVERIFY(countsAsNotInstalled("x64-win64"));
+}
+
+void VelloxaLaunchTest::installDirIsReadOnceForEachBuild()
+{
+    QVERIFY(countsAsNotInstalled("x64-win64"));
+
+    setInstallDir();
+    EchoChild::copyTo(path("velloxa.exe"));
+    EchoChild::copyTo(path("velloxa32.exe"));
+    QCOMPARE(velloxaExecutable64(), "");
+    QCOMPARE(velloxaExecutable32(), path("velloxa32.exe"));
+
+    Registry::setString(velloxaKey, "InstallDir", "C:\\elsewhere");
+    QVERIFY(QFile::remove(path("velloxa32.exe")));
+    QCOMPARE(velloxaExecutable32(), path("velloxa32.exe"));
 }
 
 void VelloxaLaunchTest::installDirOfThe32BitRegistryIsNotRead()
