@@ -3,6 +3,8 @@
 #include "app/DebugLogger.h"
 #include "launch/WindowsHandle.h"
 
+#include <QObject>
+
 #include <windows.h>
 
 #include <vector>
@@ -37,7 +39,7 @@ bool startProcess(const QString &executable, const QString &arguments, const Hal
                        CREATE_UNICODE_ENVIRONMENT, environment.get(), nullptr, &startupInfo, &process) == 0) {
         const QString error = lastWindowsErrorText();
         if (errors != nullptr) {
-            errors->append(QStringLiteral("CreateProcess failed: %1").arg(error));
+            errors->append(QObject::tr("CreateProcess failed: %1").arg(error));
         }
         return false;
     }
@@ -54,8 +56,8 @@ QString lastWindowsErrorText()
     FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_IGNORE_INSERTS |
                        FORMAT_MESSAGE_FROM_SYSTEM,
                    nullptr, code, 0, reinterpret_cast<wchar_t *>(&text), 0, nullptr);
-    QString result = text != nullptr ? QString::fromWCharArray(text).trimmed()
-                                     : QStringLiteral("Unknown Error %1").arg(code);
+    QString result =
+        text != nullptr ? QString::fromWCharArray(text).trimmed() : QObject::tr("Unknown Error %1").arg(code);
     LocalFree(text);
     return result;
 }

@@ -1,5 +1,6 @@
 #include "launch/ProcessStart.h"
 #include "tests/launch/SystemErrors.h"
+#include "tests/support/MarkingTranslator.h"
 
 #include <QtTest>
 
@@ -42,6 +43,10 @@ void LastErrorTextTest::codeWithoutText()
     SetLastError(WindowsError::withoutText);
 
     QCOMPARE(lastWindowsErrorText(), "Unknown Error 12345");
+
+    const MarkingTranslator translator;
+    SetLastError(WindowsError::withoutText);
+    QCOMPARE(lastWindowsErrorText(), "[Unknown Error 12345]");
 }
 
 QTEST_GUILESS_MAIN(LastErrorTextTest)

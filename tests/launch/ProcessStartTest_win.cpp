@@ -2,6 +2,7 @@
 #include "tests/launch/SystemErrors.h"
 #include "tests/support/CurrentDirectory.h"
 #include "tests/support/EchoChild.h"
+#include "tests/support/MarkingTranslator.h"
 #include "tests/support/Messages.h"
 
 #include <QTemporaryDir>
@@ -36,6 +37,7 @@ private slots:
     void logLine();
     void failure_data();
     void failure();
+    void failureIsTranslated();
     void failureWithoutErrorList();
 
 private:
@@ -210,6 +212,18 @@ void ProcessStartTest::failure()
     QCOMPARE(errors, (QStringList{"earlier line", createProcessErrorLine(code)}));
     // The failure is the caller's to show: only the attempt is logged.
     QCOMPARE(log.lines(), QStringList{"CreateProcess: " + executable + " --x"});
+}
+
+void ProcessStartTest::failureIsTranslated()
+{
+    const MarkingTranslator translator;
+    const LogLines log;
+    QStringList errors;
+
+    QVERIFY(!startProcess(path("missing.exe"), "", installation(), &errors));
+
+    QCOMPARE(errors, QStringList{'[' + createProcessErrorLine(WindowsError::fileNotFound) + ']'});
+    QCOMPARE(log.lines(), QStringList{"CreateProcess: " + path("missing.exe") + " "});
 }
 
 void ProcessStartTest::failureWithoutErrorList()
