@@ -3,6 +3,9 @@
 
 #include <QtTest>
 
+#include <algorithm>
+#include <random>
+
 Q_DECLARE_METATYPE(QList<VisualStudioVersion>)
 
 namespace {
@@ -30,6 +33,7 @@ private slots:
     void matchesArchitecture();
     void order_data();
     void order();
+    void longList();
     void equalNamesOccurOnce();
     void recordsStayWhole();
 };
@@ -217,6 +221,30 @@ void VisualStudioVersionTest::order()
     QFETCH(QList<VisualStudioVersion>, versions);
     orderVisualStudioVersions(versions);
     QTEST(displayNames(versions), "expected");
+}
+
+/// Sorting that does not keep the order of equals shows only in lists of more than 16.
+void VisualStudioVersionTest::longList()
+{
+    QList<VisualStudioVersion> versions;
+    for (const char *version : {"14.0", "12.0"}) {
+        for (const char edition : QByteArray("ABCDEFGH")) {
+            versions.append(studio(version, QChar(edition), "x86"));
+        }
+        for (const char edition : QByteArray("ABCDEFGH")) {
+            versions.append(studio(version, QChar(edition)));
+            versions.append(studio(version, QChar(edition), "amd64"));
+        }
+    }
+    const QStringList ordered = displayNames(versions);
+    QCOMPARE(ordered.size(), 48);
+
+    std::mt19937 generator;
+    for (int round = 0; round < 10; ++round) {
+        std::shuffle(versions.begin(), versions.end(), generator);
+        orderVisualStudioVersions(versions);
+        QCOMPARE(displayNames(versions), ordered);
+    }
 }
 
 void VisualStudioVersionTest::equalNamesOccurOnce()

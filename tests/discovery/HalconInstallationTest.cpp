@@ -2,6 +2,9 @@
 
 #include <QtTest>
 
+#include <algorithm>
+#include <random>
+
 Q_DECLARE_METATYPE(QList<HalconInstallation>)
 
 namespace {
@@ -42,6 +45,7 @@ private slots:
     void archRank();
     void ordering_data();
     void ordering();
+    void longList();
     void equalIdentityOccursOnce();
 };
 
@@ -163,6 +167,15 @@ void HalconInstallationTest::ordering_data()
         << List{installation(13, 0, 0, 0, x64), installation(12, 0, 0, 0, x64),
                 installation(13, 0, 0, 0, x64)}
         << QStringList{"12.0.0 (x64-win64)", "13.0.0 (x64-win64)"};
+    QTest::newRow("suffixes by code unit")
+        << List{installation(20, 11, -1, -1, x64, "\uff5e"), installation(20, 11, -1, -1, x64, "\u00e4"),
+                installation(20, 11, -1, -1, x64, "\U0001f52c"), installation(20, 11, -1, -1, x64, "a"),
+                installation(20, 11, -1, -1, x64, "Z")}
+        << QStringList{"20.11 Z (x64-win64)", "20.11 a (x64-win64)", "20.11 \u00e4 (x64-win64)",
+                       "20.11 \U0001f52c (x64-win64)", "20.11 \uff5e (x64-win64)"};
+    QTest::newRow("suffixes that differ in case are two")
+        << List{installation(20, 11, -1, -1, x64, "progress"), installation(20, 11, -1, -1, x64, "Progress")}
+        << QStringList{"20.11 Progress (x64-win64)", "20.11 progress (x64-win64)"};
     QTest::newRow("unknown architecture first")
         << List{installation(13, 0, 0, 0, x86), installation(13, 0, 0, 0, QStringLiteral("arm64"))}
         << QStringList{"13.0.0 (arm64)", "13.0.0 (x86-win32)"};
@@ -173,6 +186,28 @@ void HalconInstallationTest::ordering()
     QFETCH(QList<HalconInstallation>, installations);
     orderInstallations(installations);
     QTEST(identities(installations), "ordered");
+}
+
+/// Sorting that does not keep the order of equals shows only in lists of more than 16.
+void HalconInstallationTest::longList()
+{
+    QList<HalconInstallation> installations;
+    for (const int major : {12, 13}) {
+        for (const QString &arch : {x86, sse2, x64}) {
+            for (const char suffix : QByteArray("ABCDEFGH")) {
+                installations.append(installation(major, 0, 1, 0, arch, QChar(suffix)));
+            }
+        }
+    }
+    const QStringList ordered = identities(installations);
+    QCOMPARE(ordered.size(), 48);
+
+    std::mt19937 generator;
+    for (int round = 0; round < 10; ++round) {
+        std::shuffle(installations.begin(), installations.end(), generator);
+        orderInstallations(installations);
+        QCOMPARE(identities(installations), ordered);
+    }
 }
 
 void HalconInstallationTest::equalIdentityOccursOnce()
