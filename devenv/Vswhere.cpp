@@ -16,10 +16,9 @@ QString vswhereExecutable()
 
 std::optional<QByteArray> runVswhere(const QString &executable)
 {
-    constexpr int limitMilliseconds = 5000;
     QProcess process;
     process.start(executable, {QStringLiteral("-prerelease"), QStringLiteral("-all")});
-    if (!process.waitForFinished(limitMilliseconds)) {
+    if (!process.waitForFinished(vswhereLimitMilliseconds)) {
         process.kill();
         process.waitForFinished();
         return std::nullopt;

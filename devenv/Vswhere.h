@@ -24,8 +24,11 @@ struct VswhereReport {
 /// Where vswhere.exe is expected: beside the program. An empty text when there is no such file.
 QString vswhereExecutable();
 
+/// How long vswhere.exe may take.
+constexpr int vswhereLimitMilliseconds = 5000;
+
 /// Runs @p executable and returns what it wrote to standard output, or nothing when it could not be started or was
-/// not finished within five seconds; then it has been terminated. Blocks.
+/// not finished within vswhereLimitMilliseconds; then it has been terminated. Blocks.
 std::optional<QByteArray> runVswhere(const QString &executable);
 
 /// Reads a report: UTF-8 lines of a key, a colon and a value. An installation is complete as soon as all three

@@ -11,6 +11,7 @@ struct VswhereConduct {
     QByteArray report;       ///< what it writes to standard output
     QByteArray errors;       ///< what it writes to standard error, behind the report
     bool readsInput = false; ///< whether it first reads its standard input to the end
+    bool repeats = false;    ///< whether it writes the report again and again without end
     int delay = 0;           ///< milliseconds that it waits before the report
     int linger = 0;          ///< milliseconds that it waits behind the report
     quint32 exitCode = 0;

@@ -13,9 +13,9 @@
 
 namespace {
 
-constexpr std::array<const char *, 7> variables{
+constexpr std::array<const char *, 8> variables{
     "VSWHERE_CHILD_RUNS",   "VSWHERE_CHILD_READS_INPUT", "VSWHERE_CHILD_DELAY",     "VSWHERE_CHILD_REPORT",
-    "VSWHERE_CHILD_ERRORS", "VSWHERE_CHILD_LINGER",      "VSWHERE_CHILD_EXIT_CODE",
+    "VSWHERE_CHILD_ERRORS", "VSWHERE_CHILD_LINGER",      "VSWHERE_CHILD_EXIT_CODE", "VSWHERE_CHILD_REPEATS",
 };
 
 void writeFile(const QString &path, const QByteArray &content)
@@ -59,6 +59,9 @@ VswhereChild::VswhereChild(const VswhereConduct &conduct)
     setVariable("VSWHERE_CHILD_DELAY", QString::number(conduct.delay));
     setVariable("VSWHERE_CHILD_LINGER", QString::number(conduct.linger));
     setVariable("VSWHERE_CHILD_EXIT_CODE", QString::number(conduct.exitCode));
+    if (conduct.repeats) {
+        setVariable("VSWHERE_CHILD_REPEATS", "yes");
+    }
     if (conduct.readsInput) {
         setVariable("VSWHERE_CHILD_READS_INPUT", "yes");
     }

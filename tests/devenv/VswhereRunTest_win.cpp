@@ -57,6 +57,7 @@ private slots:
     void longReport();
     void nothingReported_data();
     void nothingReported();
+    void limit();
     void neverEnds_data();
     void neverEnds();
     void cannotBeStarted_data();
@@ -197,6 +198,11 @@ void VswhereRunTest::nothingReported()
     QCOMPARE(child.runs().size(), 1);
 }
 
+void VswhereRunTest::limit()
+{
+    QCOMPARE(vswhereLimitMilliseconds, 5000);
+}
+
 void VswhereRunTest::neverEnds_data()
 {
     QTest::addColumn<VswhereConduct>("conduct");
@@ -216,6 +222,11 @@ void VswhereRunTest::neverEnds_data()
     conduct.report = community.block();
     conduct.readsInput = true;
     QTest::newRow("waiting for input") << conduct;
+
+    conduct = {};
+    conduct.report = community.block();
+    conduct.repeats = true;
+    QTest::newRow("writing on and on") << conduct;
 }
 
 void VswhereRunTest::neverEnds()
@@ -254,6 +265,7 @@ void VswhereRunTest::cannotBeStarted()
     }
     const CaughtMessages messages;
     const LogLines log;
+    QCOMPARE(vswhereExecutable(), content.isNull() ? QString() : VswhereChild::path());
     QCOMPARE(fieldLines(detectVisualStudioViaVswhere()), QStringList());
     QCOMPARE(log.lines(), QStringList{started});
     QCOMPARE(messages.warnings(), QStringList());
@@ -265,7 +277,6 @@ void VswhereRunTest::runsAtEachCall()
     const VswhereChild child(community.block());
     QCOMPARE(fieldLines(detectVisualStudioViaVswhere()), fieldLines(community.records()));
     child.setReport(buildTools.block());
-    QCOMPARE(vswhereExecutable(), content.isNull() ? QString() : VswhereChild::path());
     QCOMPARE(fieldLines(detectVisualStudioViaVswhere()), fieldLines(buildTools.records()));
     QCOMPARE(child.runs().size(), 2);
 }

@@ -5,6 +5,7 @@
 // VSWHERE_CHILD_READS_INPUT   when there, standard input is read to its end
 // VSWHERE_CHILD_DELAY         milliseconds to wait before the report
 // VSWHERE_CHILD_REPORT        the file whose bytes go to standard output
+// VSWHERE_CHILD_REPEATS       when there, the report is written again and again until nobody reads it
 // VSWHERE_CHILD_ERRORS        the file whose bytes go to standard error
 // VSWHERE_CHILD_LINGER        milliseconds to wait behind the report
 // VSWHERE_CHILD_EXIT_CODE     what to end with
@@ -95,11 +96,10 @@ void readInput()
 }
 
 /// False when not all of the file named by @p variable could be written.
-bool writeFileTo(DWORD stream, const wchar_t *variable)
+bool writeFileTo(const File &target, const wchar_t *variable)
 {
     const File source(CreateFileW(environmentVariable(variable).c_str(), GENERIC_READ, FILE_SHARE_READ,
                                   nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    const File target = standardStream(stream);
     std::array<char, 65536> buffer = {};
     while (const DWORD size = source.read(buffer)) {
         if (!target.write(buffer.data(), size)) {
@@ -120,8 +120,16 @@ int wmain(int argumentCount, wchar_t **arguments)
         readInput();
     }
     Sleep(number(L"VSWHERE_CHILD_DELAY"));
-    if (!writeFileTo(STD_OUTPUT_HANDLE, L"VSWHERE_CHILD_REPORT") ||
-        !writeFileTo(STD_ERROR_HANDLE, L"VSWHERE_CHILD_ERRORS")) {
+    const File output = standardStream(STD_OUTPUT_HANDLE);
+    const bool repeats = !environmentVariable(L"VSWHERE_CHILD_REPEATS").empty();
+    do {
+        if (!writeFileTo(output, L"VSWHERE_CHILD_REPORT")) {
+            return 102;
+        }
+        // Never silent for long, and yet not so much that the reader runs out of memory.
+        Sleep(repeats ? 1 : 0);
+    } while (repeats);
+    if (!writeFileTo(standardStream(STD_ERROR_HANDLE), L"VSWHERE_CHILD_ERRORS")) {
         return 102;
     }
     Sleep(number(L"VSWHERE_CHILD_LINGER"));
