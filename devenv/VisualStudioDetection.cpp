@@ -90,7 +90,6 @@ QList<VisualStudioVersion> detectVisualStudioViaVswhere()
 
 QList<VisualStudioVersion> parseVswhereReport(const QByteArray &report)
 {
-    qDebug() << QString::fromUtf8(report);
     const auto logAll = [](const QStringList &lines) {
         for (const QString &line : lines) {
             DebugLogger::instance().log(line);

@@ -2,6 +2,7 @@
 
 #include "app/ProgramDirectory.h"
 
+#include <QDebug>
 #include <QFileInfo>
 #include <QProcess>
 #include <QRegularExpression>
@@ -45,7 +46,9 @@ VswhereReport readVswhereReport(const QByteArray &report)
 
     VswhereReport result;
     VswhereInstallation current;
-    const QStringList lines = QString::fromUtf8(report).split(QLatin1Char('\n'));
+    const QString text = QString::fromUtf8(report);
+    qDebug() << text;
+    const QStringList lines = text.split(QLatin1Char('\n'));
     for (const QString &line : lines) {
         for (const Field &field : fields) {
             const QRegularExpressionMatch match = field.pattern.match(line);

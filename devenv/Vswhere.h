@@ -32,5 +32,6 @@ constexpr int vswhereLimitMilliseconds = 5000;
 std::optional<QByteArray> runVswhere(const QString &executable);
 
 /// Reads a report: UTF-8 lines of a key, a colon and a value. An installation is complete as soon as all three
-/// values were seen, whatever their order; of an incomplete one the values stay for the next.
+/// values were seen, whatever their order; of an incomplete one the values stay for the next. The whole report goes to
+/// the message channel, for developers.
 VswhereReport readVswhereReport(const QByteArray &report);
