@@ -5,14 +5,14 @@
 
 /// One installed Visual Studio together with one build architecture, or with none. A plain value.
 struct VisualStudioVersion {
-    QString name;         ///< filled by nobody
-    QString edition;      ///< such as "Professional", "Express Edition" or "Visual Studio Community 2022"
-    QString version;      ///< two numbers, such as "14.0" or "17.4"
+    QString name;    ///< filled by nobody
+    QString edition; ///< such as "Professional", "Express Edition" or "Visual Studio Community 2022"
+    QString
+        version; ///< "14.0" or "17.4"; in the registry any name that looks like one, such as "14.0_Config"
     QString architecture; ///< "amd64", "x86" or empty
     QString productDir;   ///< where the product is installed
     QString vcDir;        ///< the compiler tool set's directory below it
-    QString
-        vcvarsBat; ///< the script that sets up the build environment for the architecture; empty without one
+    QString vcvarsBat;    ///< the script that sets up the architecture's build environment; empty without one
     QString ideName;      ///< command that starts the IDE, such as "devenv"; empty when there is no IDE
     QString idePath;      ///< absolute path of the IDE's executable; empty when there is no IDE
     bool express = false; ///< an Express edition, which has other IDEs

@@ -16,7 +16,7 @@ struct HalconInstallation {
     int revision; ///< -1 when unknown
     int build;    ///< -1 when unknown
 
-    QString installDir;     ///< HALCON's root directory, without a trailing separator
+    QString installDir;     ///< HALCON's root directory, as it was registered
     QString exampleRoot;    ///< root directory of the examples; may be empty
     QStringList components; ///< installed components that concern this architecture
     QString arch;           ///< "x86-win32", "x86sse2-win32" or "x64-win64"
