@@ -50,7 +50,7 @@ void RegistryReaderTest::missingKey()
 {
     const CaughtMessages messages;
     const RegistryReader missing(top + R"(\A\B)");
-    for (const QString &group : {"", "C", "C/D"}) {
+    for (const char *group : {"", "C", "C/D"}) {
         const RegistryReader key = missing.below(group);
         QCOMPARE(key.childGroups(), QStringList());
         QCOMPARE(key.allKeys(), QStringList());

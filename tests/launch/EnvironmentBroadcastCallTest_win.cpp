@@ -1,0 +1,109 @@
+// What the system is asked for when the change is broadcast, and what becomes of a broadcast that fails.
+
+#include "launch/EnvironmentBroadcast.h"
+#include "launch/PermanentSwitch.h"
+#include "tests/launch/SystemErrors.h"
+
+#include <QtTest>
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+namespace {
+
+constexpr DWORD errorOfTheBroadcast = ERROR_TIMEOUT;
+
+LRESULT answer = 1;
+QStringList asked;
+
+LRESULT WINAPI answerOfTheSystem(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT flags,
+                                 UINT timeout, PDWORD_PTR result)
+{
+    const auto *text = reinterpret_cast<const wchar_t *>(lParam);
+    asked << QString("window: %1").arg(reinterpret_cast<quintptr>(window))
+          << QString("message: %1").arg(message) << QString("wParam: %1").arg(wParam)
+          << "text: " + QString::fromWCharArray(text) << QString("flags: %1").arg(flags)
+          << QString("timeout: %1").arg(timeout)
+          << QString("result: ") + (result != nullptr ? "given" : "null");
+    SetLastError(answer == 0 ? errorOfTheBroadcast : ERROR_SUCCESS);
+    return answer;
+}
+
+/// As the shell answers when the user declines, so that nothing is started.
+BOOL WINAPI declined(SHELLEXECUTEINFOW * /*info*/)
+{
+    SetLastError(ERROR_CANCELLED);
+    return FALSE;
+}
+
+} // namespace
+
+/// What the program calls the system through, in place of the import libraries'.
+extern "C" {
+extern decltype(&SendMessageTimeoutW) sendMessageTimeout asm("__imp_SendMessageTimeoutW");
+decltype(&SendMessageTimeoutW) sendMessageTimeout = &answerOfTheSystem;
+extern BOOL(WINAPI *shellExecute)(SHELLEXECUTEINFOW *) asm("__imp_ShellExecuteExW");
+BOOL(WINAPI *shellExecute)(SHELLEXECUTEINFOW *) = &declined;
+}
+
+class EnvironmentBroadcastCallTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void everyArgument();
+    void result_data();
+    void result();
+    void failureIsReported();
+};
+
+void EnvironmentBroadcastCallTest::init()
+{
+    answer = 1;
+    asked.clear();
+}
+
+void EnvironmentBroadcastCallTest::everyArgument()
+{
+    broadcastEnvironmentChange();
+    QCOMPARE(asked, (QStringList{"window: 65535", "message: 26", "wParam: 0", "text: Environment", "flags: 2",
+                                 "timeout: 5000", "result: null"}));
+}
+
+void EnvironmentBroadcastCallTest::result_data()
+{
+    QTest::addColumn<int>("answered");
+    QTest::addColumn<bool>("expected");
+
+    QTest::newRow("failure") << 0 << false;
+    QTest::newRow("success") << 1 << true;
+    QTest::newRow("any other number") << -1 << true;
+}
+
+void EnvironmentBroadcastCallTest::result()
+{
+    QFETCH(int, answered);
+    answer = answered;
+    QTEST(broadcastEnvironmentChange(), "expected");
+}
+
+void EnvironmentBroadcastCallTest::failureIsReported()
+{
+    HalconInstallation installation(13, 0, 0, 0);
+    installation.installDir = "C:\\H";
+    installation.arch = "x64-win64";
+    QStringList lines;
+    answer = 0;
+
+    QVERIFY(!permanentSwitch(installation, true, false, false, &lines));
+
+    QCOMPARE(lines.mid(lines.size() - 2),
+             (QStringList{"broadcast environment updated message (WM_SETTINGCHANGE)",
+                          "Error in broadcasting environment updated message: " +
+                              rawSystemErrorText(errorOfTheBroadcast).trimmed()}));
+}
+
+QTEST_GUILESS_MAIN(EnvironmentBroadcastCallTest)
+
+#include "EnvironmentBroadcastCallTest_win.moc"
