@@ -66,7 +66,11 @@ QString majorText(const HalconInstallation &installation)
     if (installation.suffix != QLatin1String("Progress") && installation.major < firstMajorWithMinor) {
         return QString::number(installation.major);
     }
-    return QStringLiteral("%1.%2").arg(installation.major).arg(installation.minor);
+    // HALCON's own names have two digits there from then on: 17.12, 20.05.
+    const int digits = installation.major < firstMajorWithMinor ? 1 : 2;
+    return QStringLiteral("%1.%2")
+        .arg(installation.major)
+        .arg(installation.minor, digits, 10, QLatin1Char('0'));
 }
 
 QString architectureBadgeText(const QString &arch)

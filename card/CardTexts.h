@@ -12,7 +12,8 @@ QString cardColour(int major);
 /// The card's style sheet, which fills it with @p colour.
 QString cardStyleSheet(const QString &colour);
 
-/// The large version number: major alone for old versions, major and minor for newer ones and Progress editions.
+/// The large version number: major alone for old versions, major and minor for newer ones and Progress editions. From
+/// 17 on the minor number has two digits.
 QString majorText(const HalconInstallation &installation);
 
 /// What the badge in the version number's corner says, such as "x64".

@@ -77,8 +77,12 @@ void CardTextsTest::major_data()
                                       << "17.12";
     QTest::newRow("new") << 20 << 11 << "Progress"
                          << "20.11";
-    QTest::newRow("no leading zero") << 20 << 5 << ""
-                                     << "20.5";
+    QTest::newRow("new, minor of one digit") << 20 << 5 << ""
+                                             << "20.05";
+    QTest::newRow("first with minor, of one digit") << 17 << 0 << "Progress"
+                                                    << "17.00";
+    QTest::newRow("last with a minor of one digit") << 16 << 5 << "Progress"
+                                                    << "16.5";
 }
 
 void CardTextsTest::major()
