@@ -9,8 +9,10 @@
 
 int main(int argc, char *argv[])
 {
-    // Both have to be set before there is an application object; the second makes icons as sharp as the screen.
+    // All of this has to be set before there is an application object. Qt would round a scale of 125 % to 100 and of
+    // 150 % to 200; the second attribute makes icons as sharp as the screen.
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     int exitCode = 0;
     QApplication application(argc, argv);
