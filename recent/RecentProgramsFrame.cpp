@@ -99,6 +99,7 @@ void RecentProgramsFrame::update_recent()
         auto *item = new QStandardItem(highlighted.html);
         item->setEditable(false);
         item->setData(paths.at(row), pathRole);
+        item->setData(paths.at(row), Qt::AccessibleTextRole); // instead of the HTML
         item->setData(sortKey(highlighted.score, row, paths.size()), sortKeyRole);
         items.append(item);
     }

@@ -2,6 +2,7 @@
 #include "app/ApplicationIdentity.h"
 #include "license/InstallLicenseDropFrame.h"
 #include "tests/license/Drops.h"
+#include "tests/support/AccessibleControls.h"
 #include "tests/support/DialogUser.h"
 #include "tests/support/WidgetTree.h"
 
@@ -80,6 +81,7 @@ private slots:
     void fileDialogCancelled();
     void drop();
     void okAndCancel();
+    void controlsHaveNames();
 
 private:
     QString path(const QString &name) const { return directory->filePath(name); }
@@ -402,6 +404,17 @@ void InstallLicenseDialogTest::okAndCancel()
     QCOMPARE(resultOf([&] { QTest::mouseClick(button(dialog, QDialogButtonBox::Cancel), Qt::LeftButton); }),
              rejected);
     QCOMPARE(resultOf([&] { QTest::keyClick(&dialog, Qt::Key_Escape); }), rejected);
+}
+
+void InstallLicenseDialogTest::controlsHaveNames()
+{
+    InstallLicenseDialog dialog("C:\\HALCON\\license");
+    dialog.show();
+    QStringList names = accessibleControls(dialog);
+    // The order of the two buttons at the bottom is the platform's.
+    names.sort();
+    QCOMPARE(names.replaceInStrings("&", "").join(", "),
+             QString("About license files, Cancel, OK, Select file..."));
 }
 
 QTEST_MAIN(InstallLicenseDialogTest)

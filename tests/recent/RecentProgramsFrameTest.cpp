@@ -2,6 +2,7 @@
 #include "recent/HtmlDelegate.h"
 #include "tests/recent/HDevelopSettings.h"
 #include "tests/recent/ShownPrograms.h"
+#include "tests/support/AccessibleControls.h"
 #include "tests/support/Messages.h"
 #include "tests/support/WidgetTree.h"
 
@@ -32,6 +33,8 @@ private slots:
     void updateRecent();
     void developersSeeTheList();
     void failuresAreSilent();
+    void controlsHaveNames();
+    void screenReadersGetPaths();
 
 private:
     HDevelopSettings settings;
@@ -318,6 +321,28 @@ void RecentProgramsFrameTest::failuresAreSilent()
     settings.moveTo(settings.path(""));
     QCOMPARE(log.lines(), QStringList());
     QCOMPARE(messages.warnings(), QStringList());
+}
+
+void RecentProgramsFrameTest::controlsHaveNames()
+{
+    RecentProgramsFrame frame;
+    frame.show();
+    QCOMPARE(accessibleControls(frame).join(", "), QString("Search recent programs, OK, Recent programs"));
+}
+
+void RecentProgramsFrameTest::screenReadersGetPaths()
+{
+    settings.writePrograms({"C:\\a & b.hdev", "D:\\c.hdev"});
+    RecentProgramsFrame frame;
+    frame.show();
+    searchLine(frame)->setText("HDEV");
+    QVERIFY(shownTexts(frame).first().contains("<b>"));
+    QAccessibleInterface *table = QAccessible::queryAccessibleInterface(list(frame));
+    QStringList spoken;
+    for (int row = 0; row < 2; ++row) {
+        spoken.append(table->tableInterface()->cellAt(row, 0)->text(QAccessible::Name));
+    }
+    QCOMPARE(spoken, (QStringList{"C:\\a & b.hdev", "D:\\c.hdev"}));
 }
 
 QTEST_MAIN(RecentProgramsFrameTest)
