@@ -1,5 +1,6 @@
 #include "card/SingleHalconVersionFrame.h"
 
+#include "card/CardPalette.h"
 #include "card/CardTexts.h"
 #include "card/Documentation.h"
 #include "devenv/IdeLaunch.h"
@@ -32,7 +33,9 @@ SingleHalconVersionFrame::SingleHalconVersionFrame(const HalconInstallation &ins
     ui->setupUi(this);
     setObjectNames();
     markPushButtons();
-    setStyleSheet(cardStyleSheet(cardColour(record.major)));
+    const QString colour = cardColour(record.major);
+    setColours(cardPalette(colour));
+    setStyleSheet(cardStyleSheet(colour));
 
     showDetails();
     fillVisualStudioList();
@@ -104,6 +107,18 @@ void SingleHalconVersionFrame::markPushButtons()
     const QList<QPushButton *> buttons = findChildren<QPushButton *>();
     for (QPushButton *button : buttons) {
         button->setProperty("class", QStringLiteral("myPushButton"));
+    }
+}
+
+void SingleHalconVersionFrame::setColours(const QPalette &palette)
+{
+    setPalette(palette);
+    // Where there is a style sheet a palette does not reach the children by itself.
+    const QList<QWidget *> children = findChildren<QWidget *>();
+    for (QWidget *child : children) {
+        if (!child->isWindow()) {
+            child->setPalette(palette);
+        }
     }
 }
 

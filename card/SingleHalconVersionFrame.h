@@ -80,6 +80,7 @@ public slots:
 private:
     void setObjectNames();
     void markPushButtons();
+    void setColours(const QPalette &palette);
     void showDetails();
     void connectComRows();
     void fillVisualStudioList();
