@@ -1,5 +1,6 @@
 #include "card/SingleHalconVersionFrame.h"
 
+#include "card/CardAccessibility.h"
 #include "card/CardPalette.h"
 #include "card/CardTexts.h"
 #include "card/Documentation.h"
@@ -49,6 +50,7 @@ SingleHalconVersionFrame::SingleHalconVersionFrame(const HalconInstallation &ins
     connect(ui->pbPerm, &QPushButton::clicked, this, &SingleHalconVersionFrame::switchVersion);
     connectComRows();
     addDropShadows();
+    setAccessibleNames();
     connect(ui->lwVsVersion, &QListWidget::doubleClicked, this,
             &SingleHalconVersionFrame::launchShellModelIndex);
     connect(ui->lwVsVersion, &QListWidget::clicked, this,
@@ -150,11 +152,18 @@ void SingleHalconVersionFrame::showVersion()
     // The badge overlaps the lower right corner of the number.
     ui->verticalLayout_3->removeWidget(ui->pbMajor);
     ui->gridLayoutMajor->addWidget(ui->pbMajor, 0, 0, 3, 3);
-    auto *badge = new QPushButton(architectureBadgeText(record.arch), this);
-    badge->setStyleSheet(architectureBadgeStyleSheet(record.arch));
+    architectureBadge =
+        makeBadge(architectureBadgeText(record.arch), architectureBadgeStyleSheet(record.arch));
+    connect(architectureBadge, &QPushButton::clicked, this, &SingleHalconVersionFrame::launchHDevelop);
+    ui->gridLayoutMajor->addWidget(architectureBadge, 2, 2);
+}
+
+QPushButton *SingleHalconVersionFrame::makeBadge(const QString &text, const QString &styleSheet)
+{
+    auto *badge = new QPushButton(text, this);
+    badge->setStyleSheet(styleSheet);
     badge->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
-    connect(badge, &QPushButton::clicked, this, &SingleHalconVersionFrame::launchHDevelop);
-    ui->gridLayoutMajor->addWidget(badge, 2, 2);
+    return badge;
 }
 
 void SingleHalconVersionFrame::buildHelpMenu()
@@ -214,17 +223,15 @@ void SingleHalconVersionFrame::showHDevelop()
     ui->pbHDevelop->setIcon(icon);
     ui->pbHDevelopXL->setIcon(icon);
 
-    auto *badge = new QPushButton(QStringLiteral("XL"), this);
-    badge->setStyleSheet(xlBadgeStyleSheet());
-    badge->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
-    badge->setToolTip(ui->pbHDevelopXL->toolTip());
+    xlBadge = makeBadge(QStringLiteral("XL"), xlBadgeStyleSheet());
+    xlBadge->setToolTip(ui->pbHDevelopXL->toolTip());
 
     ui->gridLayoutHDevelop->removeWidget(ui->pbHDevelop);
     ui->gridLayoutHDevelop->removeWidget(ui->pbHDevelopXL);
     ui->gridLayoutHDevelop->addWidget(ui->pbHDevelop, 0, 0, 3, 3);
     ui->gridLayoutHDevelop->addWidget(ui->pbHDevelopXL, 3, 0, 3, 3);
-    ui->gridLayoutHDevelop->addWidget(badge, 5, 2);
-    connect(badge, &QPushButton::clicked, this, &SingleHalconVersionFrame::launchHDevelopXL);
+    ui->gridLayoutHDevelop->addWidget(xlBadge, 5, 2);
+    connect(xlBadge, &QPushButton::clicked, this, &SingleHalconVersionFrame::launchHDevelopXL);
 }
 
 void SingleHalconVersionFrame::connectComRows()
@@ -251,6 +258,16 @@ void SingleHalconVersionFrame::addDropShadows()
         shadow->setOffset(4, 4);
         button->setGraphicsEffect(shadow);
     }
+}
+
+/// What the form cannot know: which installation it is. The names of the other controls stand there.
+void SingleHalconVersionFrame::setAccessibleNames()
+{
+    announceCardsAsGroups();
+    setAccessibleName(tr("HALCON %1").arg(record.versionArchText()));
+    ui->pbMajor->setAccessibleName(tr("HDevelop %1").arg(record.versionArchText()));
+    architectureBadge->setAccessibleName(tr("HDevelop %1").arg(architectureBadge->text()));
+    xlBadge->setAccessibleName(ui->pbHDevelopXL->accessibleName());
 }
 
 QIcon SingleHalconVersionFrame::fileIcon(const QString &path) const

@@ -12,6 +12,7 @@
 class QAction;
 class QMenu;
 class QModelIndex;
+class QPushButton;
 class QUrl;
 struct DocumentationEntry;
 
@@ -90,6 +91,8 @@ private:
     QMenu *submenu(QMenu *menu, const QString &title);
     void showHDevelop();
     void addDropShadows();
+    void setAccessibleNames();
+    QPushButton *makeBadge(const QString &text, const QString &styleSheet);
     QIcon fileIcon(const QString &path) const;
     void launchHDevelopBuild(bool xl);
     const VisualStudioVersion *chosenVisualStudio(const QModelIndex &index, const QString &nothingChosen);
@@ -101,5 +104,7 @@ private:
         visualStudios; ///< those that fit the architecture, in the order of the list's rows
     QFileIconProvider iconProvider;
     std::unique_ptr<Ui::SingleHalconVersionFrame> ui;
+    QPushButton *architectureBadge = nullptr;
+    QPushButton *xlBadge = nullptr;
     std::unique_ptr<QMenu> releaseNotes; ///< has no parent
 };
