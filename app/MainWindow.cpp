@@ -6,6 +6,7 @@
 #include "app/MainWindowTexts.h"
 #include "app/MakerAddresses.h"
 #include "app/MessageDialog.h"
+#include "card/CardColumn.h"
 #include "card/SingleHalconVersionFrame.h"
 #include "discovery/RegistryDiscovery.h"
 #include "recent/RecentProgramsFrame.h"
@@ -149,12 +150,7 @@ void MainWindow::fillFooter()
 
 void MainWindow::addCards()
 {
-    auto *cards = new QWidget;
-    auto *layout = new QVBoxLayout(cards);
-    layout->setMargin(0);
-    for (const HalconInstallation &installation : qAsConst(installations)) {
-        layout->addWidget(new SingleHalconVersionFrame(installation, this));
-    }
+    auto *cards = new CardColumn(installations, this);
     ui->saHalconVersions->setWidget(cards);
 }
 

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "discovery/HalconInstallation.h"
+
+#include <QList>
+#include <QWidget>
+
+/// The cards of all installations, one below the other. It asks for the room in which none of them is squeezed; with
+/// more room than that the cards stay at the top.
+class CardColumn : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Builds the cards of @p installations, in their order from the top; @p window is their parent until the column
+    /// has taken them.
+    CardColumn(const QList<HalconInstallation> &installations, QWidget *window);
+};

@@ -1,0 +1,121 @@
+#include "tests/card/CardShape.h"
+#include "card/CardColumn.h"
+#include "card/SingleHalconVersionFrame.h"
+#include "tests/card/CardMachine.h"
+
+#include <QScreen>
+#include <QScrollArea>
+#include <QtTest>
+
+namespace {
+
+/// The main window's part that scrolls, on a screen that the window fills.
+class CardArea {
+public:
+    CardArea(int cards, const QSize &screen)
+    {
+        area.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+        area.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+        area.setWidgetResizable(true);
+        column = new CardColumn(installedVersions(cards), &area);
+        area.setWidget(column);
+        for (const SingleHalconVersionFrame *card : shown()) {
+            CardShape::addVisualStudio(*card);
+        }
+        const QSize aroundIt(0, 150); // title bar, options, footer and the system's task bar
+        area.resize(QSizeF(QSizeF(screen) / area.devicePixelRatioF()).toSize() - aroundIt);
+        area.show();
+        // Fonts of the style sheet come with the first show, and layouts learn of them by events.
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+    }
+
+    QList<SingleHalconVersionFrame *> shown() const
+    {
+        return column->findChildren<SingleHalconVersionFrame *>();
+    }
+
+    QScrollArea area;
+    CardColumn *column;
+};
+
+} // namespace
+
+/// Looks at the cards at the scale that the environment sets.
+class CardShapeTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void nothingIsSqueezed_data();
+    void nothingIsSqueezed();
+    void cardsStayAtTheTop();
+    void areaScrollsToTheLastCard();
+};
+
+void CardShapeTest::initTestCase()
+{
+    // The scale is there as it is, not rounded to a whole number.
+    const double scale = qEnvironmentVariable("QT_SCALE_FACTOR", "1").toDouble();
+    QCOMPARE(QGuiApplication::primaryScreen()->devicePixelRatio(), scale);
+}
+
+void CardShapeTest::nothingIsSqueezed_data()
+{
+    QTest::addColumn<int>("cards");
+    QTest::addColumn<QSize>("screen");
+    QTest::addColumn<int>("letters");
+
+    constexpr int usual = 11;
+    constexpr int large = 14; // lines of 16 pixels: the tallest that Windows' own font has at 9 points
+    const QSize screens[] = {{1366, 768}, {1920, 1080}, {3840, 2160}};
+    for (const int cards : {2, 8}) {
+        for (const QSize &screen : screens) {
+            for (const int letters : {usual, large}) {
+                QTest::addRow("%d cards, screen %d pixels wide, letters of %d pixels", cards, screen.width(),
+                              letters)
+                    << cards << screen << letters;
+            }
+        }
+    }
+}
+
+void CardShapeTest::nothingIsSqueezed()
+{
+    QFETCH(int, cards);
+    QFETCH(QSize, screen);
+    QFETCH(int, letters);
+    QFont font("Liberation Sans");
+    font.setPixelSize(letters);
+    QApplication::setFont(font);
+    const CardArea machine(cards, screen);
+    QCOMPARE(machine.shown().size(), cards);
+    for (const SingleHalconVersionFrame *card : machine.shown()) {
+        QVERIFY(card->height() <= 163);
+        QCOMPARE(CardShape::faults(*card).join('\n'), QString());
+    }
+}
+
+void CardShapeTest::cardsStayAtTheTop()
+{
+    const CardArea machine(2, QSize(1920, 2000));
+    const QList<SingleHalconVersionFrame *> cards = machine.shown();
+    QCOMPARE(cards.first()->installation().major, 18);
+    QCOMPARE(cards.first()->geometry().top(), 0);
+    const int gap = cards.last()->geometry().top() - cards.first()->geometry().bottom();
+    QVERIFY2(gap > 0 && gap < 20, qPrintable(QString::number(gap)));
+    QVERIFY(machine.column->height() > 2 * cards.last()->geometry().bottom());
+}
+
+void CardShapeTest::areaScrollsToTheLastCard()
+{
+    CardArea machine(8, QSize(1366, 768));
+    machine.area.ensureWidgetVisible(machine.shown().last(), 0, 0);
+    const QWidget *last = machine.shown().last();
+    QVERIFY(last->visibleRegion().boundingRect().height() == last->height());
+    QCOMPARE(machine.column->height(), last->geometry().bottom() + 1);
+}
+
+QTEST_MAIN(CardShapeTest)
+
+#include "CardShapeTest.moc"
