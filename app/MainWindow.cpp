@@ -3,6 +3,7 @@
 #include "app/DebugDialog.h"
 #include "app/DebugLogger.h"
 #include "app/ErrorDialog.h"
+#include "app/KeyboardFocusFrame.h"
 #include "app/MainWindowTexts.h"
 #include "app/MakerAddresses.h"
 #include "app/MessageDialog.h"
@@ -152,6 +153,13 @@ void MainWindow::addCards()
 {
     auto *cards = new CardColumn(installations, this);
     ui->saHalconVersions->setWidget(cards);
+
+    setTabOrder(cards->lastTabStop(), ui->cbUpdateCheckHalcon);
+    setTabOrder(ui->cbUpdateCheckHalcon, ui->cbUpdateCheckCorvanta);
+    setTabOrder(ui->cbUpdateCheckCorvanta, ui->textBrowser);
+    new KeyboardFocusFrame(this);
+    // Otherwise the first card's first button had the focus at once, unseen, and Space would start HDevelop.
+    ui->saHalconVersions->setFocus(Qt::OtherFocusReason);
 }
 
 void MainWindow::restoreUpdateOptions()

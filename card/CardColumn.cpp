@@ -12,7 +12,24 @@ CardColumn::CardColumn(const QList<HalconInstallation> &installations, QWidget *
     // The cards' own minimum height is less than what is in them needs. A policy that does not let the column shrink
     // makes the scroll area around it scroll instead.
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    QList<SingleHalconVersionFrame *> cards;
     for (const HalconInstallation &installation : installations) {
-        layout->addWidget(new SingleHalconVersionFrame(installation, window));
+        cards.append(new SingleHalconVersionFrame(installation, window));
+        layout->addWidget(cards.last());
     }
+    // Only here, because a new parent takes a widget out of the order.
+    for (SingleHalconVersionFrame *card : qAsConst(cards)) {
+        const QList<QWidget *> stops = card->tabStops();
+        for (QWidget *stop : stops) {
+            if (last != nullptr) {
+                setTabOrder(last, stop);
+            }
+            last = stop;
+        }
+    }
+}
+
+QWidget *CardColumn::lastTabStop() const
+{
+    return last;
 }

@@ -12,6 +12,12 @@ class CardColumn : public QWidget {
 
 public:
     /// Builds the cards of @p installations, in their order from the top; @p window is their parent until the column
-    /// has taken them.
+    /// has taken them. The Tab key goes through them in the same order.
     CardColumn(const QList<HalconInstallation> &installations, QWidget *window);
+
+    /// The control at which the Tab key leaves the last card; null when there is no card.
+    QWidget *lastTabStop() const;
+
+private:
+    QWidget *last = nullptr;
 };

@@ -67,6 +67,14 @@ const HalconInstallation &SingleHalconVersionFrame::installation() const
     return record;
 }
 
+QList<QWidget *> SingleHalconVersionFrame::tabStops() const
+{
+    return {ui->pbMajor,   architectureBadge,   ui->textBrowser, ui->pbHDevelop,     ui->pbHDevelopXL,
+            xlBadge,       ui->pbHelp,          ui->pbShell,     ui->pbDevEnv,       ui->lwVsVersion,
+            ui->pbPerm,    ui->cbRegCom,        ui->pbUac,       ui->cbRegComEngine, ui->pbUacEngine,
+            ui->pbVelloxa, ui->pbInstallLicense};
+}
+
 bool SingleHalconVersionFrame::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::MouseButtonPress) {

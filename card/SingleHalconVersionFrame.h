@@ -33,6 +33,9 @@ public:
     /// The installation that the card stands for.
     const HalconInstallation &installation() const;
 
+    /// The controls at which the Tab key stops, hidden ones included, from left to right.
+    QList<QWidget *> tabStops() const;
+
     /// Lets a press on the label of a COM check box toggle that box.
     bool eventFilter(QObject *watched, QEvent *event) override;
 

@@ -1,0 +1,238 @@
+#include "app/KeyboardFocusFrame.h"
+#include "card/CardColumn.h"
+#include "card/SingleHalconVersionFrame.h"
+#include "tests/app/TabStops.h"
+#include "tests/card/CardMachine.h"
+#include "tests/card/CardShape.h"
+
+#include <QMainWindow>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QtTest>
+#include <QVBoxLayout>
+
+namespace {
+
+/// A window with cards that scroll, and a button and a text with two links below them.
+class CardWindow : public QMainWindow {
+public:
+    explicit CardWindow(int cards)
+    {
+        area = new QScrollArea;
+        area->setWidgetResizable(true);
+        area->setFocusPolicy(Qt::ClickFocus);
+        column = new CardColumn(installedVersions(cards), this);
+        area->setWidget(column);
+        button = new QPushButton("Button");
+        auto *text = new QTextBrowser;
+        text->setAccessibleName("Text");
+        text->setHtml("See <a href=\"#1\">one</a> and <a href=\"#2\">two</a>");
+        text->setFixedHeight(40);
+        auto *centre = new QWidget;
+        auto *layout = new QVBoxLayout(centre);
+        for (QWidget *widget :
+             {static_cast<QWidget *>(area), static_cast<QWidget *>(button), static_cast<QWidget *>(text)}) {
+            layout->addWidget(widget);
+        }
+        setCentralWidget(centre);
+        QWidget::setTabOrder(column->lastTabStop(), button);
+        QWidget::setTabOrder(button, text);
+        frame = new KeyboardFocusFrame(this);
+        area->setFocus(Qt::OtherFocusReason);
+        for (const SingleHalconVersionFrame *card : column->findChildren<SingleHalconVersionFrame *>()) {
+            CardShape::addVisualStudio(*card);
+        }
+    }
+
+    bool showWithSize(const QSize &size)
+    {
+        resize(size);
+        show();
+        return QTest::qWaitForWindowActive(this);
+    }
+
+    QRect around(const QWidget &control) const
+    {
+        return QRect(control.mapTo(this, QPoint()), control.size()).adjusted(-3, -3, 3, 3);
+    }
+
+    /// The part of the window in which cards can be seen.
+    QRect sight() const { return {area->viewport()->mapTo(this, QPoint()), area->viewport()->size()}; }
+
+    QScrollArea *area;
+    CardColumn *column;
+    QPushButton *button;
+    KeyboardFocusFrame *frame;
+};
+
+constexpr QSize large(1700, 700);
+constexpr QSize small(900, 400);
+
+QStringList stopsOfCard(const QString &version)
+{
+    return {"HDevelop " + version + " (x64-win64)",
+            "HDevelop x64",
+            "Details",
+            "HDevelop",
+            "HDevelop XL",
+            "HDevelop XL",
+            "Help",
+            "Command shell",
+            "Visual Studio IDE",
+            "Visual Studio versions",
+            "Make permanent",
+            "Register halconx[xl].dll",
+            "Administrative rights to register halconx[xl].dll",
+            "Register hdevenginex[xl].dll",
+            "Administrative rights to register hdevenginex[xl].dll",
+            "Velloxa",
+            "Install license"};
+}
+
+} // namespace
+
+class KeyboardFocusFrameTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void everyStopIsSeenInOrder();
+    void backwards();
+    void hiddenFromMouseUsers();
+    void goesWithTheFocus();
+    void isBroughtIntoSight_data();
+    void isBroughtIntoSight();
+    void followsTheControl();
+    void isCutOffWithTheControl();
+    void takesNoClicks();
+};
+
+void KeyboardFocusFrameTest::everyStopIsSeenInOrder()
+{
+    CardWindow window(2);
+    QVERIFY(window.showWithSize(large));
+    QStringList unseen;
+    const QStringList stops = TabStops::walk(window, Qt::Key_Tab, &unseen);
+    const QStringList expected = stopsOfCard("18.11.1") + stopsOfCard("20.5.0") +
+                                 QStringList{"Button", "Text", "Text > one", "Text > two"};
+    for (int i = 0; i < qMin(stops.size(), expected.size()); ++i) {
+        QCOMPARE(stops.at(i), expected.at(i));
+    }
+    QCOMPARE(stops.size(), expected.size());
+    QCOMPARE(unseen.join(", "), QString());
+}
+
+void KeyboardFocusFrameTest::backwards()
+{
+    CardWindow window(2);
+    QVERIFY(window.showWithSize(large));
+    QStringList expected = stopsOfCard("18.11.1") + stopsOfCard("20.5.0") + QStringList{"Button"};
+    std::reverse(expected.begin(), expected.end());
+    expected = QStringList{"Text", "Text > two", "Text > one"} + expected;
+    const QStringList stops = TabStops::walk(window, Qt::Key_Backtab);
+    for (int i = 0; i < qMin(stops.size(), expected.size()); ++i) {
+        QCOMPARE(stops.at(i), expected.at(i));
+    }
+    QCOMPARE(stops.size(), expected.size());
+}
+
+void KeyboardFocusFrameTest::hiddenFromMouseUsers()
+{
+    CardWindow window(1);
+    QVERIFY(window.showWithSize(large));
+    QVERIFY(!window.frame->isVisible());
+    QTest::mouseClick(window.button, Qt::LeftButton);
+    QCOMPARE(QApplication::focusWidget(), window.button);
+    QVERIFY(!window.frame->isVisible());
+    QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+    QVERIFY(window.frame->isVisible());
+    QTest::mouseClick(window.button, Qt::LeftButton);
+    QVERIFY(!window.frame->isVisible());
+}
+
+void KeyboardFocusFrameTest::goesWithTheFocus()
+{
+    CardWindow window(1);
+    QVERIFY(window.showWithSize(large));
+    window.button->setFocus(Qt::TabFocusReason);
+    QVERIFY(window.frame->isVisible());
+    window.button->clearFocus();
+    QVERIFY(!window.frame->isVisible());
+    window.button->setFocus(Qt::TabFocusReason);
+    window.button->hide();
+    QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+    window.button->show();
+    QVERIFY(window.frame->geometry() != window.around(*window.button));
+
+    QPushButton other("Another window");
+    window.button->setFocus(Qt::TabFocusReason);
+    other.show();
+    other.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    QTRY_VERIFY(!window.frame->isVisible());
+}
+
+void KeyboardFocusFrameTest::isBroughtIntoSight_data()
+{
+    QTest::addColumn<int>("key");
+
+    QTest::newRow("forwards") << int(Qt::Key_Tab);
+    QTest::newRow("backwards") << int(Qt::Key_Backtab);
+}
+
+void KeyboardFocusFrameTest::isBroughtIntoSight()
+{
+    QFETCH(int, key);
+    CardWindow window(3);
+    QVERIFY(window.showWithSize(small));
+    constexpr int all = 3 * 17 + 1;
+    for (int i = 0; i < all; ++i) {
+        QTest::keyClick(window.windowHandle(), static_cast<Qt::Key>(key));
+        const QWidget *control = QApplication::focusWidget();
+        const QRect place(control->mapTo(&window, QPoint()), control->size());
+        QVERIFY2(!window.column->isAncestorOf(control) || window.sight().contains(place),
+                 qPrintable(TabStops::focused()));
+        QCOMPARE(window.frame->geometry() & window.around(*control), window.frame->geometry());
+    }
+}
+
+void KeyboardFocusFrameTest::followsTheControl()
+{
+    CardWindow window(2);
+    QVERIFY(window.showWithSize(large));
+    auto *list = window.column->findChild<QListWidget *>("lwVsVersion");
+    list->setFocus(Qt::TabFocusReason);
+    QCOMPARE(window.frame->geometry(), window.around(*list));
+    const QRect before = window.frame->geometry();
+    window.resize(large.width() + 200, large.height());
+    QTRY_VERIFY(window.around(*list) != before);
+    QTRY_COMPARE(window.frame->geometry(), window.around(*list));
+}
+
+void KeyboardFocusFrameTest::isCutOffWithTheControl()
+{
+    CardWindow window(3);
+    QVERIFY(window.showWithSize(small));
+    auto *number = window.column->findChild<QPushButton *>("pbMajor");
+    number->setFocus(Qt::TabFocusReason);
+    QScrollBar *bar = window.area->verticalScrollBar();
+    bar->setValue(number->height() / 2);
+    QVERIFY(window.frame->isVisible());
+    QCOMPARE(window.frame->geometry(), window.around(*number) & window.sight());
+    bar->setValue(bar->maximum());
+    QVERIFY(window.frame->geometry().isEmpty() || !window.frame->isVisible());
+}
+
+void KeyboardFocusFrameTest::takesNoClicks()
+{
+    CardWindow window(1);
+    QVERIFY(window.showWithSize(large));
+    window.button->setFocus(Qt::TabFocusReason);
+    QSignalSpy clicked(window.button, &QPushButton::clicked);
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                      window.around(*window.button).center());
+    QCOMPARE(clicked.size(), 1);
+}
+
+QTEST_MAIN(KeyboardFocusFrameTest)
+
+#include "KeyboardFocusFrameTest.moc"
