@@ -1,0 +1,71 @@
+#!/usr/bin/env bash
+# Looking changes nothing: a start and an end of the program leave the registry as it was, but for the program's own
+# settings, whether the machine has what is looked for or not.
+#
+#   untouched_registry.sh PROGRAM STAND_INS empty|filled
+set -uo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/expectations"
+
+program=$1 stand_ins=$2 machine=$3
+
+# export_registry DIRECTORY: exports both hives into it, each value behind its key. What the program stores on purpose,
+# its settings, is left out, and so is what Wine keeps of itself.
+export_registry() {
+  local hive file
+  mkdir "$1"
+  for hive in HKLM HKCU; do
+    file=$WINEPREFIX/drive_c/$hive.reg
+    timeout 100 wine reg export $hive "C:\\$hive.reg" /y >/dev/null || give_up "$hive could not be exported"
+    iconv -f UTF-16 -t UTF-8 "$file" | tr -d '\r' |
+      awk '/^\[/ { key = $0; own = /^\[HKEY_CURRENT_USER\\Software\\(Quorvik Solutions|Wine)(\\|\])/ }
+           !own { print (/^\[/ ? "" : key) $0 }' >"$1/$hive"
+    rm "$file"
+    [ "$(wc -l <"$1/$hive")" -gt 100 ] || give_up "the export of $hive is too short"
+  done
+}
+
+# What is there and what is missing differs from key to key.
+if [ "$machine" = filled ]; then
+  cat >"$TEST_DIRECTORY/table" <<'TABLE'
+product 12.0 'C:\Program Files\MVTec\HALCON-12.0' x86 sse2 view=32
+product 20.11-Progress 'C:\Program Files\MVTec\HALCON-20.11-Progress' x64
+uninstall 'MVTec HALCON 22.11 Steady' 'C:\Program Files\MVTec\HALCON-22.11' user
+visual_studio 14.0 Professional 'C:\Program Files (x86)\Microsoft Visual Studio 14.0' amd64 x86
+registry_key 'HKEY_LOCAL_MACHINE\Software\Microsoft\VisualStudio\14.0_Config'
+registry_key 'HKEY_LOCAL_MACHINE\Software\Microsoft\VCExpress\10.0'
+registry_key 'HKEY_LOCAL_MACHINE\Software\MVTec\HALCON\13.0'
+TABLE
+else
+  : >"$TEST_DIRECTORY/table"
+fi
+"$tools/demo-machine/make" "$WINEPREFIX" "$stand_ins" "$TEST_DIRECTORY/table" || give_up "no demo machine"
+
+# Wine enters the display into the registry when the first window is shown.
+wine "$stand_ins/hdevelop.exe" &
+settling=$!
+wait_for_record "the start of the stand-in"
+for _ in $(seq 100); do
+  window=$(visible_titles)
+  [ -z "$window" ] || break
+  sleep 0.2
+done
+close_window "$window"
+wait_for_end $settling
+
+export_registry "$TEST_DIRECTORY/before"
+if [ "$machine" = filled ]; then
+  start_program "$program"
+  end_program
+else
+  wine "$program" &
+  program_process=$!
+  answer 'Corvanta for HALCON' Return
+  wait_for_end $program_process
+  expect "exit code" "$exit_code" 1
+fi
+export_registry "$TEST_DIRECTORY/after"
+
+for hive in HKLM HKCU; do
+  expect "$hive" "$(diff "$TEST_DIRECTORY/before/$hive" "$TEST_DIRECTORY/after/$hive")" ''
+done
+conclude
