@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# On a screen set to 200 % the window's content is twice as large.
+# On a screen set to 125, 150 or 200 % the window's content is larger by just that.
 #
 #   high_resolution.sh PROGRAM STAND_INS
 set -uo pipefail
@@ -23,10 +23,16 @@ distance=$(distance_of_icons)
 [ -n "$distance" ] || give_up "there are no two buttons with the stand-in's icon"
 end_program
 
-wineserver -w
-wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d 192 /f >/dev/null
-wineserver -w
-start_program "$program"
-expect "distance of the icons at 200 %" "$(distance_of_icons)" $((2 * distance))
-end_program
+# The icons' places are rounded to whole pixels.
+for scale in 125 150 200; do
+  wineserver -w
+  wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d $((96 * scale / 100)) /f >/dev/null
+  wineserver -w
+  start_program "$program"
+  scaled=$(distance_of_icons)
+  off=$((scaled * 100 - distance * scale))
+  expect "whether the icons are $scaled pixels apart at $scale %, for $distance at 100 %" \
+    "$([ ${off#-} -le 100 ] && echo yes)" yes
+  end_program
+done
 conclude

@@ -1,0 +1,181 @@
+#include "app/ApplicationIdentity.h"
+#include "app/KeyboardFocusFrame.h"
+#include "app/MainWindow.h"
+#include "app/MakerAddresses.h"
+#include "card/SingleHalconVersionFrame.h"
+#include "tests/app/TabStops.h"
+#include "tests/app/WindowMachine.h"
+#include "tests/card/CardShape.h"
+#include "tests/support/AccessibleControls.h"
+
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTemporaryDir>
+#include <QtTest>
+
+/// The whole window, used without a mouse.
+class MainWindowKeyboardTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void tabStops();
+    void startsOutsideTheCards();
+    void pageKeysScroll();
+    void focusIsBroughtIntoSight();
+    void controlsHaveNames();
+    void cardsKeepTheirShape_data();
+    void cardsKeepTheirShape();
+};
+
+void MainWindowKeyboardTest::initTestCase()
+{
+    setApplicationIdentity();
+}
+
+void MainWindowKeyboardTest::init()
+{
+    WindowMachine::clear();
+}
+
+void MainWindowKeyboardTest::tabStops()
+{
+    const QTemporaryDir directory;
+    WindowMachine::install("13.0");
+    WindowMachine::install("20.05-Progress", QDir::toNativeSeparators(directory.path()));
+    MainWindow window;
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QStringList unseen;
+    const QStringList stops = TabStops::walk(window, Qt::Key_Tab, &unseen);
+
+    const auto card = [](const QString &version, const QStringList &links) {
+        return QStringList{"HDevelop " + version + " (x64-win64)", "HDevelop x64", "Details"} + links +
+               QStringList{"HDevelop",
+                           "HDevelop XL",
+                           "HDevelop XL",
+                           "Help",
+                           "Command shell",
+                           "Visual Studio versions",
+                           "Make permanent",
+                           "Register halconx[xl].dll",
+                           "Administrative rights to register halconx[xl].dll",
+                           "Register hdevenginex[xl].dll",
+                           "Administrative rights to register hdevenginex[xl].dll",
+                           "Velloxa",
+                           "Install license"};
+    };
+    const QString link = "Details > " + QDir::toNativeSeparators(directory.path());
+    const QStringList expected =
+        card("13.0.0", {}) + card("20.5.0 Progress", {link}) +
+        QStringList{"Enable HALCON Update Checks",
+                    "Enable Corvanta for HALCON Update Checks",
+                    "About this program",
+                    "About this program > http://www." + MakerAddresses::webDomain() + "/",
+                    "About this program > " + MakerAddresses::shop(),
+                    "About this program > feedback"};
+    for (int i = 0; i < qMin(stops.size(), expected.size()); ++i) {
+        QCOMPARE(stops.at(i), expected.at(i));
+    }
+    QCOMPARE(stops.size(), expected.size());
+    QCOMPARE(unseen.join(", "), QString());
+}
+
+/// Where Space starts nothing.
+void MainWindowKeyboardTest::startsOutsideTheCards()
+{
+    WindowMachine::install("13.0");
+    MainWindow window;
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QCOMPARE(QApplication::focusWidget(), window.findChild<QWidget *>("saHalconVersions"));
+    QVERIFY(!window.findChild<KeyboardFocusFrame *>()->isVisible());
+}
+
+void MainWindowKeyboardTest::pageKeysScroll()
+{
+    for (const char *version : {"12.0", "13.0", "14.0", "17.12", "18.11", "20.11"}) {
+        WindowMachine::install(version);
+    }
+    MainWindow window;
+    window.showNormal();
+    window.resize(1000, 500);
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const QScrollBar *bar = window.findChild<QScrollArea *>("saHalconVersions")->verticalScrollBar();
+    QTRY_VERIFY(bar->maximum() > 0);
+    QTest::keyClick(window.windowHandle(), Qt::Key_PageDown);
+    QVERIFY(bar->value() > 0);
+}
+
+void MainWindowKeyboardTest::focusIsBroughtIntoSight()
+{
+    for (const char *version : {"12.0", "13.0", "14.0", "17.12"}) {
+        WindowMachine::install(version);
+    }
+    MainWindow window;
+    window.showNormal();
+    window.resize(1000, 400);
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const QWidget *area = window.findChild<QScrollArea *>("saHalconVersions")->viewport();
+    const QRect sight(area->mapTo(&window, QPoint()), area->size());
+    constexpr int cards = 4;
+    constexpr int stopsOfCard = 16;
+    // Backwards, because then the cards are entered from outside the scroll area.
+    for (int i = 0; i < cards * stopsOfCard; ++i) {
+        QTest::keyClick(window.windowHandle(), Qt::Key_Backtab);
+        const QWidget *control = QApplication::focusWidget();
+        if (area->isAncestorOf(control)) {
+            QVERIFY2(sight.contains(QRect(control->mapTo(&window, QPoint()), control->size())),
+                     qPrintable(TabStops::focused()));
+        }
+    }
+}
+
+void MainWindowKeyboardTest::controlsHaveNames()
+{
+    WindowMachine::install("13.0");
+    WindowMachine::install("20.11-Progress");
+    MainWindow window;
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QTest::keyClick(&window, Qt::Key_F4);
+    const QStringList names = accessibleControls(window);
+    QCOMPARE(names.filter(QRegularExpression("^<")).join(", "), QString());
+    constexpr int stopsOfCard = 16;
+    constexpr int others = 2 + 1 + 3; // options, footer, recent programs
+    QCOMPARE(names.size(), 2 * stopsOfCard + others);
+}
+
+void MainWindowKeyboardTest::cardsKeepTheirShape_data()
+{
+    QTest::addColumn<QStringList>("versions");
+
+    QTest::newRow("two") << QStringList{"13.0", "20.05-Progress"};
+    QTest::newRow("eight") << QStringList{"9.0",  "10.0",  "11.0",  "12.0",
+                                          "13.0", "17.12", "18.11", "20.05-Progress"};
+}
+
+void MainWindowKeyboardTest::cardsKeepTheirShape()
+{
+    QFETCH(QStringList, versions);
+    for (const QString &version : versions) {
+        WindowMachine::install(version);
+    }
+    MainWindow window;
+    window.showNormal();
+    window.resize(1366, 700);
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QCoreApplication::processEvents();
+    const auto cards = window.findChildren<SingleHalconVersionFrame *>();
+    QCOMPARE(cards.size(), versions.size());
+    for (const SingleHalconVersionFrame *card : cards) {
+        QCOMPARE(CardShape::faults(*card).join('\n'), QString());
+    }
+    QCOMPARE(cards.first()->geometry().top(), 0);
+    QVERIFY(cards.at(1)->geometry().top() < 200);
+}
+
+QTEST_MAIN(MainWindowKeyboardTest)
+
+#include "MainWindowKeyboardTest.moc"
