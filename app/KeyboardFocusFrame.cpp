@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QGraphicsEffect>
 #include <QPainter>
 #include <QScrollArea>
 
@@ -113,15 +114,34 @@ void KeyboardFocusFrame::focusLeaves(Qt::FocusReason reason)
 
 void KeyboardFocusFrame::followControl()
 {
-    if (!byKeyboard || control == nullptr || !control->isVisible()) {
+    const QRect before = isVisible() ? geometry() : QRect();
+    if (byKeyboard && control != nullptr && control->isVisible()) {
+        setGeometry(visiblePart(frameRect(), *control));
+        // Where it is cut off may have changed, and nothing else.
+        update();
+        raise();
+        show();
+    } else {
         hide();
-        return;
     }
-    setGeometry(visiblePart(frameRect(), *control));
-    // Where it is cut off may have changed, and nothing else.
-    update();
-    raise();
-    show();
+    updateShadows(before, isVisible() ? geometry() : QRect());
+}
+
+/// Has the controls with a graphics effect drawn anew where the frame was and where it is. Of such a control Qt draws
+/// the whole rectangle around what has changed, over what is there already: between two places some of it twice.
+void KeyboardFocusFrame::updateShadows(const QRect &before, const QRect &now)
+{
+    constexpr int reach = 16; // of an effect around its control
+    const QList<QWidget *> widgets = window()->findChildren<QWidget *>();
+    for (QWidget *widget : widgets) {
+        if (widget->graphicsEffect() != nullptr && widget->window() == window() && widget->isVisible()) {
+            const QRect area = QRect(widget->mapTo(window(), QPoint()), widget->size())
+                                   .adjusted(-reach, -reach, reach, reach);
+            if (area.intersects(before) || area.intersects(now)) {
+                widget->update();
+            }
+        }
+    }
 }
 
 QRect KeyboardFocusFrame::frameRect() const

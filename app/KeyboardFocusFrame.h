@@ -23,6 +23,7 @@ private:
     void focusEnters(QWidget *control, Qt::FocusReason reason);
     void focusLeaves(Qt::FocusReason reason);
     void followControl();
+    void updateShadows(const QRect &before, const QRect &now);
     QRect frameRect() const;
 
     QPointer<QWidget> control; ///< the one that has the focus

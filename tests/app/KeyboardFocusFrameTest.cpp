@@ -6,6 +6,7 @@
 #include "tests/card/CardShape.h"
 
 #include <QMainWindow>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QtTest>
@@ -104,6 +105,7 @@ private slots:
     void followsTheControl();
     void isCutOffWithTheControl();
     void takesNoClicks();
+    void leavesNoTraces();
 };
 
 void KeyboardFocusFrameTest::everyStopIsSeenInOrder()
@@ -231,6 +233,22 @@ void KeyboardFocusFrameTest::takesNoClicks()
     QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier,
                       window.around(*window.button).center());
     QCOMPARE(clicked.size(), 1);
+}
+
+/// What is drawn as the focus moves has to be what is drawn when all of the window is.
+void KeyboardFocusFrameTest::leavesNoTraces()
+{
+    CardWindow window(1);
+    QVERIFY(window.showWithSize(large));
+    for (int i = 0; i < 17; ++i) {
+        QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+        QCoreApplication::processEvents();
+        const QImage shown = window.screen()->grabWindow(window.winId()).toImage();
+        const QImage drawnAnew = window.grab().toImage();
+        QVERIFY2(shown.convertToFormat(QImage::Format_RGB32) ==
+                     drawnAnew.convertToFormat(QImage::Format_RGB32),
+                 qPrintable(TabStops::focused()));
+    }
 }
 
 QTEST_MAIN(KeyboardFocusFrameTest)
