@@ -1,4 +1,5 @@
 #include "tests/helper/HelperMachine.h"
+#include "tests/support/WineFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,12 +11,12 @@
 using HelperMachine::isReadOnly;
 using HelperMachine::makeFile;
 using HelperMachine::makeHardLink;
-using HelperMachine::makeSymbolicLink;
-using HelperMachine::onAnotherDrive;
-using HelperMachine::removeSymbolicLink;
 using HelperMachine::run;
 using HelperMachine::setReadOnly;
 using HelperMachine::tree;
+using WineFiles::makeSymbolicLink;
+using WineFiles::onAnotherDrive;
+using WineFiles::removeSymbolicLink;
 
 namespace {
 

@@ -47,17 +47,6 @@ void makeFile(const QString &path, const QByteArray &contents);
 /// Copies a file of the building machine, and makes the directories above.
 void copyFile(const QString &from, const QString &to);
 
-/// Makes @p link lead to @p target, for which a name beside the link serves. On Windows it is a reparse point.
-void makeSymbolicLink(const QString &target, const QString &link);
-
-void removeSymbolicLink(const QString &link);
-
-/// Removes an empty directory although somebody keeps it open, which Windows itself would not do.
-void removeOpenDirectory(const QString &directory);
-
-/// The same file or directory on drive C, under another drive's letter.
-QString onAnotherDrive(const QString &path);
-
 /// Gives a file one more name.
 void makeHardLink(const QString &file, const QString &link);
 

@@ -5,7 +5,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
-#include <QTest>
 
 #include <windows.h>
 
@@ -182,48 +181,6 @@ void copyFile(const QString &from, const QString &to)
 {
     require(QDir().mkpath(QFileInfo(to).path()), "making the directory of " + to);
     require(QFile::copy(from, to), "copying " + from + " to " + to);
-}
-
-void makeSymbolicLink(const QString &target, const QString &link)
-{
-    // Wine makes no such links, but takes those of the file system below for reparse points. It does not tell when a
-    // program of that system has ended.
-    const QFileInfo info(link);
-    require(QProcess::startDetached("Z:/bin/ln", {"-s", target, info.fileName()}, info.path()),
-            "starting ln");
-    require(QTest::qWaitFor([&link] { return QFileInfo::exists(link); }), "linking " + link);
-}
-
-void removeSymbolicLink(const QString &link)
-{
-    // Wine's own removing would fail or follow the link.
-    const QFileInfo info(link);
-    require(QProcess::startDetached("Z:/bin/rm", {info.fileName()}, info.path()), "starting rm");
-    require(QTest::qWaitFor([&link] { return !QFileInfo::exists(link); }), "removing " + link);
-}
-
-void removeOpenDirectory(const QString &directory)
-{
-    const QFileInfo info(directory);
-    require(QProcess::startDetached("Z:/bin/rmdir", {info.fileName()}, info.path()), "starting rmdir");
-    require(QTest::qWaitFor([&directory] { return !QFileInfo::exists(directory); }), "removing " + directory);
-}
-
-QString onAnotherDrive(const QString &path)
-{
-    // Wine's drive Z shows the file system in which its drive C is a directory.
-    using Function = char *(CDECL *)(const wchar_t *);
-    const auto unixName = reinterpret_cast<Function>(reinterpret_cast<void *>(
-        GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "wine_get_unix_file_name")));
-    require(unixName != nullptr, "wine_get_unix_file_name");
-    char *const root = unixName(L"C:\\");
-    require(root != nullptr, "wine_get_unix_file_name of C:\\");
-    // The name leads over a link that is named as the drive.
-    const QString directory = "Z:" + QString::fromUtf8(root).replace("/dosdevices/c:", "/drive_c");
-    HeapFree(GetProcessHeap(), 0, root);
-    QString result = QDir::toNativeSeparators(QDir::cleanPath(directory + path.mid(2)));
-    require(path.startsWith("C:\\") && QFileInfo::exists(result), "finding " + result);
-    return result;
 }
 
 void makeHardLink(const QString &file, const QString &link)

@@ -4,6 +4,7 @@
 #include "tests/helper/HelperMachine.h"
 #include "tests/helper/WideText.h"
 #include "tests/support/Registry.h"
+#include "tests/support/WineFiles.h"
 
 #include <QDir>
 #include <QtTest>
@@ -16,12 +17,12 @@ using HelperMachine::copyFile;
 using HelperMachine::defaultText;
 using HelperMachine::environmentKey;
 using HelperMachine::makeFile;
-using HelperMachine::makeSymbolicLink;
-using HelperMachine::onAnotherDrive;
 using HelperMachine::plainText;
-using HelperMachine::removeSymbolicLink;
 using HelperMachine::run;
 using HelperMachine::values;
+using WineFiles::makeSymbolicLink;
+using WineFiles::onAnotherDrive;
+using WineFiles::removeSymbolicLink;
 using namespace std::chrono_literals;
 
 namespace {

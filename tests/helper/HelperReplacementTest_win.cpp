@@ -3,6 +3,7 @@
 
 #include "tests/helper/HelperMachine.h"
 #include "tests/helper/WideText.h"
+#include "tests/support/WineFiles.h"
 
 #include <QDir>
 #include <QtTest>
@@ -10,10 +11,10 @@
 using HelperMachine::isReadOnly;
 using HelperMachine::makeFile;
 using HelperMachine::makeHardLink;
-using HelperMachine::makeSymbolicLink;
-using HelperMachine::removeOpenDirectory;
-using HelperMachine::removeSymbolicLink;
 using HelperMachine::setReadOnly;
+using WineFiles::makeSymbolicLink;
+using WineFiles::removeOpenDirectory;
+using WineFiles::removeSymbolicLink;
 
 using Place = ReplacementFile::Place;
 
