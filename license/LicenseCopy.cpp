@@ -2,10 +2,10 @@
 
 #include "app/DebugLogger.h"
 #include "launch/ElevatedHelper.h"
+#include "license/SameFile.h"
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QObject>
 #include <QTemporaryFile>
 #include <QTextStream>
@@ -73,7 +73,7 @@ bool copyLicense(const QString &source, const QString &droppedContents, const QS
                  QStringList &errors)
 {
     // Making room for the copy would delete the only file there is.
-    if (QFile::exists(source) && QFileInfo(source) == QFileInfo(target)) {
+    if (isSameFile(source, target)) {
         return true;
     }
     QString from = source;

@@ -5,6 +5,8 @@
 #include <QRegularExpression>
 #include <QtTest>
 
+#include <filesystem>
+
 namespace {
 
 /// Every byte that there is.
@@ -30,6 +32,8 @@ private slots:
     void names();
     void droppedContentsOfAFileThatIsThere();
     void existingTarget();
+    void fromItsOwnPlace_data();
+    void fromItsOwnPlace();
     void errorsAreCleared();
     void vanishedSource_data();
     void vanishedSource();
@@ -132,6 +136,37 @@ void LicenseCopyTest::existingTarget()
     QCOMPARE(files.read("H/license/another.dat"), QByteArray("another"));
     QCOMPARE(errors, QStringList());
     QCOMPARE(log.lines(), QStringList{"removing existing file " + files.native("H/license/license.dat")});
+}
+
+void LicenseCopyTest::fromItsOwnPlace_data()
+{
+    QTest::addColumn<QString>("source"); // leads to the file H/license/license.dat
+    QTest::addColumn<QString>("target");
+
+    const QString plain = "H/license/license.dat";
+    QTest::newRow("same path") << plain << plain;
+    QTest::newRow("over the parent directory") << "H/license/../license/license.dat" << plain;
+    QTest::newRow("second name") << "second.dat" << plain;
+}
+
+/// The user's only licence would be deleted to make room for its own copy.
+void LicenseCopyTest::fromItsOwnPlace()
+{
+    QFETCH(QString, source);
+    QFETCH(QString, target);
+    const LicenseFiles files;
+    files.write("H/license/license.dat", "the only one");
+    std::filesystem::create_hard_link(files.path("H/license/license.dat").toStdWString(),
+                                      files.path("second.dat").toStdWString());
+    QCOMPARE(files.read(source), QByteArray("the only one"));
+    const LogLines log;
+    QStringList errors{"earlier line"};
+
+    QVERIFY(copyLicenseFile(files.native(source), "dropped", files.path(target), &errors));
+
+    QCOMPARE(files.read("H/license/license.dat"), QByteArray("the only one"));
+    QCOMPARE(errors, QStringList());
+    QCOMPARE(log.lines(), QStringList());
 }
 
 void LicenseCopyTest::errorsAreCleared()

@@ -1,0 +1,44 @@
+#include "license/SameFile.h"
+
+#include "launch/WindowsHandle.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <windows.h>
+
+namespace {
+
+/// Opens what @p path leads to for nothing but a look at it; null when that fails.
+WindowsHandle openToLook(const QString &path)
+{
+    const QString native = QDir::toNativeSeparators(path);
+    const HANDLE handle = CreateFileW(reinterpret_cast<const wchar_t *>(native.utf16()), 0,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                      OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    return WindowsHandle(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
+}
+
+/// What tells a file from all others as long as it is open. False when Windows does not know that.
+bool identityOf(const WindowsHandle &file, BY_HANDLE_FILE_INFORMATION &identity)
+{
+    // Some network file systems number no files.
+    return file && GetFileInformationByHandle(file.get(), &identity) != 0 &&
+           (identity.nFileIndexHigh != 0 || identity.nFileIndexLow != 0);
+}
+
+} // namespace
+
+bool isSameFile(const QString &one, const QString &other)
+{
+    const WindowsHandle oneFile = openToLook(one);
+    const WindowsHandle otherFile = openToLook(other);
+    BY_HANDLE_FILE_INFORMATION oneIdentity = {};
+    BY_HANDLE_FILE_INFORMATION otherIdentity = {};
+    if (!identityOf(oneFile, oneIdentity) || !identityOf(otherFile, otherIdentity)) {
+        return QFileInfo::exists(one) && QFileInfo(one) == QFileInfo(other);
+    }
+    return oneIdentity.dwVolumeSerialNumber == otherIdentity.dwVolumeSerialNumber &&
+           oneIdentity.nFileIndexHigh == otherIdentity.nFileIndexHigh &&
+           oneIdentity.nFileIndexLow == otherIdentity.nFileIndexLow;
+}
