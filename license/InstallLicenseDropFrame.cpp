@@ -23,9 +23,11 @@ void InstallLicenseDropFrame::dragEnterEvent(QDragEnterEvent *event)
 
 void InstallLicenseDropFrame::dropEvent(QDropEvent *event)
 {
+    event->ignore();
     qDebug() << "formats:" << event->mimeData()->formats();
     const QList<QUrl> urls = event->mimeData()->urls();
-    if (urls.isEmpty()) {
+    // Whoever offers nothing but a move deletes the file when that is accepted.
+    if (urls.isEmpty() || !event->possibleActions().testFlag(Qt::CopyAction)) {
         return;
     }
     const QString path = urls.first().toLocalFile();
@@ -35,7 +37,7 @@ void InstallLicenseDropFrame::dropEvent(QDropEvent *event)
     }
     const QString contents = QTextStream(&file).readAll();
     file.close();
-    // Never a move, whatever was proposed: whoever the file is dragged from would delete it.
+    // Not the move that may have been proposed.
     event->setDropAction(Qt::CopyAction);
     event->accept();
     emit file_dropped(path, contents);

@@ -1,9 +1,11 @@
-// A window at the top left of the screen from which files can be dragged, as from an Explorer:
+// A window at the top left of the screen from which files can be dragged, as from an Explorer: what is said to have been
+// moved is deleted.
 //
-//   drag-source FILE...
+//   drag-source [--move-only] FILE...
 
 #include <QApplication>
 #include <QDrag>
+#include <QFile>
 #include <QLabel>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -13,7 +15,10 @@ namespace {
 
 class DragSource : public QLabel {
 public:
-    explicit DragSource(const QList<QUrl> &files) : QLabel(QStringLiteral("Drag me")), files(files) {}
+    DragSource(const QList<QUrl> &files, Qt::DropActions offered)
+        : QLabel(QStringLiteral("Drag me")), files(files), offered(offered)
+    {
+    }
 
 protected:
     void mouseMoveEvent(QMouseEvent * /*event*/) override
@@ -23,11 +28,16 @@ protected:
         QDrag drag(this);
         drag.setMimeData(data);
         // An Explorer proposes to move on the same drive.
-        drag.exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
+        if (drag.exec(offered, Qt::MoveAction) == Qt::MoveAction) {
+            for (const QUrl &file : files) {
+                QFile::remove(file.toLocalFile());
+            }
+        }
     }
 
 private:
     QList<QUrl> files;
+    Qt::DropActions offered;
 };
 
 } // namespace
@@ -35,11 +45,13 @@ private:
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
+    QStringList arguments = QApplication::arguments().mid(1);
+    const bool moveOnly = arguments.removeAll(QStringLiteral("--move-only")) > 0;
     QList<QUrl> files;
-    for (const QString &file : QApplication::arguments().mid(1)) {
+    for (const QString &file : arguments) {
         files.append(QUrl::fromLocalFile(file));
     }
-    DragSource source(files);
+    DragSource source(files, moveOnly ? Qt::MoveAction : Qt::CopyAction | Qt::MoveAction);
     source.setWindowTitle(QStringLiteral("Drag source"));
     source.setGeometry(0, 30, 200, 100);
     source.show();

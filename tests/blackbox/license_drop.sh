@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # A licence file dragged with the mouse from another program's window onto the licence dialog is installed, and stays
-# where it came from. What cannot be read is not taken.
+# where it came from. What cannot be read or copied is not taken.
 #
 #   license_drop.sh PROGRAM DRAG_SOURCE STAND_INS
 set -uo pipefail
@@ -30,7 +30,7 @@ open_dialog() {
   [ -n "${field_y-}" ] || give_up "there is no field to drop on"
 }
 
-# drag FILE...: drags the files onto the field, in small steps as a hand does.
+# drag [--move-only] FILE...: drags the files onto the field, in small steps as a hand does.
 drag() {
   local source
   wine "$drag_source" "$@" &
@@ -57,6 +57,12 @@ open_dialog
 drag 'C:\Mail\directory'
 accept_dialog
 expect "after a directory" "$(ls "$licenses")" ''
+
+open_dialog
+drag --move-only 'C:\Mail\second.dat'
+accept_dialog
+expect "after a file that is only to be moved" "$(ls "$licenses")" ''
+expect "the file" "$(cat "$files/second.dat")" $'license 2\r'
 
 open_dialog
 drag 'C:\Mail\license & more.dat' 'C:\Mail\second.dat'

@@ -8,20 +8,26 @@
 #include <QUrl>
 #include <QWidget>
 
+/// What an Explorer offers.
+constexpr Qt::DropActions copyOrMove = Qt::CopyAction | Qt::MoveAction;
+
 /// Drags @p data over the middle of @p widget, as the desktop does. True when it may be dropped there.
-inline bool dragOver(QWidget &widget, const QMimeData &data)
+inline bool dragOver(QWidget &widget, const QMimeData &data, Qt::DropActions offered = copyOrMove)
 {
-    QDragEnterEvent enter(widget.rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDragEnterEvent enter(widget.rect().center(), offered, &data, Qt::LeftButton, Qt::NoModifier);
     enter.ignore();
     QApplication::sendEvent(&widget, &enter);
     return enter.isAccepted();
 }
 
-/// Releases @p data, which has been dragged over @p widget.
-inline void drop(QWidget &widget, const QMimeData &data)
+/// What whoever offers the data is told to have been done with it, and does his part of: he deletes what was moved.
+/// Nothing stands for a drop that was not taken.
+inline Qt::DropAction drop(QWidget &widget, const QMimeData &data, Qt::DropActions offered = copyOrMove,
+                           Qt::KeyboardModifiers keys = Qt::NoModifier)
 {
-    QDropEvent released(widget.rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent released(widget.rect().center(), offered, &data, Qt::LeftButton, keys);
     QApplication::sendEvent(&widget, &released);
+    return released.isAccepted() ? released.dropAction() : Qt::IgnoreAction;
 }
 
 /// Drags files over @p widget and drops them. False when they may not be dropped there.

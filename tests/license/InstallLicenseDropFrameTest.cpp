@@ -16,6 +16,8 @@ private slots:
     void enter();
     void drop_data();
     void drop();
+    void answer_data();
+    void answer();
     void firstOfSeveralFiles();
     void nothingToRead_data();
     void nothingToRead();
@@ -105,6 +107,46 @@ void InstallLicenseDropFrameTest::drop()
     QCOMPARE(dropped.size(), 1);
     QCOMPARE(dropped.first().at(0).toString(), path(name));
     QCOMPARE(dropped.first().at(1).toString(), QString("one\ntwo\n"));
+}
+
+void InstallLicenseDropFrameTest::answer_data()
+{
+    QTest::addColumn<Qt::DropActions>("offered");
+    QTest::addColumn<bool>("taken");
+
+    QTest::newRow("a copy") << Qt::DropActions(Qt::CopyAction) << true;
+    QTest::newRow("a copy or a move") << copyOrMove << true;
+    QTest::newRow("a copy or a link") << (Qt::CopyAction | Qt::LinkAction) << true;
+    QTest::newRow("anything") << (Qt::CopyAction | Qt::MoveAction | Qt::LinkAction) << true;
+    QTest::newRow("a move") << Qt::DropActions(Qt::MoveAction) << false;
+    QTest::newRow("a link") << Qt::DropActions(Qt::LinkAction) << false;
+    QTest::newRow("a move or a link") << (Qt::MoveAction | Qt::LinkAction) << false;
+    QTest::newRow("nothing") << Qt::DropActions() << false;
+}
+
+/// A file that is said to have been moved is deleted by the one who offered it. Whatever the keys propose.
+void InstallLicenseDropFrameTest::answer()
+{
+    QFETCH(Qt::DropActions, offered);
+    QFETCH(bool, taken);
+    write("license.dat", "x");
+    InstallLicenseDropFrame frame;
+    frame.setAcceptDrops(true);
+    const QSignalSpy dropped(&frame, &InstallLicenseDropFrame::file_dropped);
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path("license.dat"))});
+    int takenSoFar = 0;
+    const Qt::KeyboardModifiers both = Qt::ShiftModifier | Qt::ControlModifier;
+    for (const Qt::KeyboardModifiers keys :
+         {Qt::KeyboardModifiers(), Qt::KeyboardModifiers(Qt::ShiftModifier),
+          Qt::KeyboardModifiers(Qt::ControlModifier), both}) {
+        QVERIFY(dragOver(frame, data, offered));
+
+        QCOMPARE(::drop(frame, data, offered, keys), taken ? Qt::CopyAction : Qt::IgnoreAction);
+
+        takenSoFar += taken ? 1 : 0;
+        QCOMPARE(dropped.size(), takenSoFar);
+    }
 }
 
 void InstallLicenseDropFrameTest::firstOfSeveralFiles()
