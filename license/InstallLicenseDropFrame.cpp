@@ -1,6 +1,10 @@
 #include "license/InstallLicenseDropFrame.h"
 
+#include "app/DebugLogger.h"
+#include "companions/common/LicenseSize.h"
+
 #include <QDebug>
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QFile>
 #include <QMimeData>
@@ -33,6 +37,13 @@ void InstallLicenseDropFrame::dropEvent(QDropEvent *event)
     const QString path = urls.first().toLocalFile();
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        return;
+    }
+    if (file.size() > largestLicense) {
+        DebugLogger::instance().log(
+            QStringLiteral("dropped file %1 is not read: it has %2 bytes, and a license file at most %3")
+                .arg(QDir::toNativeSeparators(path), QString::number(file.size()),
+                     QString::number(largestLicense)));
         return;
     }
     const QString contents = QTextStream(&file).readAll();

@@ -2,8 +2,8 @@
 
 #include <QLabel>
 
-/// A label onto which a licence file can be dropped. The file is only ever copied: what cannot be is
-/// left alone.
+/// A label onto which a licence file can be dropped. The file is only ever copied: what cannot be, and what is too large
+/// for a licence, is left alone.
 class InstallLicenseDropFrame : public QLabel {
     Q_OBJECT
 

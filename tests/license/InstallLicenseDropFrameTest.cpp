@@ -1,5 +1,6 @@
 #include "license/InstallLicenseDropFrame.h"
 #include "tests/license/Drops.h"
+#include "tests/support/Messages.h"
 
 #include <QDir>
 #include <QSignalSpy>
@@ -27,6 +28,8 @@ private slots:
     void textOfAFile_data();
     void textOfAFile();
     void bytesOutsideTheCodePage();
+    void size_data();
+    void size();
 
 private:
     QString path(const QString &name) const { return directory->filePath(name); }
@@ -268,8 +271,8 @@ void InstallLicenseDropFrameTest::textOfAFile_data()
                                           "a\0b\0",
                                           6)
                             << "ab";
-    QTest::newRow("long") << QByteArray("0123456789\r\n").repeated(100000)
-                          << QString("0123456789\n").repeated(100000);
+    QTest::newRow("long") << QByteArray("0123456789\r\n").repeated(80000)
+                          << QString("0123456789\n").repeated(80000);
 }
 
 void InstallLicenseDropFrameTest::textOfAFile()
@@ -304,6 +307,41 @@ void InstallLicenseDropFrameTest::bytesOutsideTheCodePage()
     QCOMPARE(dropped.size(), 1);
     QCOMPARE(dropped.first().at(1).toString(), QString("a\ufffd"
                                                        "b \u00f6\n"));
+}
+
+void InstallLicenseDropFrameTest::size_data()
+{
+    QTest::addColumn<qint64>("bytes");
+    QTest::addColumn<bool>("taken");
+
+    QTest::newRow("largest") << qint64(1048576) << true;
+    QTest::newRow("too large") << qint64(1048577) << false;
+}
+
+/// A file that can be no licence is dropped by mistake.
+void InstallLicenseDropFrameTest::size()
+{
+    QFETCH(qint64, bytes);
+    QFETCH(bool, taken);
+    QFile file(path("image %2.iso"));
+    QVERIFY(file.open(QFile::WriteOnly));
+    QVERIFY(file.resize(bytes));
+    file.close();
+    InstallLicenseDropFrame frame;
+    frame.setAcceptDrops(true);
+    const QSignalSpy dropped(&frame, &InstallLicenseDropFrame::file_dropped);
+    const LogLines log;
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path("image %2.iso"))});
+    QVERIFY(dragOver(frame, data));
+
+    QCOMPARE(::drop(frame, data), taken ? Qt::CopyAction : Qt::IgnoreAction);
+
+    QCOMPARE(dropped.size(), taken ? 1 : 0);
+    const QString line = "dropped file " + QDir::toNativeSeparators(path("image %2.iso")) +
+                         " is not read: it has " + QString::number(bytes) +
+                         " bytes, and a license file at most 1048576";
+    QCOMPARE(log.lines(), taken ? QStringList() : QStringList{line});
 }
 
 QTEST_MAIN(InstallLicenseDropFrameTest)
