@@ -88,8 +88,15 @@ bool copyLicense(const QString &source, const QString &droppedContents, const QS
         }
         from = temporary.fileName();
     }
-    removeExisting(target);
-    return QFile::copy(from, target) || copyElevated(from, target, errors);
+    // What is in the way goes only if there is something to put in its place.
+    QFile readable(from);
+    if (readable.open(QIODevice::ReadOnly)) {
+        removeExisting(target);
+        if (QFile::copy(from, target)) {
+            return true;
+        }
+    }
+    return copyElevated(from, target, errors);
 }
 
 } // namespace

@@ -6,6 +6,37 @@
 
 #include <QtTest>
 
+#include <csignal>
+#include <sys/resource.h>
+
+namespace {
+
+/// Lets every file end after so many bytes while it lives, as on a disk that is full.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes)
+    {
+        // Without a handler for it the signal would end the program.
+        handler = std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit limit = {bytes, before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    FullDisk(const FullDisk &) = delete;
+    FullDisk &operator=(const FullDisk &) = delete;
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, handler);
+    }
+
+private:
+    rlimit before = {};
+    void (*handler)(int) = nullptr;
+};
+
+} // namespace
+
 /// Copies that the program cannot make itself.
 class LicenseCopyFallbackTest : public QObject {
     Q_OBJECT
@@ -18,6 +49,10 @@ private slots:
     void targetThatCannotBeRemoved();
     void vanishedSource_data();
     void vanishedSource();
+    void sourceThatCannotBeRead_data();
+    void sourceThatCannotBeRead();
+    void temporaryFileIsNotWhole_data();
+    void temporaryFileIsNotWhole();
     void errorsWithoutAList();
 };
 
@@ -139,6 +174,79 @@ void LicenseCopyFallbackTest::vanishedSource()
     QCOMPARE(ElevatedHelperFake::starts().constFirst().arguments,
              "--copy=\"" + target + "\" \"" + temporary + "\"");
     QCOMPARE(files.temporaryFiles(), QStringList());
+}
+
+void LicenseCopyFallbackTest::sourceThatCannotBeRead_data()
+{
+    QTest::addColumn<int>("exitCode");
+
+    QTest::newRow("helper succeeds") << 0;
+    QTest::newRow("helper fails") << 2;
+    QTest::newRow("helper not started") << -1;
+}
+
+/// What there is stays until there is something to put in its place. A directory stands for whatever cannot be read.
+void LicenseCopyFallbackTest::sourceThatCannotBeRead()
+{
+    QFETCH(int, exitCode);
+    const LicenseFiles files;
+    files.makeDirectory("license.dat");
+    files.write("H/license/license.dat", "the old one");
+    ElevatedHelperFake::setOutcome(exitCode, true);
+    const LogLines log;
+
+    const QString source = files.path("license.dat");
+    const QString target = files.path("H/license/license.dat");
+    QCOMPARE(copyLicenseFile(source, QString(), target, nullptr), exitCode == 0);
+
+    QCOMPARE(files.read("H/license/license.dat"), QByteArray("the old one"));
+    const QString arguments = "--copy=\"" + target + "\" \"" + source + "\"";
+    QCOMPARE(log.lines(),
+             (QStringList{
+                 "warning: could not copy source file \"" + source + "\" to destination file \"" + target +
+                     "\". Trying to install license with an elevated helper process.",
+                 "executing helper process with elevated rights: " + helperExecutablePath() + " " + arguments,
+             }));
+    QCOMPARE(ElevatedHelperFake::starts().size(), 1);
+}
+
+void LicenseCopyFallbackTest::temporaryFileIsNotWhole_data()
+{
+    QTest::addColumn<int>("size"); // that the disk has room for
+
+    QTest::newRow("no room") << 0;
+    QTest::newRow("room for a part") << 4096;
+    QTest::newRow("one byte missing") << 99999;
+}
+
+/// A part of a licence is none.
+void LicenseCopyFallbackTest::temporaryFileIsNotWhole()
+{
+    QFETCH(int, size);
+    const LicenseFiles files;
+    files.write("H/license/license.dat", "the old one");
+    const LogLines log;
+    QStringList errors{"earlier line"};
+    const QString source = files.path("mail/license.dat");
+    bool copied = true;
+    {
+        const FullDisk disk(static_cast<rlim_t>(size));
+        copied = copyLicenseFile(source, QString(100000, 'x'), files.path("H/license/license.dat"), &errors);
+    }
+
+    QVERIFY(!copied);
+    QCOMPARE(log.lines().size(), 1);
+    const QString temporary = log.lines()
+                                  .constFirst()
+                                  .section("creating temporary file ", 1)
+                                  .section(" with the same contents", 0, 0);
+    QCOMPARE(QFileInfo(temporary).path(), files.path("temporary"));
+    QCOMPARE(errors,
+             QStringList{"Dropped file " + source + " no longer exists and could not create temporary file " +
+                         temporary + " with the same contents"});
+    QCOMPARE(files.read("H/license/license.dat"), QByteArray("the old one"));
+    QCOMPARE(files.temporaryFiles(), QStringList());
+    QCOMPARE(ElevatedHelperFake::starts().size(), 0);
 }
 
 void LicenseCopyFallbackTest::errorsWithoutAList()
