@@ -22,7 +22,7 @@ bool writeDroppedContents(QTemporaryFile &file, const QString &source, const QSt
 {
     const bool opened = file.open();
     DebugLogger::instance().log(
-        QObject::tr("dropped file %1 no longer exists. creating temporary file %2 with the same contents")
+        QStringLiteral("dropped file %1 no longer exists. creating temporary file %2 with the same contents")
             .arg(native(source), native(file.fileName())));
     if (!opened) {
         return false;
@@ -42,23 +42,24 @@ void removeExisting(const QString &target)
     if (!QFile::exists(target)) {
         return;
     }
-    DebugLogger::instance().log(QObject::tr("removing existing file %1").arg(native(target)));
+    DebugLogger::instance().log(QStringLiteral("removing existing file %1").arg(native(target)));
     if (!QFile::remove(target)) {
         // The lone quote is part of the text.
         DebugLogger::instance().log(
-            QObject::tr("warning: cannot remove existing file %1 \"").arg(native(target)));
+            QStringLiteral("warning: cannot remove existing file %1 \"").arg(native(target)));
     }
 }
 
 bool copyElevated(const QString &from, const QString &target, QStringList &errors)
 {
     DebugLogger &logger = DebugLogger::instance();
-    logger.log(QObject::tr("warning: could not copy source file \"%1\" to destination file \"%2\". Trying to "
-                           "install license with an elevated helper process.")
-                   .arg(native(from), native(target)));
+    logger.log(
+        QStringLiteral("warning: could not copy source file \"%1\" to destination file \"%2\". Trying to "
+                       "install license with an elevated helper process.")
+            .arg(native(from), native(target)));
     // The destination stands first.
     const QString arguments = QStringLiteral("--copy=\"%1\" \"%2\"").arg(native(target), native(from));
-    logger.log(QObject::tr("executing helper process with elevated rights: %1 %2")
+    logger.log(QStringLiteral("executing helper process with elevated rights: %1 %2")
                    .arg(helperExecutablePath(), arguments));
     const int result = runElevated(helperExecutablePath(), arguments, false, true);
     if (result != 0) {

@@ -4,6 +4,7 @@
 #include "tests/license/LicenseFiles.h"
 #include "tests/support/Messages.h"
 
+#include <QTranslator>
 #include <QtTest>
 
 #include <csignal>
@@ -35,6 +36,18 @@ private:
     void (*handler)(int) = nullptr;
 };
 
+/// Puts every text in brackets while it lives.
+class Translation : public QTranslator {
+public:
+    Translation() { QCoreApplication::installTranslator(this); }
+    QString translate(const char * /*context*/, const char *text, const char * /*disambiguation*/,
+                      int /*number*/) const override
+    {
+        return '[' + QString(text) + ']';
+    }
+    bool isEmpty() const override { return false; }
+};
+
 } // namespace
 
 /// Copies that the program cannot make itself.
@@ -53,6 +66,7 @@ private slots:
     void sourceThatCannotBeRead();
     void temporaryFileIsNotWhole_data();
     void temporaryFileIsNotWhole();
+    void translated();
     void errorsWithoutAList();
 };
 
@@ -247,6 +261,38 @@ void LicenseCopyFallbackTest::temporaryFileIsNotWhole()
     QCOMPARE(files.read("H/license/license.dat"), QByteArray("the old one"));
     QCOMPARE(files.temporaryFiles(), QStringList());
     QCOMPARE(ElevatedHelperFake::starts().size(), 0);
+}
+
+/// The user reads the errors; whoever reads the log must find the lines as they are written here.
+void LicenseCopyFallbackTest::translated()
+{
+    const Translation translation;
+    const LicenseFiles files;
+    files.makeDirectory("H/license/license.dat");
+    ElevatedHelperFake::setOutcome(3, true);
+    const LogLines log;
+    QStringList errors;
+
+    QVERIFY(
+        !copyLicenseFile(files.path("mail/license.dat"), "x", files.path("H/license/license.dat"), &errors));
+
+    QCOMPARE(
+        errors,
+        QStringList{"[helper process returned with value 3. This indicates an error in its execution!]"});
+    QStringList beginnings;
+    for (const QString &line : log.lines()) {
+        beginnings.append(line.section(' ', 0, 2));
+    }
+    QCOMPARE(beginnings,
+             (QStringList{"dropped file " + files.path("mail/license.dat"), "removing existing file",
+                          "warning: cannot remove", "warning: could not", "executing helper process"}));
+
+    files.loseTemporaryDirectory();
+    QVERIFY(
+        !copyLicenseFile(files.path("mail/license.dat"), "x", files.path("H/license/license.dat"), &errors));
+    QCOMPARE(errors,
+             QStringList{"[Dropped file " + files.path("mail/license.dat") +
+                         " no longer exists and could not create temporary file  with the same contents]"});
 }
 
 void LicenseCopyFallbackTest::errorsWithoutAList()
