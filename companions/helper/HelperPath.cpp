@@ -1,7 +1,6 @@
 #include "companions/helper/HelperPath.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <vector>
 
@@ -43,27 +42,10 @@ bool hasLoneHalf(const std::wstring &text)
     return false;
 }
 
-/// Devices can be opened under these names from every directory, whatever follows a dot in them. The digits are those
-/// that Windows takes for one.
-bool isDeviceName(const std::wstring &part)
-{
-    static const std::array<const wchar_t *, 7> plain{L"con",    L"prn",     L"aux",   L"nul",
-                                                      L"conin$", L"conout$", L"clock$"};
-    static const std::wstring digits = L"0123456789\u00B9\u00B2\u00B3";
-    std::wstring stem = part.substr(0, part.find(L'.'));
-    stem.erase(stem.find_last_not_of(L' ') + 1);
-    if (std::any_of(plain.begin(), plain.end(), [&](const wchar_t *name) { return sameName(stem, name); })) {
-        return true;
-    }
-    const std::wstring port = stem.substr(0, 3);
-    return stem.size() == 4 && (sameName(port, L"com") || sameName(port, L"lpt")) &&
-           digits.find(stem.back()) != std::wstring::npos;
-}
-
 bool isPlainPart(const std::wstring &part)
 {
     return part.find_first_of(L":\"<>|?*") == std::wstring::npos && part.back() != L'.' &&
-           part.back() != L' ' && !isDeviceName(part);
+           part.back() != L' ';
 }
 
 constexpr const wchar_t *separators = L"\\/";

@@ -7,8 +7,8 @@
 bool isCleanText(const std::wstring &text);
 
 /// Whether @p path names a file in one way only: a drive letter, a colon, and names after separators. There are no
-/// parts "." or "..", no wildcards, no alternate streams, no devices, and no names that Windows would cut (those that
-/// end in a blank or a dot). Slashes separate as backslashes do, and several in a row like one, because directories
+/// parts "." or "..", no wildcards, no alternate streams, and no names that Windows would cut (those that end in a
+/// blank or a dot). Slashes separate as backslashes do, and several in a row like one, because directories
 /// are sometimes written with slashes or with one more separator at their ends; a path must not end in one.
 bool isPlainFilePath(const std::wstring &path);
 

@@ -238,8 +238,8 @@ void HelperLineTest::libraries_data()
     QTest::newRow("not ASCII") << "--x64" << true << QStringList{"C:\\Größe 寸法 😀\\halconx.dll"};
     QTest::newRow("options in the path") << "--x64" << true << QStringList{"C:\\a --x86 --env\\halconx.dll"};
     QTest::newRow("longest") << "--x64" << true << QStringList{"C:\\" + QString(244, 'x') + "\\halconx.dll"};
-    QTest::newRow("names that only look like devices")
-        << "--x64" << true << QStringList{"C:\\COM\\com10\\console\\nulls\\lpt\\aux-x\\halconx.dll"};
+    QTest::newRow("names of devices")
+        << "--x64" << true << QStringList{"C:\\NUL\\com1.x\\CON \u00b9x\\aux\\halconx.dll"};
     QTest::newRow("dots within names") << "--x64" << true << QStringList{"C:\\.a\\..b\\c.d\\halconx.dll"};
 }
 
@@ -290,6 +290,9 @@ void HelperLineTest::copy_data()
                                << "C:\\Размер\\😀.dat";
     QTest::newRow("options in the paths") << "C:\\--env\\license\\--x64"
                                           << "C:\\--copy=x\\--help";
+    // Under the literal paths that are used, they are names like all others.
+    QTest::newRow("names of devices") << "C:\\NUL\\license\\com1.dat"
+                                      << "C:\\aux\\CON";
     QTest::newRow("no ending") << "C:\\H\\license\\license"
                                << "C:\\new";
     QTest::newRow("long") << "C:\\" + QString(300, 'x') + "\\license\\license.dat"

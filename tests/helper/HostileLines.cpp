@@ -337,24 +337,10 @@ QVector<HostileLine> paths()
              "source with angle brackets", R"(C:\Helper test\<\license\)");
     addPaths(lines, "library with a bar", "destination with a bar", "source with a bar",
              R"(C:\Helper test|x\license\)");
-    addPaths(lines, "library over a device", "destination over a device", "source over a device",
-             R"(C:\NUL\license\)");
-    addPaths(lines, "library over a device between slashes", "destination over a device between slashes",
-             "source over a device between slashes", "C:/NUL/license/");
-    addPaths(lines, "library over a port", "destination over a port", "source over a port",
-             R"(C:\com1.txt\license\)");
-    addPaths(lines, "library over a port with a raised digit", "destination over a port with a raised digit",
-             "source over a port with a raised digit", "C:\\LPT\u00B9\\license\\");
     addPaths(lines, "library with a line break", "destination with a line break", "source with a line break",
              "C:\\Helper\ntest\\license\\");
     addPaths(lines, "library with half a surrogate pair", "destination with half a surrogate pair",
              "source with half a surrogate pair", "C:\\" + QString(QChar(0xDC00)) + "\\license\\");
-    lines.append({"destination is a device", "--copy=\"C:\\license\\CON\" " + source, path});
-    lines.append(
-        {"destination is a device with an ending", "--copy=\"C:\\license\\aux.dat\" " + source, path});
-    lines.append(
-        {"destination is a device with a blank", "--copy=\"C:\\license\\nul .dat\" " + source, path});
-    lines.append({"source is the console", "--copy=" + destination + " \"C:\\CONIN$\"", path});
     return lines;
 }
 
