@@ -9,26 +9,14 @@ namespace {
 constexpr std::uint32_t plainText = 1;      // REG_SZ
 constexpr std::uint32_t expandableText = 2; // REG_EXPAND_SZ
 
-void appendUnit(std::vector<unsigned char> &bytes, std::uint32_t unit)
-{
-    bytes.push_back(static_cast<unsigned char>(unit & 0xFF));
-    bytes.push_back(static_cast<unsigned char>(unit >> 8 & 0xFF));
-}
-
-/// The text in UTF-16 with a closing 0. Where a wchar_t is wider than that, one may stand for two units.
+/// The text in UTF-16 with a closing 0.
 std::vector<unsigned char> textBytes(const std::wstring &text)
 {
     std::vector<unsigned char> bytes;
-    for (const wchar_t character : text) {
-        const auto code = std::uint32_t{std::char_traits<wchar_t>::to_int_type(character)};
-        if (code > 0xFFFF) {
-            appendUnit(bytes, 0xD800 + ((code - 0x10000) >> 10));
-            appendUnit(bytes, 0xDC00 + (code & 0x3FF));
-        } else {
-            appendUnit(bytes, code);
-        }
+    for (const wchar_t unit : text + L'\0') {
+        bytes.push_back(static_cast<unsigned char>(unit & 0xFF));
+        bytes.push_back(static_cast<unsigned char>(unit >> 8 & 0xFF));
     }
-    appendUnit(bytes, 0);
     return bytes;
 }
 
