@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 /// What the helper's exit code says; the numbers are its contract with the program that starts it.
 enum class HelperExitCode {
     done = 0,                   ///< everything that was asked for
@@ -9,4 +11,10 @@ enum class HelperExitCode {
     variablesNotRestored = 4,   ///< a variable could not be set, and another could not be put back
     librariesNotRegistered = 5, ///< the variables are set, but not every library is registered
     copyFailed = 6,             ///< the copy failed; the old file, if there was one, is as it was
+};
+
+/// What became of a request.
+struct HelperOutcome {
+    HelperExitCode code = HelperExitCode::done;
+    std::wstring reason; ///< sentences for the user, in lines; may be empty
 };

@@ -34,10 +34,9 @@ HelperExitCode print(const std::wstring &text)
     return printText(HelperChannel::standard, text) ? HelperExitCode::done : HelperExitCode::internalError;
 }
 
-template <typename Result>
-HelperExitCode conclude(const Result &result)
+HelperExitCode conclude(const HelperOutcome &outcome)
 {
-    return result.code == HelperExitCode::done ? result.code : fail(result.code, result.reason);
+    return outcome.code == HelperExitCode::done ? outcome.code : fail(outcome.code, outcome.reason);
 }
 
 } // namespace

@@ -28,7 +28,7 @@ std::optional<Bytes> readFile(HANDLE file)
 
 } // namespace
 
-LicenseCopyResult replaceLicenseFile(const std::wstring &destination, const std::wstring &source)
+HelperOutcome replaceLicenseFile(const std::wstring &destination, const std::wstring &source)
 {
     const std::wstring target = withSingleBackslashes(destination);
     // The program that asks may still have its own handle for writing to the source.

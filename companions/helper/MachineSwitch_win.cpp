@@ -11,7 +11,7 @@
 
 namespace {
 
-MachineSwitchResult setVariables(const std::vector<EnvironmentAssignment> &assignments)
+HelperOutcome setVariables(const std::vector<EnvironmentAssignment> &assignments)
 {
     RegistryEnvironment store;
     switch (changeEnvironment(store, assignments)) {
@@ -27,7 +27,7 @@ MachineSwitchResult setVariables(const std::vector<EnvironmentAssignment> &assig
 
 } // namespace
 
-MachineSwitchResult switchMachine(const HelperRequest &request, std::chrono::milliseconds timeLimit)
+HelperOutcome switchMachine(const HelperRequest &request, std::chrono::milliseconds timeLimit)
 {
     // Held to the end, so that what is registered is what was looked at.
     std::list<HeldPath> held;
@@ -49,7 +49,7 @@ MachineSwitchResult switchMachine(const HelperRequest &request, std::chrono::mil
     const std::function registerOne = [&](const std::wstring &library) {
         return registerLibrary(regsvr32, withSingleBackslashes(library), timeLimit);
     };
-    MachineSwitchResult result = setVariables(request.environment);
+    HelperOutcome result = setVariables(request.environment);
     if (result.code == HelperExitCode::done) {
         RegistrationSummary summary = registerLibraries(request.libraries, registerOne);
         result.code = summary.complete ? HelperExitCode::done : HelperExitCode::librariesNotRegistered;

@@ -347,7 +347,7 @@ void HelperRegistrationTest::goesOnBehindTheTimeLimit()
     QVERIFY(QFile::remove(path("halconx.dll")));
     copyFile(HANGING_LIBRARY, path("halconx.dll"));
 
-    const MachineSwitchResult result =
+    const HelperOutcome result =
         switchMachine(request({path("halconx.dll"), path("hdevenginex.dll")}), 5s);
 
     QCOMPARE(result.code, HelperExitCode::librariesNotRegistered);
