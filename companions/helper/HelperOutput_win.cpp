@@ -1,5 +1,6 @@
 #include "companions/helper/HelperOutput.h"
 
+#include "companions/common/Utf8Output.h"
 #include "companions/helper/UniqueHandle.h"
 
 #include <windows.h>
@@ -10,22 +11,6 @@ bool isRedirected(HANDLE handle)
 {
     const DWORD type = GetFileType(handle);
     return type == FILE_TYPE_DISK || type == FILE_TYPE_PIPE;
-}
-
-std::string toUtf8(const std::wstring &text)
-{
-    const int length = static_cast<int>(text.size());
-    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
-    std::string bytes(static_cast<std::size_t>(size), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(), size, nullptr, nullptr);
-    return bytes;
-}
-
-bool writeBytes(HANDLE file, const std::string &bytes)
-{
-    DWORD written = 0;
-    return WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) != 0 &&
-           written == bytes.size();
 }
 
 bool writeToParentConsole(const std::wstring &text)
@@ -48,7 +33,7 @@ bool printText(HelperChannel channel, const std::wstring &text)
 {
     const HANDLE handle =
         GetStdHandle(channel == HelperChannel::standard ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
-    return isRedirected(handle) ? writeBytes(handle, toUtf8(text)) : writeToParentConsole(text);
+    return isRedirected(handle) ? writeUtf8(handle, text) : writeToParentConsole(text);
 }
 
 bool isStartedVisibly()

@@ -1,5 +1,7 @@
 #include "companions/huebox/HueboxOutput.h"
 
+#include "companions/common/Utf8Output.h"
+
 #include <windows.h>
 
 #include <optional>
@@ -15,15 +17,6 @@ bool isConsole(HANDLE handle)
 {
     DWORD mode = 0;
     return GetConsoleMode(handle, &mode) != 0;
-}
-
-std::string toUtf8(const std::wstring &text)
-{
-    const int length = static_cast<int>(text.size());
-    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
-    std::string bytes(static_cast<std::size_t>(size), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(), size, nullptr, nullptr);
-    return bytes;
 }
 
 /// Sets the text colour of a console while it lives.
@@ -66,19 +59,12 @@ bool writeToConsole(HANDLE console, const std::wstring &text)
     return WriteConsoleW(console, text.data(), static_cast<DWORD>(text.size()), &written, nullptr) != 0;
 }
 
-bool writeBytes(HANDLE file, const std::string &bytes)
-{
-    DWORD written = 0;
-    return WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) != 0 &&
-           written == bytes.size();
-}
-
 } // namespace
 
 bool printPlain(OutputChannel channel, const std::wstring &text)
 {
     const HANDLE handle = handleOf(channel);
-    return isConsole(handle) ? writeToConsole(handle, text) : writeBytes(handle, toUtf8(text));
+    return isConsole(handle) ? writeToConsole(handle, text) : writeUtf8(handle, text);
 }
 
 bool printLine(const HueboxLine &line)
