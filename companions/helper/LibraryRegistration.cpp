@@ -7,28 +7,6 @@ std::wstring registrationCommandLine(const std::wstring &regsvr32, const std::ws
     return L'"' + regsvr32 + L"\" /s \"" + library + L'"';
 }
 
-std::wstring registrationEnvironment(const std::wstring &windowsDirectory,
-                                     const std::wstring &systemDirectory)
-{
-    // In the order of the alphabet, as Windows has them.
-    const std::vector<std::wstring> variables{
-        L"ComSpec=" + systemDirectory + L"\\cmd.exe",
-        L"OS=Windows_NT",
-        L"Path=" + systemDirectory + L';' + windowsDirectory,
-        L"PATHEXT=.COM;.EXE;.BAT;.CMD",
-        L"SystemDrive=" + windowsDirectory.substr(0, 2),
-        L"SystemRoot=" + windowsDirectory,
-        L"TEMP=" + windowsDirectory + L"\\Temp",
-        L"TMP=" + windowsDirectory + L"\\Temp",
-        L"windir=" + windowsDirectory,
-    };
-    std::wstring block;
-    for (const std::wstring &variable : variables) {
-        block += variable + L'\0';
-    }
-    return block + L'\0';
-}
-
 std::wstring textOf(RegistrationResult result, const std::wstring &library)
 {
     switch (result) {

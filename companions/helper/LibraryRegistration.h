@@ -10,11 +10,6 @@
 /// The command line that makes @p regsvr32, an absolute path, register @p library without a word.
 std::wstring registrationCommandLine(const std::wstring &regsvr32, const std::wstring &library);
 
-/// The variables for that program, as CreateProcess takes them. They are the system's own; whoever started this process
-/// has no say in them. The paths are absolute and end in no backslash.
-std::wstring registrationEnvironment(const std::wstring &windowsDirectory,
-                                     const std::wstring &systemDirectory);
-
 /// The absolute path of the system's registration program for an architecture, whether or not it exists; empty when
 /// the system has no directory for the architecture. Windows only.
 std::wstring registrationProgram(LibraryArchitecture architecture);
@@ -26,8 +21,8 @@ enum class RegistrationResult {
     timedOut, ///< the program took longer than it may, and was ended
 };
 
-/// Registers one library and waits for that. The program is given registrationEnvironment() and nothing of this
-/// process's own environment. Windows only.
+/// Registers one library and waits for that. The program is given the machine's variables as they are now, and nothing
+/// of this process's own environment. Windows only.
 RegistrationResult registerLibrary(const std::wstring &regsvr32, const std::wstring &library,
                                    std::chrono::milliseconds timeLimit);
 

@@ -1,5 +1,6 @@
 #include "companions/helper/LibraryRegistration.h"
 
+#include "companions/helper/MachineEnvironment.h"
 #include "companions/helper/UniqueHandle.h"
 
 #include <windows.h>
@@ -8,9 +9,7 @@
 
 namespace {
 
-using DirectoryFunction = UINT(WINAPI *)(LPWSTR, UINT);
-
-std::wstring directoryFrom(DirectoryFunction function)
+std::wstring directoryFrom(UINT(WINAPI *function)(LPWSTR, UINT))
 {
     std::array<wchar_t, MAX_PATH> buffer = {};
     const UINT length = function(buffer.data(), static_cast<UINT>(buffer.size()));
@@ -21,14 +20,17 @@ std::wstring directoryFrom(DirectoryFunction function)
 UniqueHandle startHidden(const std::wstring &program, std::wstring commandLine)
 {
     const std::wstring directory = directoryFrom(&GetSystemDirectoryW);
-    std::wstring environment = registrationEnvironment(directoryFrom(&GetSystemWindowsDirectoryW), directory);
+    const MachineEnvironment environment;
+    if (directory.empty() || environment.block() == nullptr) {
+        return {};
+    }
     STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);
     startup.dwFlags = STARTF_USESHOWWINDOW;
     startup.wShowWindow = SW_HIDE;
     PROCESS_INFORMATION process = {};
     if (CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE,
-                       CREATE_NO_WINDOW | CREATE_UNICODE_ENVIRONMENT, environment.data(), directory.c_str(),
+                       CREATE_NO_WINDOW | CREATE_UNICODE_ENVIRONMENT, environment.block(), directory.c_str(),
                        &startup, &process) == 0) {
         return {};
     }

@@ -53,6 +53,15 @@ QString registeredPath(const QString &name)
     return defaultText(classes + "DemoMachine." + name + "\\InprocServer32");
 }
 
+/// What the recording library was given.
+QStringList recordedVariables(const QString &library)
+{
+    QFile record(library + ".environment");
+    const QByteArray bytes = record.open(QFile::ReadOnly) ? record.readAll() : QByteArray();
+    return QString::fromUtf16(reinterpret_cast<const ushort *>(bytes.constData()), bytes.size() / 2)
+        .split(QChar(), Qt::SkipEmptyParts);
+}
+
 bool hangs()
 {
     const HANDLE mutex = OpenMutexW(SYNCHRONIZE, FALSE, L"CorvantaHangingLibrary");
@@ -87,7 +96,7 @@ private slots:
     void registersSome();
     void writtenOtherwise_data();
     void writtenOtherwise();
-    void givesTheSystemsEnvironment();
+    void givesTheMachinesEnvironment();
     void variablesAreSetFirst();
     void oneFails();
     void noLibraryAtAll();
@@ -174,32 +183,44 @@ void HelperRegistrationTest::writtenOtherwise()
 }
 
 /// Whoever starts the helper could otherwise have code of his own run, in the libraries' process, by a variable.
-void HelperRegistrationTest::givesTheSystemsEnvironment()
+void HelperRegistrationTest::givesTheMachinesEnvironment()
 {
     QVERIFY(QFile::remove(path("halconx.dll")));
     copyFile(RECORDING_LIBRARY, path("halconx.dll"));
-    const QByteArray before = qgetenv("PATH");
-    qputenv("PATH", "C:\\Evil;" + before);
-    qputenv("COR_PROFILER", "{cf0d821e-299b-5307-a3d8-b283c03916dd}");
+    Registry::setString(environmentKey, "HALCONEXAMPLES", "before");
+    Registry::setString(environmentKey, "OfTheMachine", "yes");
+    const QStringList names{"PATH",    "COR_PROFILER", "SystemRoot",   "SystemDrive", "windir",
+                            "ComSpec", "TEMP",         "ProgramFiles", "HALCONROOT"};
+    QMap<QString, QByteArray> before;
+    for (const QString &name : names) {
+        before.insert(name, qgetenv(name.toLatin1()));
+        qputenv(name.toLatin1(), "C:\\Evil");
+    }
 
-    const HelperResult result = run(line("--x64", {path("halconx.dll")}));
-    qputenv("PATH", before);
-    qunsetenv("COR_PROFILER");
+    // In this process, which could not be started with such variables.
+    HelperRequest asked = request({path("halconx.dll")});
+    asked.environment = {{L"HALCONROOT", L"C:\\H"}, {L"HALCONEXAMPLES", L"D:\\Größe"}};
+    const HelperOutcome outcome = switchMachine(asked, 60s);
+    for (const QString &name : names) {
+        before[name].isEmpty() ? qunsetenv(name.toLatin1()) : qputenv(name.toLatin1(), before[name]);
+    }
 
-    QCOMPARE(result.exitCode, 0);
-    QFile record(path("halconx.dll.environment"));
-    QVERIFY(record.open(QFile::ReadOnly));
-    const QByteArray bytes = record.readAll();
-    QStringList variables =
-        QString::fromUtf16(reinterpret_cast<const ushort *>(bytes.constData()), bytes.size() / 2)
-            .split(QChar(), Qt::SkipEmptyParts);
-    // Wine gives some of its own to every process.
-    variables = variables.filter(QRegularExpression("^(?!WINE)"));
-    const std::wstring block = registrationEnvironment(L"C:\\windows", L"C:\\windows\\system32");
-    QStringList expected = fromWide(block).split(QChar(), Qt::SkipEmptyParts);
-    variables.sort();
-    expected.sort();
-    QCOMPARE(variables, expected);
+    QCOMPARE(outcome.code, HelperExitCode::done);
+    QMap<QString, QString> variables;
+    for (const QString &variable : recordedVariables(path("halconx.dll"))) {
+        variables.insert(variable.section('=', 0, 0).toUpper(), variable.section('=', 1));
+        QVERIFY2(!variable.contains("Evil"), qPrintable(variable));
+    }
+    QCOMPARE(variables["HALCONROOT"], QString("C:\\H"));
+    QCOMPARE(variables["HALCONEXAMPLES"], QString("D:\\Größe"));
+    QCOMPARE(variables["OFTHEMACHINE"], QString("yes"));
+    QCOMPARE(variables["SYSTEMROOT"], QString("C:\\windows"));
+    QCOMPARE(variables["SYSTEMDRIVE"], QString("C:"));
+    QCOMPARE(variables["WINDIR"], QString("C:\\windows"));
+    QCOMPARE(variables["COMSPEC"], QString("C:\\windows\\system32\\cmd.exe"));
+    QVERIFY(variables["PATH"].startsWith("C:\\windows\\system32;"));
+    QVERIFY(variables.contains("PROGRAMFILES"));
+    QVERIFY(!variables.contains("COR_PROFILER"));
 }
 
 void HelperRegistrationTest::variablesAreSetFirst()

@@ -10,56 +10,11 @@ class LibraryRegistrationTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void environment_data();
-    void environment();
     void registersInOrder();
     void goesOnAfterAFailure();
     void goesOnAfterAnException();
     void noLibraries();
 };
-
-void LibraryRegistrationTest::environment_data()
-{
-    QTest::addColumn<QString>("windowsDirectory");
-    QTest::addColumn<QString>("systemDirectory");
-    QTest::addColumn<QStringList>("variables");
-
-    QTest::newRow("usual") << "C:\\Windows"
-                           << "C:\\Windows\\system32"
-                           << QStringList{"ComSpec=C:\\Windows\\system32\\cmd.exe",
-                                          "OS=Windows_NT",
-                                          "Path=C:\\Windows\\system32;C:\\Windows",
-                                          "PATHEXT=.COM;.EXE;.BAT;.CMD",
-                                          "SystemDrive=C:",
-                                          "SystemRoot=C:\\Windows",
-                                          "TEMP=C:\\Windows\\Temp",
-                                          "TMP=C:\\Windows\\Temp",
-                                          "windir=C:\\Windows"};
-    QTest::newRow("another drive") << "D:\\W 10"
-                                   << "D:\\W 10\\System32"
-                                   << QStringList{"ComSpec=D:\\W 10\\System32\\cmd.exe",
-                                                  "OS=Windows_NT",
-                                                  "Path=D:\\W 10\\System32;D:\\W 10",
-                                                  "PATHEXT=.COM;.EXE;.BAT;.CMD",
-                                                  "SystemDrive=D:",
-                                                  "SystemRoot=D:\\W 10",
-                                                  "TEMP=D:\\W 10\\Temp",
-                                                  "TMP=D:\\W 10\\Temp",
-                                                  "windir=D:\\W 10"};
-}
-
-/// Each variable ends with a 0, and all of them with one more.
-void LibraryRegistrationTest::environment()
-{
-    QFETCH(QString, windowsDirectory);
-    QFETCH(QString, systemDirectory);
-    QFETCH(QStringList, variables);
-
-    const QString block =
-        fromWide(registrationEnvironment(toWide(windowsDirectory), toWide(systemDirectory)));
-
-    QCOMPARE(block, variables.join(QChar()) + QChar() + QChar());
-}
 
 void LibraryRegistrationTest::registersInOrder()
 {
