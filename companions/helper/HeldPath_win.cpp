@@ -2,8 +2,6 @@
 
 #include <windows.h>
 
-#include <array>
-
 namespace {
 
 /// A path as it reads when each of its names is written in full.
@@ -18,35 +16,37 @@ std::wstring withLongNames(const std::wstring &path)
 FileFacts::Kind kindOf(HANDLE handle, DWORD attributes)
 {
     if (GetFileType(handle) != FILE_TYPE_DISK) {
-        return FileFacts::Kind::unknown;
+        return FileFacts::Kind::other;
     }
     return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? FileFacts::Kind::directory : FileFacts::Kind::file;
 }
 
-/// Opens a literal path, also a directory, and a reparse point itself rather than what it leads to. When that fails,
-/// @p error is Windows' reason.
-UniqueHandle openAsItIs(const std::wstring &literal, DWORD access, DWORD share, DWORD &error)
-{
-    UniqueHandle handle(CreateFileW(literal.c_str(), access, share, nullptr, OPEN_EXISTING,
-                                    FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
-    error = GetLastError();
-    return handle;
-}
-
-FileFacts factsOfFailure(DWORD error)
-{
-    FileFacts facts;
-    if (error == ERROR_FILE_NOT_FOUND) {
-        facts.kind = FileFacts::Kind::missing;
-    }
-    return facts;
-}
+constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 } // namespace
 
 std::wstring literalPath(const std::wstring &path)
 {
-    return L"\\\\?\\" + path;
+    return path.compare(0, 2, L"\\\\") == 0 ? L"\\\\?\\UNC\\" + path.substr(2) : L"\\\\?\\" + path;
+}
+
+UniqueHandle openPath(const std::wstring &path, Links links, std::uint32_t access, std::uint32_t share,
+                      std::uint32_t &error)
+{
+    const DWORD flags = FILE_FLAG_BACKUP_SEMANTICS | SECURITY_SQOS_PRESENT | SECURITY_IDENTIFICATION |
+                        (links == Links::asTheyAre ? FILE_FLAG_OPEN_REPARSE_POINT : 0);
+    UniqueHandle handle(
+        CreateFileW(literalPath(path).c_str(), access, share, nullptr, OPEN_EXISTING, flags, nullptr));
+    error = handle ? ERROR_SUCCESS : GetLastError();
+    return handle;
+}
+
+FileFacts factsOfFailure(std::uint32_t error)
+{
+    FileFacts facts;
+    facts.kind = error == ERROR_FILE_NOT_FOUND ? FileFacts::Kind::missing : FileFacts::Kind::unreadable;
+    facts.error = error;
+    return facts;
 }
 
 std::wstring finalPathOf(void *handle)
@@ -66,16 +66,16 @@ bool samePath(const std::wstring &one, const std::wstring &other)
 FileFacts factsOf(void *handle) noexcept
 {
     BY_HANDLE_FILE_INFORMATION information = {};
-    if (GetFileInformationByHandle(handle, &information) == 0) {
-        return {};
-    }
     FileFacts facts;
+    if (GetFileInformationByHandle(handle, &information) == 0) {
+        facts.kind =
+            GetFileType(handle) == FILE_TYPE_DISK ? FileFacts::Kind::unreadable : FileFacts::Kind::other;
+        facts.error = GetLastError();
+        return facts;
+    }
     facts.kind = kindOf(handle, information.dwFileAttributes);
     facts.reparsePoint = (information.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-    facts.size = std::uint64_t{information.nFileSizeHigh} << 32 | information.nFileSizeLow;
-    facts.links = information.nNumberOfLinks;
     facts.volume = information.dwVolumeSerialNumber;
-    facts.index = std::uint64_t{information.nFileIndexHigh} << 32 | information.nFileIndexLow;
     return facts;
 }
 
@@ -87,38 +87,33 @@ FileFacts factsOf(void *handle, const std::wstring &path)
     return facts;
 }
 
-FileFacts factsOf(const std::wstring &path)
+FileFacts factsOf(const std::wstring &path, Links links)
 {
-    DWORD error = ERROR_SUCCESS;
-    const UniqueHandle handle = openAsItIs(literalPath(path), FILE_READ_ATTRIBUTES,
-                                           FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, error);
+    std::uint32_t error = ERROR_SUCCESS;
+    const UniqueHandle handle = openPath(path, links, FILE_READ_ATTRIBUTES, shareAll, error);
     return handle ? factsOf(handle.get(), path) : factsOfFailure(error);
 }
 
-HeldPath::HeldPath(const std::wstring &path, Writers writers)
+HeldPath::HeldPath(const std::wstring &path)
 {
     // The root of the drive, which nobody can rename, comes first.
     std::size_t end = path.find(L'\\');
     while (reached && end != std::wstring::npos) {
         end = path.find(L'\\', end + 1);
-        reached = end == std::wstring::npos ? holdPart(path, writers)
-                                            : holdPart(path.substr(0, end), Writers::allowed);
+        reached = holdPart(path.substr(0, end));
     }
 }
 
-bool HeldPath::holdPart(const std::wstring &path, Writers writers)
+bool HeldPath::holdPart(const std::wstring &path)
 {
+    endPath = path;
+    std::uint32_t error = ERROR_SUCCESS;
     // Only one who reads or writes takes part in sharing: reading the attributes alone would keep nobody off.
-    const DWORD share = writers == Writers::allowed ? FILE_SHARE_READ | FILE_SHARE_WRITE : FILE_SHARE_READ;
-    DWORD error = ERROR_SUCCESS;
-    UniqueHandle handle = openAsItIs(literalPath(path), GENERIC_READ, share, error);
-    if (!handle) {
-        wayFacts.push_back(factsOfFailure(error));
-        return false;
-    }
-    wayFacts.push_back(factsOf(handle.get(), path));
+    UniqueHandle handle =
+        openPath(path, Links::asTheyAre, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, error);
+    endFacts = handle ? factsOf(handle.get(), path) : factsOfFailure(error);
     handles.push_back(std::move(handle));
-    return wayFacts.back().kind != FileFacts::Kind::unknown;
+    return refusalOfDirectory(endPath, endFacts).empty();
 }
 
 void *HeldPath::handle() const

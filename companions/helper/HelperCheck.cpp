@@ -1,5 +1,6 @@
 #include "companions/helper/HelperCheck.h"
 
+#include "companions/common/LicenseSize.h"
 #include "companions/helper/HelperPath.h"
 
 #include <algorithm>
@@ -14,119 +15,164 @@ constexpr std::array<const wchar_t *, 4> variableNames{L"HALCONROOT", L"HALCONAR
 constexpr std::array<const wchar_t *, 4> libraryNames{L"halconx.dll", L"halconxxl.dll", L"hdevenginex.dll",
                                                       L"hdevenginexxl.dll"};
 
+/// What is said of a path: the end of a sentence.
+std::wstring sentence(const std::wstring &path, const std::wstring &end)
+{
+    const bool quoted = path.empty() || path.front() == L' ' || path.back() == L' ';
+    return (quoted ? L'"' + shown(path) + L'"' : shown(path)) + L' ' + end + L'.';
+}
+
+std::wstring refusalOfVariable(const EnvironmentAssignment &assignment)
+{
+    if (std::find(variableNames.begin(), variableNames.end(), assignment.name) == variableNames.end()) {
+        return L"The variable \"" + shown(assignment.name) + L"\" is none of HALCON's.";
+    }
+    if (assignment.value.size() > HelperLimits::text) {
+        return L"The value of " + assignment.name + L" is longer than " +
+               std::to_wstring(HelperLimits::text) + L" characters.";
+    }
+    return isCleanText(assignment.value) ? std::wstring()
+                                         : L"The value of " + assignment.name +
+                                               L" holds control characters or halves of surrogate pairs.";
+}
+
 std::wstring refusalOfEnvironment(const std::vector<EnvironmentAssignment> &environment)
 {
     std::set<std::wstring> seen;
     for (const EnvironmentAssignment &assignment : environment) {
-        if (std::find(variableNames.begin(), variableNames.end(), assignment.name) == variableNames.end()) {
-            return L"A variable is none of HALCON's.";
+        const std::wstring refusal = refusalOfVariable(assignment);
+        if (!refusal.empty()) {
+            return refusal;
         }
         if (!seen.insert(assignment.name).second) {
-            return L"A variable is named twice.";
-        }
-        if (assignment.value.size() > HelperLimits::text || !isCleanText(assignment.value)) {
-            return L"The value of a variable is too long or holds control characters.";
+            return L"The variable " + assignment.name + L" is named twice.";
         }
     }
     return {};
 }
 
-std::wstring refusalOfLibraryPaths(const std::vector<std::wstring> &libraries)
+std::wstring refusalOfPath(const std::wstring &path, PathRoot root, std::size_t longest)
+{
+    if (path.size() > longest) {
+        return sentence(path, L"is longer than " + std::to_wstring(longest) + L" characters");
+    }
+    const std::wstring fault = faultOfPath(path, root);
+    return fault.empty() ? fault : sentence(path, fault);
+}
+
+std::wstring refusalOfLibraries(const std::vector<std::wstring> &libraries)
 {
     std::set<const wchar_t *> seen;
     for (const std::wstring &library : libraries) {
-        if (library.size() > HelperLimits::libraryPath || !isPlainFilePath(library)) {
-            return L"The path of a library is too long or not of a plain form.";
+        const std::wstring refusal = refusalOfPath(library, PathRoot::drive, HelperLimits::libraryPath);
+        if (!refusal.empty()) {
+            return refusal;
         }
         const std::wstring fileName = fileNameOf(withSingleBackslashes(library));
         const auto *const name = std::find_if(libraryNames.begin(), libraryNames.end(),
                                               [&](const wchar_t *each) { return sameName(fileName, each); });
         if (name == libraryNames.end()) {
-            return L"A library is none of HALCON's COM libraries.";
+            return sentence(library, L"is none of HALCON's COM libraries");
         }
         if (!seen.insert(*name).second) {
-            return L"A library is named twice.";
+            return sentence(library, L"is the second library of this name");
         }
     }
     return {};
 }
 
-bool isAcceptablePath(const std::wstring &path)
+std::wstring refusalOfCopy(const std::wstring &destination, const std::wstring &source)
 {
-    return path.size() <= HelperLimits::text && isPlainFilePath(path);
-}
-
-std::wstring refusalOfCopyPaths(const std::wstring &destination, const std::wstring &source)
-{
-    if (!isAcceptablePath(destination) || !isAcceptablePath(source)) {
-        return L"A path is too long or not of a plain form.";
+    std::wstring refusal = refusalOfPath(destination, PathRoot::drive, HelperLimits::text);
+    if (refusal.empty()) {
+        refusal = refusalOfPath(source, PathRoot::driveOrShare, HelperLimits::text);
     }
-    if (!sameName(fileNameOf(directoryOf(withSingleBackslashes(destination))), L"license")) {
-        return L"The destination does not lie in a directory named license.";
+    if (refusal.empty() &&
+        !sameName(fileNameOf(directoryOf(withSingleBackslashes(destination))), L"license")) {
+        refusal = sentence(destination, L"does not lie in a directory named license");
     }
-    return {};
+    return refusal;
 }
 
-bool isReached(const WayFacts &way)
+/// Of what is not there or could not be looked at.
+std::wstring refusalOfNothing(const std::wstring &path, const FileFacts &facts)
 {
-    const auto isDirectory = [](const FileFacts &facts) { return facts.kind == FileFacts::Kind::directory; };
-    const auto isDetour = [](const FileFacts &facts) { return facts.reparsePoint || facts.elsewhere; };
-    return !way.empty() && std::all_of(way.begin(), way.end() - 1, isDirectory) &&
-           std::none_of(way.begin(), way.end(), isDetour);
+    // What Windows says when a directory above is missing.
+    constexpr std::uint32_t pathNotFound = 3;
+    if (facts.kind == FileFacts::Kind::missing || facts.error == pathNotFound) {
+        return sentence(path, L"does not exist");
+    }
+    return facts.kind == FileFacts::Kind::unreadable ? refusalOfReading(path, facts.error) : std::wstring();
 }
 
-bool isReachedFile(const WayFacts &way)
+std::wstring refusalOfDetour(const std::wstring &path, const FileFacts &facts)
 {
-    return isReached(way) && way.back().kind == FileFacts::Kind::file;
+    if (facts.reparsePoint) {
+        return sentence(path, L"is a reparse point, such as a link or a junction");
+    }
+    return facts.elsewhere ? sentence(path, L"lies elsewhere than its path says") : std::wstring();
 }
 
 } // namespace
 
-bool isReplaceable(const FileFacts &destination)
-{
-    return destination.kind == FileFacts::Kind::missing ||
-           (destination.kind == FileFacts::Kind::file && !destination.reparsePoint &&
-            !destination.elsewhere && destination.links == 1);
-}
-
-bool isSameFile(const FileFacts &one, const FileFacts &other)
-{
-    return one.kind == FileFacts::Kind::file && other.kind == FileFacts::Kind::file &&
-           one.volume == other.volume && one.index == other.index;
-}
-
 std::wstring refusalOfRequest(const HelperRequest &request)
 {
     if (request.action == HelperAction::copyLicense) {
-        return refusalOfCopyPaths(request.destination, request.source);
+        return refusalOfCopy(request.destination, request.source);
     }
     const std::wstring refusal = refusalOfEnvironment(request.environment);
-    return refusal.empty() ? refusalOfLibraryPaths(request.libraries) : refusal;
+    return refusal.empty() ? refusalOfLibraries(request.libraries) : refusal;
 }
 
-std::wstring refusalOfLibrary(const WayFacts &library)
+std::wstring refusalOfFile(const std::wstring &path, const FileFacts &facts)
 {
-    return isReachedFile(library) ? std::wstring()
-                                  : L"A library is no file that is reached without a detour.";
+    switch (facts.kind) {
+    case FileFacts::Kind::file:
+        return {};
+    case FileFacts::Kind::directory:
+        return sentence(path, L"is a directory");
+    case FileFacts::Kind::other:
+        return sentence(path, L"is no file on a disk");
+    case FileFacts::Kind::missing:
+    case FileFacts::Kind::unreadable:
+        break;
+    }
+    return refusalOfNothing(path, facts);
 }
 
-std::wstring refusalOfCopy(const WayFacts &source, const WayFacts &licenseDirectory,
-                           const FileFacts &destination)
+std::wstring refusalOfDirectory(const std::wstring &path, const FileFacts &facts)
 {
-    if (!isReachedFile(source)) {
-        return L"The source is no file that is reached without a detour.";
+    const std::wstring refusal = refusalOfNothing(path, facts);
+    if (!refusal.empty()) {
+        return refusal;
     }
-    if (source.back().size == 0 || source.back().size > HelperLimits::licenseSize) {
-        return L"The source is empty or too large for a licence file.";
+    const std::wstring detour = refusalOfDetour(path, facts);
+    if (!detour.empty()) {
+        return detour;
     }
-    if (!isReached(licenseDirectory) || licenseDirectory.back().kind != FileFacts::Kind::directory) {
-        return L"The destination's directory is none that is reached without a detour.";
+    return facts.kind == FileFacts::Kind::directory ? std::wstring() : sentence(path, L"is not a directory");
+}
+
+std::wstring refusalOfDestination(const std::wstring &path, const FileFacts &facts)
+{
+    if (facts.kind == FileFacts::Kind::missing) {
+        return {};
     }
-    if (isSameFile(source.back(), destination)) {
-        return L"The source is the destination.";
+    const std::wstring detour = refusalOfDetour(path, facts);
+    return detour.empty() ? refusalOfFile(path, facts) : detour;
+}
+
+std::wstring refusalOfSize(const std::wstring &path, std::int64_t size)
+{
+    if (size == 0) {
+        return sentence(path, L"is empty");
     }
-    if (!isReplaceable(destination)) {
-        return L"The destination is there and no ordinary file.";
-    }
-    return {};
+    return size > largestLicense ? sentence(path, L"is larger than " + std::to_wstring(largestLicense) +
+                                                      L" bytes, and no licence file")
+                                 : std::wstring();
+}
+
+std::wstring refusalOfReading(const std::wstring &path, std::uint32_t error)
+{
+    return sentence(path, L"cannot be read (Windows' error " + std::to_wstring(error) + L")");
 }

@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 namespace HelperLimits {
 
@@ -13,8 +12,6 @@ namespace HelperLimits {
 constexpr std::size_t text = 4096;
 /// Of a library's path: regsvr32 loads none with a longer one.
 constexpr std::size_t libraryPath = 259;
-/// Of a licence file, in bytes; real ones have a few thousand.
-constexpr std::uint64_t licenseSize = 1048576;
 
 } // namespace HelperLimits
 
@@ -24,31 +21,32 @@ struct FileFacts {
         missing,
         directory,
         file,
-        unknown, ///< neither of these, or it could not be found out
+        other,      ///< something that is neither, such as a device
+        unreadable, ///< it could not be opened
     };
-    Kind kind = Kind::unknown;
+    Kind kind = Kind::unreadable;
+    std::uint32_t error = 0; ///< Windows' number for why it could not be opened
     bool reparsePoint = false;
     bool elsewhere = false;   ///< what was opened lies under another path than the one that was asked for
-    std::uint64_t size = 0;   ///< in bytes
-    std::uint32_t links = 0;  ///< how many names the file has
-    std::uint32_t volume = 0; ///< volume and index together identify a file
-    std::uint64_t index = 0;
+    std::uint32_t volume = 0; ///< the number of the volume it lies on
 };
 
-/// Whether something can be replaced by a licence file: nothing at all, or an ordinary file without a second name.
-bool isReplaceable(const FileFacts &destination);
-
-bool isSameFile(const FileFacts &one, const FileFacts &other);
-
-/// What there is under a path and under every directory above it, from the top; the last is the path's own.
-using WayFacts = std::vector<FileFacts>;
-
-// Each of the following gives the reason to refuse, a sentence for the user, or nothing.
+// Each of the following gives the reason to refuse, a sentence for the user that names the path, or nothing.
 
 /// All that can be told of a request without looking at the machine: the names, the values, the forms of the paths.
 std::wstring refusalOfRequest(const HelperRequest &request);
 
-std::wstring refusalOfLibrary(const WayFacts &library);
+/// Whatever is not an existing file. How it is reached does not count.
+std::wstring refusalOfFile(const std::wstring &path, const FileFacts &facts);
 
-std::wstring refusalOfCopy(const WayFacts &source, const WayFacts &licenseDirectory,
-                           const FileFacts &destination);
+/// Whatever is not an existing directory, and each detour.
+std::wstring refusalOfDirectory(const std::wstring &path, const FileFacts &facts);
+
+/// Whatever a licence file cannot take the place of: all but an ordinary file and nothing.
+std::wstring refusalOfDestination(const std::wstring &path, const FileFacts &facts);
+
+/// A licence file of this size, in bytes.
+std::wstring refusalOfSize(const std::wstring &path, std::int64_t size);
+
+/// A file of which Windows read nothing for the reason with this number.
+std::wstring refusalOfReading(const std::wstring &path, std::uint32_t error);

@@ -75,6 +75,17 @@ bool beginsWithDrive(const std::wstring &path)
     return letter >= L'a' && letter <= L'z' && path[1] == L':' && isSeparator(path[2]);
 }
 
+bool beginsAsShare(const std::wstring &path)
+{
+    return path.size() > 2 && isSeparator(path[0]) && isSeparator(path[1]) && !isSeparator(path[2]);
+}
+
+/// Whether what a server offers under this name are files, rather than the programs that listen there.
+bool isShareOfFiles(const std::wstring &share)
+{
+    return !sameName(share, L"pipe") && !sameName(share, L"mailslot") && !sameName(share, L"ipc$");
+}
+
 } // namespace
 
 bool isCleanText(const std::wstring &text)
@@ -82,20 +93,35 @@ bool isCleanText(const std::wstring &text)
     return std::none_of(text.begin(), text.end(), isControl) && !hasLoneHalf(text);
 }
 
-bool isPlainFilePath(const std::wstring &path)
+std::wstring faultOfPath(const std::wstring &path, PathRoot root)
 {
-    if (!beginsWithDrive(path) || isSeparator(path.back()) || !isCleanText(path)) {
-        return false;
+    const bool share = root == PathRoot::driveOrShare && beginsAsShare(path);
+    if (!share && !beginsWithDrive(path)) {
+        return root == PathRoot::drive ? L"does not begin with a drive letter"
+                                       : L"begins neither with a drive letter nor with a share";
+    }
+    if (isSeparator(path.back())) {
+        return L"ends in a separator and names no file";
+    }
+    if (!isCleanText(path)) {
+        return L"holds control characters or halves of surrogate pairs";
     }
     const std::vector<std::wstring> parts = partsOf(path);
-    return std::all_of(parts.begin() + 1, parts.end(), isPlainPart);
+    const auto odd = std::find_if_not(share ? parts.begin() : parts.begin() + 1, parts.end(), isPlainPart);
+    if (odd != parts.end()) {
+        return L"has the part \"" + shown(*odd) + L"\", which is no plain name";
+    }
+    if (share && (parts.size() < 3 || !isShareOfFiles(parts[1]))) {
+        return L"names no file on a share";
+    }
+    return {};
 }
 
 std::wstring withSingleBackslashes(const std::wstring &path)
 {
-    std::wstring result;
+    std::wstring result = beginsAsShare(path) ? L"\\" : L"";
     for (const std::wstring &part : partsOf(path)) {
-        result += result.empty() ? part : L'\\' + part;
+        result += (result.empty() ? L"" : L"\\") + part;
     }
     return result;
 }
@@ -115,4 +141,17 @@ bool sameName(const std::wstring &one, const std::wstring &other)
 {
     return std::equal(one.begin(), one.end(), other.begin(), other.end(),
                       [](wchar_t a, wchar_t b) { return lowerCase(a) == lowerCase(b); });
+}
+
+std::wstring shown(const std::wstring &text)
+{
+    constexpr std::size_t longest = 300;
+    std::wstring result = text.size() > longest ? text.substr(0, longest) + L"..." : text;
+    if (!isCleanText(result)) {
+        const auto cannotBeShown = [](wchar_t character) {
+            return isControl(character) || isFirstHalf(character) || isSecondHalf(character);
+        };
+        std::replace_if(result.begin(), result.end(), cannotBeShown, L'?');
+    }
+    return result;
 }

@@ -6,20 +6,31 @@
 /// surrogate pairs.
 bool isCleanText(const std::wstring &text);
 
-/// Whether @p path names a file in one way only: a drive letter, a colon, and names after separators. There are no
-/// parts "." or "..", no wildcards, no alternate streams, and no names that Windows would cut (those that end in a
-/// blank or a dot). Slashes separate as backslashes do, and several in a row like one, because directories
-/// are sometimes written with slashes or with one more separator at their ends; a path must not end in one.
-bool isPlainFilePath(const std::wstring &path);
+/// With what a path may begin.
+enum class PathRoot {
+    drive,        ///< a drive letter and a colon
+    driveOrShare, ///< that, or two separators, a server and a share
+};
 
-/// A plain @p path with single backslashes between its parts and no slashes.
+/// What keeps @p path from naming a file in one way only, as the end of a sentence that begins with the path; nothing
+/// when it does. Behind its root come names after separators. There are no parts "." or "..", no wildcards, no alternate
+/// streams, no device paths, and no names that Windows would cut (those that end in a blank or a dot). Slashes separate
+/// as backslashes do, and several in a row like one, because directories are sometimes written with slashes or with one
+/// more separator at their ends; a path must not end in one.
+std::wstring faultOfPath(const std::wstring &path, PathRoot root);
+
+/// A path without a fault with single backslashes between its parts and no slashes.
 std::wstring withSingleBackslashes(const std::wstring &path);
 
-/// The last part of a plain path with single backslashes.
+/// The last part of a path with single backslashes.
 std::wstring fileNameOf(const std::wstring &path);
 
-/// A plain path with single backslashes without its last part and the backslash before it.
+/// A path with single backslashes without its last part and the backslash before it.
 std::wstring directoryOf(const std::wstring &path);
 
 /// Whether two names are the same but for the case of the letters A to Z.
 bool sameName(const std::wstring &one, const std::wstring &other);
+
+/// @p text, whatever it is, as a sentence can have it: shortened when it is very long, and with question marks for what
+/// cannot be shown.
+std::wstring shown(const std::wstring &text);

@@ -1,29 +1,38 @@
 #include "companions/helper/LicenseFile.h"
 
+#include "companions/common/LicenseSize.h"
 #include "companions/helper/HeldPath.h"
 #include "companions/helper/HelperPath.h"
 #include "companions/helper/ReplacementFile.h"
-#include "companions/helper/WritableMeanwhile.h"
 
 #include <windows.h>
 
-#include <optional>
-
 namespace {
 
-using Bytes = std::vector<unsigned char>;
+/// What a licence file holds, or the reason to refuse it.
+struct Contents {
+    std::vector<unsigned char> bytes;
+    std::wstring refusal;
+};
 
-/// The whole file, or nothing when it cannot be read or has grown too large since it was looked at.
-std::optional<Bytes> readFile(HANDLE file)
+/// What is looked at is what is open, and what is counted is what is read: nothing of it can be exchanged in between.
+Contents readSource(const std::wstring &path)
 {
-    Bytes bytes(HelperLimits::licenseSize + 1);
+    std::uint32_t error = ERROR_SUCCESS;
+    // The program that asks may still have its own handle for writing to it.
+    const UniqueHandle file = openPath(path, Links::followed, GENERIC_READ,
+                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, error);
+    std::wstring refusal = refusalOfFile(path, file ? factsOf(file.get()) : factsOfFailure(error));
+    if (!refusal.empty()) {
+        return {{}, refusal};
+    }
+    std::vector<unsigned char> bytes(largestLicense + 1);
     DWORD count = 0;
-    if (ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr) == 0 || count == 0 ||
-        count > HelperLimits::licenseSize) {
-        return std::nullopt;
+    if (ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr) == 0) {
+        return {{}, refusalOfReading(path, GetLastError())};
     }
     bytes.resize(count);
-    return bytes;
+    return {bytes, refusalOfSize(path, count)};
 }
 
 } // namespace
@@ -31,28 +40,28 @@ std::optional<Bytes> readFile(HANDLE file)
 HelperOutcome replaceLicenseFile(const std::wstring &destination, const std::wstring &source)
 {
     const std::wstring target = withSingleBackslashes(destination);
-    // The program that asks may still have its own handle for writing to the source.
-    const HeldPath from(withSingleBackslashes(source), HeldPath::Writers::allowed);
-    const HeldPath directory(directoryOf(target), HeldPath::Writers::allowed);
-    const std::wstring refusal = refusalOfCopy(from.facts(), directory.facts(), factsOf(target));
+    const HeldPath directory(directoryOf(target));
+    std::wstring refusal = refusalOfDirectory(directory.end(), directory.facts());
+    if (refusal.empty()) {
+        refusal = refusalOfDestination(target, factsOf(target, Links::asTheyAre));
+    }
     if (!refusal.empty()) {
         return {HelperExitCode::refused, refusal};
     }
-    const std::optional<Bytes> contents = readFile(from.handle());
-    if (!contents) {
-        return {HelperExitCode::refused, L"The source could not be read."};
+    const Contents contents = readSource(withSingleBackslashes(source));
+    if (!contents.refusal.empty()) {
+        return {HelperExitCode::refused, contents.refusal};
     }
     ReplacementFile replacement(directory, directoryOf(target));
     if (replacement.place() == ReplacementFile::Place::elsewhere) {
-        return {HelperExitCode::refused, L"The destination's directory leads elsewhere by now."};
+        return {HelperExitCode::refused, directoryOf(target) + L" leads elsewhere by now."};
     }
-    if (!replacement.write(*contents)) {
-        return {HelperExitCode::copyFailed, L"The new file could not be written."};
+    if (!replacement.write(contents.bytes)) {
+        return {HelperExitCode::copyFailed,
+                L"A new file in " + directoryOf(target) + L" could not be written."};
     }
-    WritableMeanwhile writable(target);
     if (!replacement.replace(target)) {
-        return {HelperExitCode::copyFailed, L"The new file could not take the place of the old one."};
+        return {HelperExitCode::copyFailed, target + L" could not be replaced."};
     }
-    writable.keepWritable();
     return {};
 }

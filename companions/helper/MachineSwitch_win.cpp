@@ -6,7 +6,6 @@
 #include "companions/helper/RegistryEnvironment.h"
 
 #include <functional>
-#include <list>
 #include <utility>
 
 namespace {
@@ -29,11 +28,9 @@ HelperOutcome setVariables(const std::vector<EnvironmentAssignment> &assignments
 
 HelperOutcome switchMachine(const HelperRequest &request, std::chrono::milliseconds timeLimit)
 {
-    // Held to the end, so that what is registered is what was looked at.
-    std::list<HeldPath> held;
-    for (const std::wstring &library : request.libraries) {
-        held.emplace_back(withSingleBackslashes(library), HeldPath::Writers::refused);
-        const std::wstring refusal = refusalOfLibrary(held.back().facts());
+    for (const std::wstring &each : request.libraries) {
+        const std::wstring library = withSingleBackslashes(each);
+        const std::wstring refusal = refusalOfFile(library, factsOf(library, Links::followed));
         if (!refusal.empty()) {
             return {HelperExitCode::refused, refusal};
         }
@@ -41,8 +38,11 @@ HelperOutcome switchMachine(const HelperRequest &request, std::chrono::milliseco
     std::wstring regsvr32;
     if (!request.libraries.empty()) {
         regsvr32 = registrationProgram(*request.architecture);
-        if (regsvr32.empty() || factsOf(regsvr32).kind != FileFacts::Kind::file) {
-            return {HelperExitCode::refused, L"This system registers no libraries of that architecture."};
+        const std::wstring refusal = regsvr32.empty()
+                                         ? L"This system registers no 32-bit libraries."
+                                         : refusalOfFile(regsvr32, factsOf(regsvr32, Links::followed));
+        if (!refusal.empty()) {
+            return {HelperExitCode::refused, refusal};
         }
     }
     // From the first change on nothing may throw; this takes memory.

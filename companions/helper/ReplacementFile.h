@@ -29,7 +29,8 @@ public:
     /// False as well when the file does not lie in the directory.
     bool write(const std::vector<unsigned char> &bytes) const;
 
-    /// Takes the name @p path, which is one in the directory, and with it the place of the file that has it.
+    /// Takes the name @p path, which is one in the directory, and with it the place of the file that has it, which may
+    /// be read-only. When that fails the file is as it was, but may not be read-only any more.
     bool replace(const std::wstring &path);
 
 private:

@@ -12,7 +12,27 @@ bool liesIn(const HeldPath &directory, HANDLE file, const std::wstring &name)
 {
     const std::wstring path = finalPathOf(file);
     return samePath(path, finalPathOf(directory.handle()) + L'\\' + name) &&
-           factsOf(file).volume == directory.facts().back().volume;
+           factsOf(file).volume == directory.facts().volume;
+}
+
+/// A file that is read-only cannot be replaced. What is under the path itself is changed, never what that leads to, nor
+/// a file with a second name, which would lose the mark as well.
+void makeWritable(const std::wstring &path)
+{
+    std::uint32_t error = ERROR_SUCCESS;
+    const UniqueHandle file = openPath(path, Links::asTheyAre, FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES,
+                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, error);
+    BY_HANDLE_FILE_INFORMATION information = {};
+    if (!file || !refusalOfDestination(path, factsOf(file.get(), path)).empty() ||
+        GetFileInformationByHandle(file.get(), &information) == 0 || information.nNumberOfLinks != 1 ||
+        (information.dwFileAttributes & FILE_ATTRIBUTE_READONLY) == 0) {
+        return;
+    }
+    // Times that are 0 stay as they are, and so would attributes.
+    const DWORD attributes = information.dwFileAttributes & ~DWORD{FILE_ATTRIBUTE_READONLY};
+    FILE_BASIC_INFO basic = {};
+    basic.FileAttributes = attributes != 0 ? attributes : DWORD{FILE_ATTRIBUTE_NORMAL};
+    SetFileInformationByHandle(file.get(), FileBasicInfo, &basic, sizeof(basic));
 }
 
 } // namespace
@@ -49,6 +69,10 @@ bool ReplacementFile::write(const std::vector<unsigned char> &bytes) const
 
 bool ReplacementFile::replace(const std::wstring &path)
 {
+    if (where != Place::inDirectory) {
+        return false;
+    }
+    makeWritable(path);
     // What is renamed is told by its handle: under its name somebody might have put another. The new name is a whole
     // path because this function takes none that is relative to an open directory; it leads to the held one, as none
     // of the directories on its way is empty now.
@@ -59,8 +83,7 @@ bool ReplacementFile::replace(const std::wstring &path)
     information->ReplaceIfExists = TRUE;
     information->FileNameLength = static_cast<DWORD>(length);
     std::memcpy(information->FileName, target.data(), length);
-    inPlace =
-        where == Place::inDirectory && SetFileInformationByHandle(file.get(), FileRenameInfo, information,
-                                                                  static_cast<DWORD>(buffer.size())) != 0;
+    inPlace = SetFileInformationByHandle(file.get(), FileRenameInfo, information,
+                                         static_cast<DWORD>(buffer.size())) != 0;
     return inPlace;
 }

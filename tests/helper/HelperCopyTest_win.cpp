@@ -15,6 +15,7 @@ using HelperMachine::run;
 using HelperMachine::setReadOnly;
 using HelperMachine::tree;
 using WineFiles::makeSymbolicLink;
+using WineFiles::Mapping;
 using WineFiles::onAnotherDrive;
 using WineFiles::removeSymbolicLink;
 
@@ -58,12 +59,15 @@ private slots:
 
     void refuses_data();
     void refuses();
-    void refusesLinks_data();
-    void refusesLinks();
-    void refusesAnotherDrive_data();
+    void refusesDetours_data();
+    void refusesDetours();
     void refusesAnotherDrive();
-    void refusesSecondName();
-    void refusesSourceOfSecondName();
+
+    void sourceOnItsWay_data();
+    void sourceOnItsWay();
+    void replacesOneNameOfTwo();
+    void overItself_data();
+    void overItself();
 
     void failedCopyKeepsTheOldFile_data();
     void failedCopyKeepsTheOldFile();
@@ -92,8 +96,7 @@ void HelperCopyTest::copies_data()
     QTest::newRow("doubled backslashes") << top + "\\H\\\\license\\\\license.dat" << top + "\\\\new.dat";
     QTest::newRow("slashes") << QString(target).replace('\\', '/') << QString(source).replace('\\', '/');
     QTest::newRow("slashes and backslashes") << top + "/H\\license/license.dat" << top + "/new.dat";
-    // Wine cannot tell where a file with a longer path lies, which the helper takes for a doubt: neither of a new file
-    // in the license directory nor of the source.
+    // Wine cannot tell where a new file with a longer path lies, which the helper takes for a doubt.
     QTest::newRow("long destination")
         << top + '\\' + QString(120, 'x') + '\\' + QString(60, 'y') + "\\license\\" + QString(100, 'z')
         << source;
@@ -198,32 +201,30 @@ void HelperCopyTest::refuses_data()
     QTest::addColumn<QString>("destination");
     QTest::addColumn<QString>("from");
     QTest::addColumn<QString>("reason");
-    const QString noSource = "The source is no file that is reached without a detour.";
-    const QString size = "The source is empty or too large for a licence file.";
-    const QString place = "The destination's directory is none that is reached without a detour.";
+    const auto row = [](const char *name, const QString &destination, const QString &from,
+                        const QString &reason) { QTest::newRow(name) << destination << from << reason; };
 
-    QTest::newRow("source missing") << target << top + "\\missing.dat" << noSource;
-    QTest::newRow("source's directory missing") << target << top + "\\missing\\new.dat" << noSource;
-    QTest::newRow("source's drive missing") << target << "Q:\\new.dat" << noSource;
-    QTest::newRow("source is a directory") << target << top + "\\H" << noSource;
-    QTest::newRow("file on the way to the source") << target << source + "\\new.dat" << noSource;
-    QTest::newRow("source empty") << target << top + "\\empty.dat" << size;
-    QTest::newRow("source too large") << target << top + "\\large.dat" << size;
-    QTest::newRow("license directory missing") << top + "\\G\\license\\license.dat" << source << place;
-    QTest::newRow("license directory's parent missing")
-        << top + "\\F\\G\\license\\license.dat" << source << place;
-    QTest::newRow("license directory is a file") << top + "\\file\\license\\license.dat" << source << place;
-    QTest::newRow("license directory's drive missing") << "Q:\\H\\license\\license.dat" << source << place;
-    QTest::newRow("directory of another name")
-        << top + "\\H\\bin\\license.dat" << source
-        << "The destination does not lie in a directory named license.";
-    QTest::newRow("destination is a directory")
-        << license + "\\sub" << source << "The destination is there and no ordinary file.";
-    QTest::newRow("source is the destination") << license + "\\same.dat" << license + "\\same.dat"
-                                               << "The source is the destination.";
-    QTest::newRow("source is the destination in other case")
-        << license + "\\same.dat" << license.toUpper() + "\\SAME.DAT"
-        << "The source is the destination.";
+    row("source missing", target, top + "\\missing.dat", top + "\\missing.dat does not exist.");
+    row("source's directory missing", target, top + "\\missing\\new.dat",
+        top + "\\missing\\new.dat does not exist.");
+    row("source's drive missing", target, "Q:\\new.dat", "Q:\\new.dat does not exist.");
+    row("source is a directory", target, top + "\\H", top + "\\H is a directory.");
+    row("file on the way to the source", target, source + "\\new.dat", source + "\\new.dat does not exist.");
+    row("source empty", target, top + "\\empty.dat", top + "\\empty.dat is empty.");
+    row("source too large", target, top + "\\large.dat",
+        top + "\\large.dat is larger than 1048576 bytes, and no licence file.");
+    row("license directory missing", top + "\\G\\license\\license.dat", source,
+        top + "\\G\\license does not exist.");
+    row("license directory's parent missing", top + "\\F\\G\\license\\license.dat", source,
+        top + "\\F does not exist.");
+    row("license directory is a file", top + "\\file\\license\\license.dat", source,
+        top + "\\file\\license is not a directory.");
+    row("license directory's drive missing", "Q:\\H\\license\\license.dat", source, "Q:\\H does not exist.");
+    row("directory of another name", top + "\\H\\bin\\license.dat", source,
+        top + "\\H\\bin\\license.dat does not lie in a directory named license.");
+    row("destination is a directory", license + "\\sub", source, license + "\\sub is a directory.");
+    row("source written with slashes", target, QString(top).replace('\\', '/') + "//missing.dat",
+        top + "\\missing.dat does not exist.");
 }
 
 void HelperCopyTest::refuses()
@@ -234,7 +235,6 @@ void HelperCopyTest::refuses()
     makeFile(top + "\\empty.dat", QByteArray());
     makeFile(top + "\\large.dat", QByteArray(1024 * 1024 + 1, 'x'));
     makeFile(top + "\\file\\license", "a file");
-    makeFile(license + "\\same.dat", "the same");
     QVERIFY(QDir().mkpath(top + "\\G"));
     QVERIFY(QDir().mkpath(top + "\\H\\bin"));
     QVERIFY(QDir().mkpath(license + "\\sub"));
@@ -248,45 +248,36 @@ void HelperCopyTest::refuses()
     QVERIFY(tree(top) == before);
 }
 
-void HelperCopyTest::refusesLinks_data()
+void HelperCopyTest::refusesDetours_data()
 {
     QTest::addColumn<QString>("destination");
-    QTest::addColumn<QString>("from");
     QTest::addColumn<QString>("reason");
-    const QString noSource = "The source is no file that is reached without a detour.";
-    const QString place = "The destination's directory is none that is reached without a detour.";
+    // Wine opens what a link leads to.
+    const QString link = " lies elsewhere than its path says.";
 
-    QTest::newRow("license directory is a link") << top + "\\G\\license\\license.dat" << source << place;
+    QTest::newRow("license directory is a link")
+        << top + "\\G\\license\\license.dat" << top + "\\G\\license" + link;
     QTest::newRow("link on the way to the license directory")
-        << top + "\\link\\license\\license.dat" << source << place;
-    QTest::newRow("destination is a link")
-        << license + "\\link.dat" << source << "The destination is there and no ordinary file.";
-    QTest::newRow("source is a link") << target << top + "\\link.dat" << noSource;
-    QTest::newRow("link on the way to the source") << target << top + "\\link\\other.dat" << noSource;
+        << top + "\\link\\license\\license.dat" << top + "\\link" + link;
+    QTest::newRow("destination is a link") << license + "\\link.dat" << license + "\\link.dat" + link;
 }
 
-/// What the links lead to would be all right.
-void HelperCopyTest::refusesLinks()
+/// What the detours of the destination lead to would be all right.
+void HelperCopyTest::refusesDetours()
 {
     QFETCH(QString, destination);
-    QFETCH(QString, from);
     QFETCH(QString, reason);
-    makeFile(top + "\\H\\other.dat", "other");
     makeFile(license + "\\old.dat", "the old license");
     QVERIFY(QDir().mkpath(top + "\\G"));
-    const QMap<QString, QString> links{{top + "\\G\\license", "../H/license"},
-                                       {top + "\\link", "H"},
-                                       {license + "\\link.dat", "old.dat"},
-                                       {top + "\\link.dat", "new.dat"}};
+    const QMap<QString, QString> links{
+        {top + "\\G\\license", "../H/license"}, {top + "\\link", "H"}, {license + "\\link.dat", "old.dat"}};
     for (auto link = links.begin(); link != links.end(); ++link) {
         makeSymbolicLink(link.value(), link.key());
     }
     const auto before = tree(top);
-
-    QCOMPARE(read(top + "\\link\\other.dat"), QByteArray("other"));
     QCOMPARE(read(top + "\\G\\license\\link.dat"), QByteArray("the old license"));
 
-    const HelperResult result = run(line(destination, from));
+    const HelperResult result = run(line(destination, source));
     const auto after = tree(top);
     for (const QString &link : links.keys()) {
         removeSymbolicLink(link);
@@ -298,55 +289,88 @@ void HelperCopyTest::refusesLinks()
     QVERIFY(after == before);
 }
 
-void HelperCopyTest::refusesAnotherDrive_data()
-{
-    QTest::addColumn<bool>("destinationThere");
-    QTest::addColumn<QString>("reason");
-
-    QTest::newRow("source") << false << "The source is no file that is reached without a detour.";
-    QTest::newRow("destination") << true
-                                 << "The destination's directory is none that is reached without a detour.";
-}
-
-/// The same files under another drive's letter, to which the user could give another meaning.
+/// The same directory under another drive's letter, to which the user could give another meaning.
 void HelperCopyTest::refusesAnotherDrive()
 {
-    QFETCH(bool, destinationThere);
-    QFETCH(QString, reason);
     makeFile(target, "the old license");
-    const QString elsewhere = onAnotherDrive(destinationThere ? target : source);
-    QCOMPARE(read(elsewhere), read(destinationThere ? target : source));
+    const QString elsewhere = onAnotherDrive(target);
+    QCOMPARE(read(elsewhere), QByteArray("the old license"));
     const auto before = tree(top);
 
-    const HelperResult result = run(destinationThere ? line(elsewhere, source) : line(target, elsewhere));
+    const HelperResult result = run(line(elsewhere, source));
 
-    QCOMPARE(QString::fromUtf8(result.errors),
-             "qz_com_helper: The request was refused. Nothing was changed.\r\n" + reason + "\r\n");
+    QVERIFY2(result.errors.endsWith(" lies elsewhere than its path says.\r\n"), result.errors);
     QCOMPARE(result.exitCode, 2);
     QVERIFY(tree(top) == before);
 }
 
-void HelperCopyTest::refusesSecondName()
+void HelperCopyTest::sourceOnItsWay_data()
+{
+    QTest::addColumn<QString>("from");
+
+    QTest::newRow("share") << "\\\\server\\share\\new.dat";
+    QTest::newRow("share with slashes") << "//server/share/new.dat";
+    QTest::newRow("drive letter for a directory") << "W:\\new.dat";
+    QTest::newRow("drive of the whole file system") << onAnotherDrive("C:\\") + "\\Copy test\\S\\new.dat";
+    QTest::newRow("link") << top + "\\S\\link.dat";
+    QTest::newRow("linked directory") << top + "\\link\\new.dat";
+    QTest::newRow("second name") << top + "\\S\\second.dat";
+}
+
+/// Whoever asks may name any file for the source. How it is reached does not count.
+void HelperCopyTest::sourceOnItsWay()
+{
+    QFETCH(QString, from);
+    const QString directory = top + "\\S";
+    makeFile(directory + "\\new.dat", contents);
+    const Mapping drive("W:", directory);
+    const Mapping share("\\\\server\\share", directory);
+    makeSymbolicLink("new.dat", directory + "\\link.dat");
+    makeSymbolicLink("S", top + "\\link");
+    makeHardLink(directory + "\\new.dat", directory + "\\second.dat");
+
+    const HelperResult result = run(line(target, from));
+    removeSymbolicLink(directory + "\\link.dat");
+    removeSymbolicLink(top + "\\link");
+
+    QCOMPARE(result.errors, QByteArray());
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(read(target), contents);
+    QCOMPARE(read(directory + "\\new.dat"), contents);
+}
+
+/// Another name of the file that is replaced keeps what it stands for.
+void HelperCopyTest::replacesOneNameOfTwo()
 {
     makeFile(top + "\\precious.dat", "precious");
     makeHardLink(top + "\\precious.dat", target);
 
-    QCOMPARE(run(line(target, source)).exitCode, 2);
+    QCOMPARE(run(line(target, source)).exitCode, 0);
 
     QCOMPARE(read(top + "\\precious.dat"), QByteArray("precious"));
-    QCOMPARE(read(target), QByteArray("precious"));
+    QCOMPARE(read(target), contents);
 }
 
-/// The source is the destination although the paths differ.
-void HelperCopyTest::refusesSourceOfSecondName()
+void HelperCopyTest::overItself_data()
 {
-    makeHardLink(source, target);
+    QTest::addColumn<QString>("from");
 
-    const HelperResult result = run(line(target, source));
+    QTest::newRow("same path") << target;
+    QTest::newRow("other case") << target.toUpper();
+    QTest::newRow("second name") << top + "\\second.dat";
+}
 
-    QCOMPARE(result.exitCode, 2);
-    QVERIFY(result.errors.contains("The source is the destination."));
-    QCOMPARE(read(source), contents);
+/// The source is the destination: it is replaced by what it holds.
+void HelperCopyTest::overItself()
+{
+    QFETCH(QString, from);
+    makeFile(target, contents);
+    makeHardLink(target, top + "\\second.dat");
+
+    QCOMPARE(run(line(target, from)).exitCode, 0);
+
+    QCOMPARE(read(target), contents);
+    QCOMPARE(read(top + "\\second.dat"), contents);
 }
 
 void HelperCopyTest::failedCopyKeepsTheOldFile_data()
@@ -357,7 +381,7 @@ void HelperCopyTest::failedCopyKeepsTheOldFile_data()
     QTest::newRow("read-only") << true;
 }
 
-/// An open file cannot be replaced.
+/// An open file cannot be replaced. One that was read-only may not be so any more.
 void HelperCopyTest::failedCopyKeepsTheOldFile()
 {
     QFETCH(bool, readOnly);
@@ -365,18 +389,17 @@ void HelperCopyTest::failedCopyKeepsTheOldFile()
     setReadOnly(target, readOnly);
     QFile open(target);
     QVERIFY(open.open(QFile::ReadOnly));
-    const auto before = tree(top);
 
     const HelperResult result = run(line(target, source));
 
     QCOMPARE(result.exitCode, 6);
-    QCOMPARE(
-        QString::fromUtf8(result.errors),
-        QString(
-            "qz_com_helper: The licence file could not be copied. The old one, if there was one, is as it "
-            "was.\r\nThe new file could not take the place of the old one.\r\n"));
-    QVERIFY(tree(top) == before);
+    QCOMPARE(QString::fromUtf8(result.errors), "qz_com_helper: The licence file could not be copied. The old "
+                                               "one, if there was one, is as it was.\r\n" +
+                                                   target + " could not be replaced.\r\n");
+    QCOMPARE(open.readAll(), QByteArray("the old license"));
+    QCOMPARE(QDir(license).entryList(QDir::Files | QDir::Hidden | QDir::System), QStringList{"license.dat"});
     open.close();
+    QCOMPARE(read(target), QByteArray("the old license"));
     setReadOnly(target, false);
 }
 

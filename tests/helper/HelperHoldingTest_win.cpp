@@ -1,19 +1,18 @@
 #include "companions/helper/HeldPath.h"
-#include "companions/helper/MachineSwitch.h"
 
 #include "tests/helper/HelperMachine.h"
 #include "tests/helper/WideText.h"
+#include "tests/support/WineFiles.h"
 
 #include <QDir>
 #include <QtTest>
 
 #include <windows.h>
 
-#include <thread>
-
-using HelperMachine::copyFile;
 using HelperMachine::makeFile;
-using namespace std::chrono_literals;
+using WineFiles::makeSymbolicLink;
+using WineFiles::onAnotherDrive;
+using WineFiles::removeSymbolicLink;
 
 namespace {
 
@@ -46,54 +45,6 @@ DWORD errorOfOpening(const QString &path, DWORD access)
     return ERROR_SUCCESS;
 }
 
-/// The registration of libraries, of which one hangs, while it lives.
-class HangingSwitch {
-public:
-    explicit HangingSwitch(const QStringList &libraries)
-    {
-        mayEnd = CreateEventW(nullptr, TRUE, FALSE, L"CorvantaHangingLibraryMayEnd");
-        HelperRequest request;
-        request.action = HelperAction::setMachine;
-        request.environment = {{L"HALCONROOT", L"C:\\H"}};
-        request.architecture = LibraryArchitecture::x64;
-        for (const QString &library : libraries) {
-            request.libraries.push_back(toWide(library));
-        }
-        worker = std::thread([this, request] { code = switchMachine(request, 120s).code; });
-    }
-    HangingSwitch(const HangingSwitch &) = delete;
-    HangingSwitch &operator=(const HangingSwitch &) = delete;
-    ~HangingSwitch()
-    {
-        end();
-        CloseHandle(mayEnd);
-    }
-
-    static bool hangs()
-    {
-        const HANDLE mutex = OpenMutexW(SYNCHRONIZE, FALSE, L"CorvantaHangingLibrary");
-        if (mutex != nullptr) {
-            CloseHandle(mutex);
-        }
-        return mutex != nullptr;
-    }
-
-    /// Lets it end, and tells the exit code.
-    HelperExitCode end()
-    {
-        SetEvent(mayEnd);
-        if (worker.joinable()) {
-            worker.join();
-        }
-        return code;
-    }
-
-private:
-    HANDLE mayEnd = nullptr;
-    HelperExitCode code = HelperExitCode::internalError;
-    std::thread worker;
-};
-
 } // namespace
 
 class HelperHoldingTest : public QObject {
@@ -101,8 +52,9 @@ class HelperHoldingTest : public QObject {
 
 private slots:
     void init();
-    void librariesAreHeld();
-    void whatIsCopiedIsHeld();
+    void directoriesAreHeld();
+    void endsAtTheFirstDoubt_data();
+    void endsAtTheFirstDoubt();
 };
 
 void HelperHoldingTest::init()
@@ -111,57 +63,67 @@ void HelperHoldingTest::init()
     QVERIFY(!QFileInfo::exists(top));
 }
 
-/// The library that is looked at is not the one that hangs: of that one Windows itself takes care.
-void HelperHoldingTest::librariesAreHeld()
-{
-    const QString hanging = top + "\\H\\halconx.dll";
-    const QString waiting = top + "\\I\\bin\\hdevenginex.dll";
-    copyFile(HANGING_LIBRARY, hanging);
-    copyFile(COM_LIBRARY, waiting);
-    HangingSwitch running({hanging, waiting});
-    QTRY_VERIFY_WITH_TIMEOUT(HangingSwitch::hangs(), 60000);
-
-    QCOMPARE(errorOf(DeleteFileW(wide(waiting))), DWORD(ERROR_SHARING_VIOLATION));
-    QCOMPARE(errorOfMoving(waiting, top + "\\I\\bin\\other.dll"), DWORD(ERROR_SHARING_VIOLATION));
-    QCOMPARE(errorOfOpening(waiting, GENERIC_WRITE), DWORD(ERROR_SHARING_VIOLATION));
-    QCOMPARE(errorOfOpening(waiting, DELETE), DWORD(ERROR_SHARING_VIOLATION));
-    for (const QString &directory : {top, top + "\\I", top + "\\I\\bin"}) {
-        QCOMPARE(errorOfMoving(directory, directory + " moved"), DWORD(ERROR_SHARING_VIOLATION));
-        QCOMPARE(errorOfOpening(directory, DELETE), DWORD(ERROR_SHARING_VIOLATION));
-    }
-    QVERIFY(HangingSwitch::hangs());
-    QCOMPARE(running.end(), HelperExitCode::done);
-
-    // Nothing of this has to do with the files themselves.
-    QCOMPARE(errorOfOpening(waiting, GENERIC_WRITE), DWORD(ERROR_SUCCESS));
-    QCOMPARE(errorOfMoving(waiting, top + "\\I\\bin\\other.dll"), DWORD(ERROR_SUCCESS));
-    QCOMPARE(errorOfMoving(top + "\\I\\bin", top + "\\I\\bin moved"), DWORD(ERROR_SUCCESS));
-    QCOMPARE(errorOfMoving(top + "\\I", top + "\\I moved"), DWORD(ERROR_SUCCESS));
-}
-
-/// The license directory and the source, to which others may write.
-void HelperHoldingTest::whatIsCopiedIsHeld()
+/// Of the license directory and those above. Others may make files there.
+void HelperHoldingTest::directoriesAreHeld()
 {
     const QString license = top + "\\H\\license";
-    const QString source = top + "\\new.dat";
     QVERIFY(QDir().mkpath(license));
-    makeFile(source, "the new license");
     {
-        const HeldPath directory(toWide(license), HeldPath::Writers::allowed);
-        const HeldPath file(toWide(source), HeldPath::Writers::allowed);
+        const HeldPath directory(toWide(license));
         QVERIFY(directory.handle() != nullptr);
-        QVERIFY(file.handle() != nullptr);
+        QCOMPARE(fromWide(directory.end()), license);
 
         QCOMPARE(errorOf(RemoveDirectoryW(wide(license))), DWORD(ERROR_SHARING_VIOLATION));
-        QCOMPARE(errorOfMoving(license, license + " moved"), DWORD(ERROR_SHARING_VIOLATION));
-        QCOMPARE(errorOfMoving(top + "\\H", top + "\\H moved"), DWORD(ERROR_SHARING_VIOLATION));
-        QCOMPARE(errorOf(DeleteFileW(wide(source))), DWORD(ERROR_SHARING_VIOLATION));
-        QCOMPARE(errorOfMoving(source, top + "\\old.dat"), DWORD(ERROR_SHARING_VIOLATION));
-        QCOMPARE(errorOfOpening(source, GENERIC_WRITE), DWORD(ERROR_SUCCESS));
+        for (const QString &each : {top, top + "\\H", license}) {
+            QCOMPARE(errorOfMoving(each, each + " moved"), DWORD(ERROR_SHARING_VIOLATION));
+            QCOMPARE(errorOfOpening(each, DELETE), DWORD(ERROR_SHARING_VIOLATION));
+        }
+        makeFile(license + "\\new.dat", "new");
+        QVERIFY(QFile::remove(license + "\\new.dat"));
     }
 
-    QCOMPARE(errorOfMoving(source, top + "\\old.dat"), DWORD(ERROR_SUCCESS));
     QCOMPARE(errorOf(RemoveDirectoryW(wide(license))), DWORD(ERROR_SUCCESS));
+}
+
+void HelperHoldingTest::endsAtTheFirstDoubt_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("end");
+    QTest::addColumn<bool>("reached");
+
+    QTest::newRow("directory") << top + "\\H\\license" << top + "\\H\\license" << true;
+    QTest::newRow("link") << top + "\\link\\license" << top + "\\link" << false;
+    QTest::newRow("link at the end") << top + "\\H\\link" << top + "\\H\\link" << false;
+    // The drive of the whole file system leads to drive C.
+    const QString root = onAnotherDrive("C:\\");
+    QTest::newRow("another drive") << root + "\\Holding test\\H\\license" << root << false;
+    QTest::newRow("missing") << top + "\\G\\license" << top + "\\G" << false;
+    QTest::newRow("file") << top + "\\file\\license" << top + "\\file" << false;
+}
+
+/// What lies behind it is not opened: that may be a place of somebody's choice, on a server too.
+void HelperHoldingTest::endsAtTheFirstDoubt()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, end);
+    QFETCH(bool, reached);
+    QVERIFY(QDir().mkpath(top + "\\H\\license"));
+    makeFile(top + "\\file", "file");
+    makeSymbolicLink("H", top + "\\link");
+    makeSymbolicLink("license", top + "\\H\\link");
+    QVERIFY(QFileInfo::exists(top + "\\link\\license"));
+    QString endOfHolding;
+    bool held = false;
+    {
+        const HeldPath directory(toWide(path));
+        endOfHolding = fromWide(directory.end());
+        held = directory.handle() != nullptr;
+    }
+    removeSymbolicLink(top + "\\link");
+    removeSymbolicLink(top + "\\H\\link");
+
+    QCOMPARE(endOfHolding, end);
+    QCOMPARE(held, reached);
 }
 
 QTEST_GUILESS_MAIN(HelperHoldingTest)

@@ -58,6 +58,8 @@ private:
 
     std::wstring drive() { return std::wstring(1, oneOf(std::wstring(L"CDZcz"))) + L":\\"; }
 
+    std::wstring share() { return L"\\\\s" + text(L"abc.-1", 5) + L"x\\" + text(L"abc $.", 5) + L"z/"; }
+
     HelperRequest machineRequest()
     {
         static const std::wstring characters = L"abcXYZ019 \\\\\\=&%^();:/.-'<>|?*äÖ寸Ж\U0001F600";
@@ -93,7 +95,8 @@ private:
         HelperRequest request;
         request.action = HelperAction::copyLicense;
         request.destination = drive() + directories() + L"license\\a" + text(L"abc .", 5) + L"z";
-        request.source = drive() + directories() + L"a" + text(L"abc .", 5) + L"z";
+        request.source =
+            (number(3) == 0 ? share() : drive()) + directories() + L"a" + text(L"abc .", 5) + L"z";
         return request;
     }
 

@@ -276,6 +276,14 @@ void HelperLineTest::copy_data()
                             << "C:\\a b\\new file.dat";
     QTest::newRow("other drives") << "D:\\license\\l"
                                   << "z:\\n";
+    QTest::newRow("source on a share") << "C:\\H\\license\\l"
+                                       << "\\\\nas.example.com\\my licences$\\n.dat";
+    QTest::newRow("source on a share with slashes") << "C:\\H\\license\\l"
+                                                    << "//nas//share/a/n.dat";
+    QTest::newRow("source on an administrator's share") << "C:\\H\\license\\l"
+                                                        << "\\\\nas\\C$\\n";
+    QTest::newRow("source on a share named as a pipe's") << "C:\\H\\license\\l"
+                                                         << "\\\\pipe\\pipes\\pipe";
     QTest::newRow("License in capitals") << "C:\\H\\LICENSE\\license.dat"
                                          << "C:\\new.dat";
     QTest::newRow("doubled backslashes") << "C:\\H\\\\license\\\\license.dat"

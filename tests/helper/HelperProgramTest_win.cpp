@@ -260,7 +260,7 @@ void HelperProgramTest::boxOnAnErrorWhenVisible()
     QCOMPARE(result.exitCode, 2);
     QCOMPARE(box.title, QString("Corvanta for HALCON"));
     QCOMPARE(box.text,
-             QString("The request was refused. Nothing was changed.\r\nA variable is none of HALCON's."));
+             QString("The request was refused. Nothing was changed.\r\nThe variable \"PATH\" is none of HALCON's."));
 }
 
 /// A box would wait for its answer.

@@ -1,5 +1,4 @@
 #include "companions/helper/ReplacementFile.h"
-#include "companions/helper/WritableMeanwhile.h"
 
 #include "tests/helper/HelperMachine.h"
 #include "tests/helper/WideText.h"
@@ -40,7 +39,15 @@ QStringList filesIn(const QString &directory)
 
 HeldPath heldLicense()
 {
-    return HeldPath(toWide(license), HeldPath::Writers::allowed);
+    return HeldPath(toWide(license));
+}
+
+/// Puts the new contents in the target's place.
+bool replaceTarget()
+{
+    const HeldPath directory = heldLicense();
+    ReplacementFile replacement(directory, toWide(license));
+    return replacement.write(contents) && replacement.replace(toWide(target));
 }
 
 } // namespace
@@ -56,13 +63,9 @@ private slots:
     void directoryLeadsElsewhereByNow();
     void directoryIsGone();
 
-    void writableMeanwhile();
-    void staysWritable();
-    void ordinaryFileStaysAsItIs();
+    void replacesReadOnly();
     void secondNameStaysReadOnly();
-    void linkStaysReadOnly();
-    void exchangedMeanwhile();
-    void nothingThere();
+    void linkIsReplacedItself();
 };
 
 void HelperReplacementTest::init()
@@ -137,39 +140,14 @@ void HelperReplacementTest::directoryIsGone()
     QVERIFY(!replacement.replace(toWide(target)));
 }
 
-void HelperReplacementTest::writableMeanwhile()
+void HelperReplacementTest::replacesReadOnly()
 {
     makeFile(target, "old");
     setReadOnly(target, true);
-    {
-        const WritableMeanwhile writable(toWide(target));
-        QVERIFY(!isReadOnly(target));
-    }
 
-    QVERIFY(isReadOnly(target));
-    QCOMPARE(read(target), QByteArray("old"));
-}
+    QVERIFY(replaceTarget());
 
-void HelperReplacementTest::staysWritable()
-{
-    makeFile(target, "old");
-    setReadOnly(target, true);
-    {
-        WritableMeanwhile writable(toWide(target));
-        writable.keepWritable();
-    }
-
-    QVERIFY(!isReadOnly(target));
-}
-
-void HelperReplacementTest::ordinaryFileStaysAsItIs()
-{
-    makeFile(target, "old");
-    {
-        const WritableMeanwhile writable(toWide(target));
-        QVERIFY(!isReadOnly(target));
-    }
-
+    QCOMPARE(read(target), QByteArray("new"));
     QVERIFY(!isReadOnly(target));
 }
 
@@ -180,50 +158,31 @@ void HelperReplacementTest::secondNameStaysReadOnly()
     makeHardLink(elsewhere + "\\file", target);
     setReadOnly(target, true);
 
-    const WritableMeanwhile writable(toWide(target));
+    replaceTarget();
 
-    QVERIFY(isReadOnly(target));
     QVERIFY(isReadOnly(elsewhere + "\\file"));
+    QCOMPARE(read(elsewhere + "\\file"), QByteArray("precious"));
+    setReadOnly(elsewhere + "\\file", false);
 }
 
-void HelperReplacementTest::linkStaysReadOnly()
+/// A link that has come in the file's place since it was looked at.
+void HelperReplacementTest::linkIsReplacedItself()
 {
     makeFile(elsewhere + "\\file", "precious");
     setReadOnly(elsewhere + "\\file", true);
     makeSymbolicLink("../../precious/file", target);
-    bool readOnly = false;
-    {
-        const WritableMeanwhile writable(toWide(target));
-        readOnly = isReadOnly(elsewhere + "\\file");
+
+    const bool replaced = replaceTarget();
+    const QByteArray now = read(target);
+    const bool readOnly = isReadOnly(elsewhere + "\\file");
+    if (!replaced) {
+        removeSymbolicLink(target);
     }
-    removeSymbolicLink(target);
 
     QVERIFY(readOnly);
+    QCOMPARE(read(elsewhere + "\\file"), QByteArray("precious"));
+    QCOMPARE(now, QByteArray(replaced ? "new" : "precious"));
     setReadOnly(elsewhere + "\\file", false);
-}
-
-/// Another file than the one that was made writable is not made read-only.
-void HelperReplacementTest::exchangedMeanwhile()
-{
-    makeFile(target, "old");
-    setReadOnly(target, true);
-    {
-        const WritableMeanwhile writable(toWide(target));
-        QVERIFY(QFile::rename(target, license + "\\old.dat"));
-        makeFile(target, "another");
-    }
-
-    QVERIFY(!isReadOnly(target));
-    QVERIFY(!isReadOnly(license + "\\old.dat"));
-}
-
-void HelperReplacementTest::nothingThere()
-{
-    {
-        const WritableMeanwhile writable(toWide(target));
-    }
-
-    QCOMPARE(filesIn(license), QStringList());
 }
 
 QTEST_GUILESS_MAIN(HelperReplacementTest)

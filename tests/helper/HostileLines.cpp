@@ -1,17 +1,29 @@
 #include "tests/helper/HostileLines.h"
 
+#include <QRegularExpression>
+
 namespace {
 
-constexpr const char *noArguments = "There are no arguments.";
-constexpr const char *form = "The arguments are not of a known form.";
-constexpr const char *variable = "A variable is none of HALCON's.";
-constexpr const char *variableTwice = "A variable is named twice.";
-constexpr const char *value = "The value of a variable is too long or holds control characters.";
-constexpr const char *libraryPath = "The path of a library is too long or not of a plain form.";
-constexpr const char *libraryName = "A library is none of HALCON's COM libraries.";
-constexpr const char *libraryTwice = "A library is named twice.";
-constexpr const char *path = "A path is too long or not of a plain form.";
-constexpr const char *noLicense = "The destination does not lie in a directory named license.";
+const QString noArguments = "There are no arguments.";
+const QString form = "The arguments are not of a known form.";
+const QString unclean = " holds control characters or halves of surrogate pairs.";
+const QString noDrive = " does not begin with a drive letter.";
+const QString noDriveNorShare = " begins neither with a drive letter nor with a share.";
+const QString noFile = " ends in a separator and names no file.";
+const QString otherLibrary = " is none of HALCON's COM libraries.";
+const QString sameLibrary = " is the second library of this name.";
+const QString notInLicense = " does not lie in a directory named license.";
+const QString noFileOnAShare = " names no file on a share.";
+
+QString otherVariable(const QString &name)
+{
+    return "The variable \"" + name + "\" is none of HALCON's.";
+}
+
+QString oddPart(const QString &part)
+{
+    return " has the part \"" + part + "\", which is no plain name.";
+}
 
 // The parts of good lines.
 const QString root = R"(--env HALCONROOT="C:\Helper test\HALCON-20.11" )";
@@ -22,18 +34,52 @@ const QString secondLibrary = R"( "C:\Helper test\HALCON-20.11\bin\x64-win64\hal
 const QString destination = R"("C:\Helper test\HALCON-20.11\license\license.dat")";
 const QString source = R"("C:\Helper test\new.dat")";
 
+/// The path in a part of a line.
+QString unquoted(const QString &library)
+{
+    return library.mid(2).chopped(1);
+}
+
 QString registering(const QString &library)
 {
     return allVariables + "--x64 \"" + library + '"';
 }
 
+/// What the refusals show of a text: nothing that cannot be shown.
+QString shown(QString text)
+{
+    return text.replace(QRegularExpression("[\\x{00}-\\x{1F}]"), "?").replace(QChar(0xDC00), '?');
+}
+
 /// In a copy the line is wrong because of the destination, once more because of the source.
 void addPaths(QVector<HostileLine> &lines, const char *inLibrary, const char *inDestination,
-              const char *inSource, const QString &directory, const QString &end = QString())
+              const char *inSource, const QString &directory, const QString &why,
+              const QString &end = QString(), const QString &whyInSource = QString())
 {
-    lines.append({inLibrary, registering(directory + "halconx.dll" + end), libraryPath});
-    lines.append({inDestination, "--copy=\"" + directory + "license.dat" + end + "\" " + source, path});
-    lines.append({inSource, "--copy=" + destination + " \"" + directory + "new.dat" + end + '"', path});
+    const QString library = directory + "halconx.dll" + end;
+    const QString to = directory + "license.dat" + end;
+    const QString from = directory + "new.dat" + end;
+    // Where a part is named, it may be the file's name.
+    const auto refusal = [&](const QString &path, const QString &name, QString reason) {
+        reason.replace("FILE", name + end);
+        return (path.endsWith(' ') ? '"' + path + '"' : shown(path)) + reason;
+    };
+    const QString inSourceToo =
+        !whyInSource.isEmpty() ? whyInSource : (why == noDrive ? noDriveNorShare : why);
+    lines.append({inLibrary, registering(library), refusal(library, "halconx.dll", why)});
+    lines.append({inDestination, "--copy=\"" + to + "\" " + source, refusal(to, "license.dat", why)});
+    lines.append(
+        {inSource, "--copy=" + destination + " \"" + from + '"', refusal(from, "new.dat", inSourceToo)});
+}
+
+/// The same where only what may lie on a share is all right.
+void addShares(QVector<HostileLine> &lines, const char *inLibrary, const char *inDestination,
+               const QString &directory)
+{
+    const QString library = directory + "halconx.dll";
+    const QString to = directory + "license.dat";
+    lines.append({inLibrary, registering(library), library + noDrive});
+    lines.append({inDestination, "--copy=\"" + to + "\" " + source, to + noDrive});
 }
 
 } // namespace
@@ -80,7 +126,7 @@ QVector<HostileLine> variables()
 {
     return {
         {"env alone", "--env", form},
-        {"env without a name", "--env =\"x\"", variable},
+        {"env without a name", "--env =\"x\"", otherVariable("")},
         {"env without an equals sign", "--env HALCONROOT", form},
         {"env without a value", "--env HALCONROOT=", form},
         {"value without quotes", "--env HALCONROOT=C:\\H", form},
@@ -99,7 +145,7 @@ QVector<HostileLine> variables()
         {"next option behind two blanks", "--env HALCONROOT=\"C:\\H\"  --env HALCONARCH=\"x\"", form},
         {"next option behind a line break", "--env HALCONROOT=\"C:\\H\"\n--env HALCONARCH=\"x\"", form},
         {"next option behind a wide blank", "--env HALCONROOT=\"C:\\H\"\u00A0--env HALCONARCH=\"x\"", form},
-        {"two blanks behind env", "--env  HALCONROOT=\"C:\\H\"", variable},
+        {"two blanks behind env", "--env  HALCONROOT=\"C:\\H\"", otherVariable(" HALCONROOT")},
         {"tab behind env", "--env\tHALCONROOT=\"C:\\H\"", form},
         {"equals sign behind env", "--env=HALCONROOT=\"C:\\H\"", form},
         {"no blank behind env", "--envHALCONROOT=\"C:\\H\"", form},
@@ -107,41 +153,47 @@ QVector<HostileLine> variables()
         {"env with one dash", "-env HALCONROOT=\"C:\\H\"", form},
         {"env with three dashes", "---env HALCONROOT=\"C:\\H\"", form},
         {"assignment in quotes", "--env \"HALCONROOT=C:\\H\"", form},
-        {"name in quotes", "--env \"HALCONROOT\"=\"C:\\H\"", variable},
-        {"blank before the equals sign", "--env HALCONROOT =\"C:\\H\"", variable},
+        {"name in quotes", "--env \"HALCONROOT\"=\"C:\\H\"", otherVariable("\"HALCONROOT\"")},
+        {"blank before the equals sign", "--env HALCONROOT =\"C:\\H\"", otherVariable("HALCONROOT ")},
         {"blank behind the equals sign", "--env HALCONROOT= \"C:\\H\"", form},
         {"two equals signs", "--env HALCONROOT==\"C:\\H\"", form},
         {"value twice", "--env HALCONROOT=\"C:\\H\" \"C:\\I\"", form},
-        {"PATH", "--env PATH=\"C:\\H\"", variable},
-        {"Path behind a good one", allVariables + "--env Path=\"C:\\H\"", variable},
-        {"ComSpec", "--env ComSpec=\"C:\\H\\cmd.exe\"", variable},
-        {"PATHEXT", "--env PATHEXT=\".TXT\"", variable},
-        {"TEMP", "--env TEMP=\"C:\\H\"", variable},
-        {"SystemRoot", "--env SystemRoot=\"C:\\H\"", variable},
-        {"PSModulePath", "--env PSModulePath=\"C:\\H\"", variable},
-        {"an unknown HALCON variable", "--env HALCONEXTENSIONS=\"C:\\H\"", variable},
-        {"name in small letters", "--env halconroot=\"C:\\H\"", variable},
-        {"name in mixed case", "--env HalconRoot=\"C:\\H\"", variable},
-        {"name cut short", "--env HALCONROO=\"C:\\H\"", variable},
-        {"name longer", "--env HALCONROOTS=\"C:\\H\"", variable},
-        {"name with a path", "--env ..\\HALCONROOT=\"C:\\H\"", variable},
-        {"name with a foreign letter", "--env HALC\u041ENROOT=\"C:\\H\"", variable},
-        {"name with an invisible character", "--env HALCONROOT\u200B=\"C:\\H\"", variable},
-        {"name twice", "--env HALCONROOT=\"C:\\H\" --env HALCONROOT=\"C:\\I\"", variableTwice},
-        {"name twice with the same value", root + root, variableTwice},
-        {"name twice with others between", allVariables + root, variableTwice},
-        {"all names twice", allVariables + allVariables, variableTwice},
-        {"line break in a value", "--env HALCONROOT=\"C:\\H\n\"", value},
-        {"tab in a value", "--env HALCONROOT=\"C:\\\tH\"", value},
-        {"escape character in a value", "--env HALCONROOT=\"\x1B[0m\"", value},
-        {"delete character in a value", "--env HALCONROOT=\"\x7F\"", value},
-        {"upper control character in a value", "--env HALCONROOT=\"\u0085\"", value},
+        {"PATH", "--env PATH=\"C:\\H\"", otherVariable("PATH")},
+        {"Path behind a good one", allVariables + "--env Path=\"C:\\H\"", otherVariable("Path")},
+        {"ComSpec", "--env ComSpec=\"C:\\H\\cmd.exe\"", otherVariable("ComSpec")},
+        {"PATHEXT", "--env PATHEXT=\".TXT\"", otherVariable("PATHEXT")},
+        {"TEMP", "--env TEMP=\"C:\\H\"", otherVariable("TEMP")},
+        {"SystemRoot", "--env SystemRoot=\"C:\\H\"", otherVariable("SystemRoot")},
+        {"PSModulePath", "--env PSModulePath=\"C:\\H\"", otherVariable("PSModulePath")},
+        {"an unknown HALCON variable", "--env HALCONEXTENSIONS=\"C:\\H\"", otherVariable("HALCONEXTENSIONS")},
+        {"name in small letters", "--env halconroot=\"C:\\H\"", otherVariable("halconroot")},
+        {"name in mixed case", "--env HalconRoot=\"C:\\H\"", otherVariable("HalconRoot")},
+        {"name cut short", "--env HALCONROO=\"C:\\H\"", otherVariable("HALCONROO")},
+        {"name longer", "--env HALCONROOTS=\"C:\\H\"", otherVariable("HALCONROOTS")},
+        {"name with a path", "--env ..\\HALCONROOT=\"C:\\H\"", otherVariable("..\\HALCONROOT")},
+        {"name with a foreign letter", "--env HALC\u041ENROOT=\"C:\\H\"", otherVariable("HALC\u041ENROOT")},
+        {"name with an invisible character", "--env HALCONROOT\u200B=\"C:\\H\"",
+         otherVariable("HALCONROOT\u200B")},
+        {"name twice", "--env HALCONROOT=\"C:\\H\" --env HALCONROOT=\"C:\\I\"",
+         "The variable HALCONROOT is named twice."},
+        {"name twice with the same value", root + root, "The variable HALCONROOT is named twice."},
+        {"name twice with others between", allVariables + root, "The variable HALCONROOT is named twice."},
+        {"all names twice", allVariables + allVariables, "The variable HALCONROOT is named twice."},
+        {"line break in a value", "--env HALCONROOT=\"C:\\H\n\"", "The value of HALCONROOT" + unclean},
+        {"tab in a value", "--env HALCONROOT=\"C:\\\tH\"", "The value of HALCONROOT" + unclean},
+        {"escape character in a value", "--env HALCONROOT=\"\x1B[0m\"", "The value of HALCONROOT" + unclean},
+        {"delete character in a value", "--env HALCONROOT=\"\x7F\"", "The value of HALCONROOT" + unclean},
+        {"upper control character in a value", "--env HALCONROOT=\"\u0085\"",
+         "The value of HALCONROOT" + unclean},
         {"half a surrogate pair in a value", "--env HALCONROOT=\"C:\\" + QString(QChar(0xD800)) + "\"",
-         value},
+         "The value of HALCONROOT" + unclean},
         {"surrogate pair the wrong way round",
-         "--env HALCONROOT=\"" + QString(QChar(0xDE00)) + QString(QChar(0xD83D)) + "\"", value},
-        {"value too long", "--env HALCONROOT=\"" + QString(4097, 'x') + "\"", value},
-        {"second value too long", root + "--env HALCONARCH=\"" + QString(20000, 'x') + "\"", value},
+         "--env HALCONROOT=\"" + QString(QChar(0xDE00)) + QString(QChar(0xD83D)) + "\"",
+         "The value of HALCONROOT" + unclean},
+        {"value too long", "--env HALCONROOT=\"" + QString(4097, 'x') + "\"",
+         "The value of HALCONROOT is longer than 4096 characters."},
+        {"second value too long", root + "--env HALCONARCH=\"" + QString(20000, 'x') + "\"",
+         "The value of HALCONARCH is longer than 4096 characters."},
     };
 }
 
@@ -177,48 +229,61 @@ QVector<HostileLine> libraries()
         {"comma between libraries", allVariables + "--x64" + library + ',' + secondLibrary, form},
         {"text behind a library", allVariables + "--x64" + library + "x", form},
         {"option of regsvr32", allVariables + "--x64 /u" + library, form},
-        {"option of regsvr32 in quotes", allVariables + "--x64 \"/u\"" + library, libraryPath},
-        {"library with an option", registering("/i:x " + directory + "halconx.dll"), libraryPath},
-        {"empty library", registering(""), libraryPath},
-        {"blank library", registering(" "), libraryPath},
-        {"directory as library", registering(directory), libraryPath},
-        {"drive as library", registering("C:\\"), libraryPath},
-        {"drive as library behind a slash", registering("C:/"), libraryPath},
-        {"library without its path", registering("halconx.dll"), libraryPath},
-        {"library's path too long", registering("C:\\" + QString(246, 'x') + "\\halconx.dll"), libraryPath},
-        {"other library", registering(directory + "evil.dll"), libraryName},
-        {"HALCON's library that is no COM library", registering(directory + "halcon.dll"), libraryName},
-        {"library with another ending", registering(directory + "halconx.ocx"), libraryName},
-        {"library without its ending", registering(directory + "halconx"), libraryName},
-        {"library with two endings", registering(directory + "halconx.dll.exe"), libraryName},
-        {"library's name longer at the front", registering(directory + "xhalconx.dll"), libraryName},
-        {"library's name with a foreign letter", registering(directory + "halc\u043Enx.dll"), libraryName},
-        {"library's name with a dotless letter", registering(directory + "hdevengınex.dll"), libraryName},
-        {"directory named as a library", registering(directory + "halconx.dll\\evil.dll"), libraryName},
-        {"library twice", allVariables + "--x64" + library + library, libraryTwice},
-        {"library twice in other case", allVariables + "--x64" + library + library.toUpper(), libraryTwice},
+        {"option of regsvr32 in quotes", allVariables + "--x64 \"/u\"" + library, "/u" + noDrive},
+        {"library with an option", registering("/i:x " + directory + "halconx.dll"),
+         "/i:x " + directory + "halconx.dll" + noDrive},
+        {"empty library", registering(""), "\"\"" + noDrive},
+        {"blank library", registering(" "), "\" \"" + noDrive},
+        {"directory as library", registering(directory), directory + noFile},
+        {"drive as library", registering("C:\\"), "C:\\" + noFile},
+        {"drive as library behind a slash", registering("C:/"), "C:/" + noFile},
+        {"library without its path", registering("halconx.dll"), "halconx.dll" + noDrive},
+        {"library's path too long", registering("C:\\" + QString(246, 'x') + "\\halconx.dll"),
+         "C:\\" + QString(246, 'x') + "\\halconx.dll is longer than 259 characters."},
+        {"other library", registering(directory + "evil.dll"), directory + "evil.dll" + otherLibrary},
+        {"HALCON's library that is no COM library", registering(directory + "halcon.dll"),
+         directory + "halcon.dll" + otherLibrary},
+        {"library with another ending", registering(directory + "halconx.ocx"),
+         directory + "halconx.ocx" + otherLibrary},
+        {"library without its ending", registering(directory + "halconx"),
+         directory + "halconx" + otherLibrary},
+        {"library with two endings", registering(directory + "halconx.dll.exe"),
+         directory + "halconx.dll.exe" + otherLibrary},
+        {"library's name longer at the front", registering(directory + "xhalconx.dll"),
+         directory + "xhalconx.dll" + otherLibrary},
+        {"library's name with a foreign letter", registering(directory + "halc\u043Enx.dll"),
+         directory + "halc\u043Enx.dll" + otherLibrary},
+        {"library's name with a dotless letter", registering(directory + "hdevengınex.dll"),
+         directory + "hdevengınex.dll" + otherLibrary},
+        {"directory named as a library", registering(directory + "halconx.dll\\evil.dll"),
+         directory + "halconx.dll\\evil.dll" + otherLibrary},
+        {"library twice", allVariables + "--x64" + library + library, unquoted(library) + sameLibrary},
+        {"library twice in other case", allVariables + "--x64" + library + library.toUpper(),
+         unquoted(library.toUpper()) + sameLibrary},
         {"library twice, once with slashes",
-         allVariables + "--x64" + library + QString(library).replace('\\', '/'), libraryTwice},
+         allVariables + "--x64" + library + QString(library).replace('\\', '/'),
+         unquoted(QString(library).replace('\\', '/')) + sameLibrary},
         {"other library with slashes", registering("C:/Helper test/HALCON-20.11/bin/x64-win64/evil.dll"),
-         libraryName},
+         "C:/Helper test/HALCON-20.11/bin/x64-win64/evil.dll" + otherLibrary},
         {"library twice with another between", allVariables + "--x64" + library + secondLibrary + library,
-         libraryTwice},
+         unquoted(library) + sameLibrary},
         {"library's name twice in two directories", allVariables + "--x64" + library + " \"C:\\halconx.dll\"",
-         libraryTwice},
+         "C:\\halconx.dll" + sameLibrary},
         {"bad library behind a good one", allVariables + "--x64" + library + " \"" + directory + "evil.dll\"",
-         libraryName},
+         directory + "evil.dll" + otherLibrary},
     };
 }
 
 QVector<HostileLine> copies()
 {
     const QString copy = "--copy=" + destination + ' ' + source;
+    const QString tooLong = "C:\\" + QString(297, 'x') + "... is longer than 4096 characters.";
     return {
         {"copy alone", "--copy", form},
         {"copy without paths", "--copy=", form},
         {"copy without a source", "--copy=" + destination, form},
-        {"copy with an empty source", "--copy=" + destination + " \"\"", path},
-        {"copy with an empty destination", "--copy=\"\" " + source, path},
+        {"copy with an empty source", "--copy=" + destination + " \"\"", "\"\"" + noDriveNorShare},
+        {"copy with an empty destination", "--copy=\"\" " + source, "\"\"" + noDrive},
         {"copy with nothing behind the blank", "--copy=" + destination + ' ', form},
         {"copy without an equals sign", "--copy " + destination + ' ' + source, form},
         {"blank behind the equals sign of copy", "--copy= " + destination + ' ' + source, form},
@@ -240,107 +305,138 @@ QVector<HostileLine> copies()
         {"source as an option of its own", "--copy=" + destination + " --source=" + source, form},
         {"all in one pair of quotes", "--copy=\"C:\\H\\license\\license.dat C:\\new.dat\"", form},
         {"option in quotes", "\"--copy=C:\\H\\license\\license.dat\" " + source, form},
-        {"destination is a directory", "--copy=\"C:\\Helper test\\HALCON-20.11\\license\\\" " + source, path},
-        {"source is a directory", "--copy=" + destination + " \"C:\\Helper test\\\"", path},
+        {"destination is a directory", "--copy=\"C:\\Helper test\\HALCON-20.11\\license\\\" " + source,
+         "C:\\Helper test\\HALCON-20.11\\license\\" + noFile},
+        {"source is a directory", "--copy=" + destination + " \"C:\\Helper test\\\"",
+         "C:\\Helper test\\" + noFile},
         {"destination is the license directory",
-         "--copy=\"C:\\Helper test\\HALCON-20.11\\license\" " + source, noLicense},
+         "--copy=\"C:\\Helper test\\HALCON-20.11\\license\" " + source,
+         "C:\\Helper test\\HALCON-20.11\\license" + notInLicense},
         {"destination in another directory",
-         "--copy=\"C:\\Helper test\\HALCON-20.11\\license.dat\" " + source, noLicense},
+         "--copy=\"C:\\Helper test\\HALCON-20.11\\license.dat\" " + source,
+         "C:\\Helper test\\HALCON-20.11\\license.dat" + notInLicense},
         {"destination among the system's files", "--copy=\"C:\\windows\\system32\\license.dll\" " + source,
-         noLicense},
+         "C:\\windows\\system32\\license.dll" + notInLicense},
         {"destination below the license directory",
-         "--copy=\"C:\\Helper test\\HALCON-20.11\\license\\sub\\license.dat\" " + source, noLicense},
+         "--copy=\"C:\\Helper test\\HALCON-20.11\\license\\sub\\license.dat\" " + source,
+         "C:\\Helper test\\HALCON-20.11\\license\\sub\\license.dat" + notInLicense},
         {"destination below the license directory with slashes",
-         "--copy=\"C:/Helper test/HALCON-20.11/license/sub/license.dat\" " + source, noLicense},
+         "--copy=\"C:/Helper test/HALCON-20.11/license/sub/license.dat\" " + source,
+         "C:/Helper test/HALCON-20.11/license/sub/license.dat" + notInLicense},
         {"directory named licence",
-         "--copy=\"C:\\Helper test\\HALCON-20.11\\licence\\license.dat\" " + source, noLicense},
+         "--copy=\"C:\\Helper test\\HALCON-20.11\\licence\\license.dat\" " + source,
+         "C:\\Helper test\\HALCON-20.11\\licence\\license.dat" + notInLicense},
         {"directory named license and more",
-         "--copy=\"C:\\Helper test\\HALCON-20.11\\licenses\\license.dat\" " + source, noLicense},
+         "--copy=\"C:\\Helper test\\HALCON-20.11\\licenses\\license.dat\" " + source,
+         "C:\\Helper test\\HALCON-20.11\\licenses\\license.dat" + notInLicense},
         {"directory named license with a foreign letter",
-         "--copy=\"C:\\Helper test\\HALCON-20.11\\l\u0456cense\\license.dat\" " + source, noLicense},
-        {"destination on the drive itself", "--copy=\"C:\\license\" " + source, noLicense},
+         "--copy=\"C:\\Helper test\\HALCON-20.11\\l\u0456cense\\license.dat\" " + source,
+         "C:\\Helper test\\HALCON-20.11\\l\u0456cense\\license.dat" + notInLicense},
+        {"destination on the drive itself", "--copy=\"C:\\license\" " + source, "C:\\license" + notInLicense},
         {"destination too long", "--copy=\"C:\\" + QString(4096, 'x') + "\\license\\license.dat\" " + source,
-         path},
-        {"source too long", "--copy=" + destination + " \"C:\\" + QString(4096, 'x') + '"', path},
-        {"source and destination on one relative path", "--copy=\"license\\a\" \"b\"", path},
+         tooLong},
+        {"source too long", "--copy=" + destination + " \"C:\\" + QString(4096, 'x') + '"', tooLong},
+        {"source and destination on one relative path", "--copy=\"license\\a\" \"b\"",
+         "license\\a" + noDrive},
     };
 }
 
 QVector<HostileLine> paths()
 {
     QVector<HostileLine> lines;
-    addPaths(lines, "library on a share", "destination on a share", "source on a share",
-             R"(\\server\share\license\)");
+    addShares(lines, "library on a share", "destination on a share", R"(\\server\share\license\)");
     addPaths(lines, "library in a device path", "destination in a device path", "source in a device path",
-             R"(\\.\C:\Helper test\license\)");
+             R"(\\.\C:\Helper test\license\)", noDrive, QString(), oddPart("."));
     addPaths(lines, "library in a literal path", "destination in a literal path", "source in a literal path",
-             R"(\\?\C:\Helper test\license\)");
+             R"(\\?\C:\Helper test\license\)", noDrive, QString(), oddPart("?"));
     addPaths(lines, "library in an object path", "destination in an object path", "source in an object path",
-             R"(\??\C:\Helper test\license\)");
+             R"(\??\C:\Helper test\license\)", noDrive);
     addPaths(lines, "library through the drive's current directory",
              "destination through the drive's directory", "source through the drive's directory",
-             R"(C:license\)");
+             R"(C:license\)", noDrive);
     addPaths(lines, "library without a drive", "destination without a drive", "source without a drive",
-             R"(\Helper test\license\)");
-    addPaths(lines, "relative library", "relative destination", "relative source", R"(license\)");
+             R"(\Helper test\license\)", noDrive);
+    addPaths(lines, "relative library", "relative destination", "relative source", R"(license\)", noDrive);
     addPaths(lines, "library on a drive of two letters", "destination on a drive of two letters",
-             "source on a drive of two letters", R"(CC:\license\)");
+             "source on a drive of two letters", R"(CC:\license\)", noDrive);
     addPaths(lines, "library on a drive without letter", "destination on a drive without letter",
-             "source on a drive without letter", R"(1:\license\)");
+             "source on a drive without letter", R"(1:\license\)", noDrive);
     addPaths(lines, "library on a foreign drive letter", "destination on a foreign drive letter",
-             "source on a foreign drive letter", "Ç:\\license\\");
-    addPaths(lines, "library on a share with slashes", "destination on a share with slashes",
-             "source on a share with slashes", "//server/share/license/");
+             "source on a foreign drive letter", "Ç:\\license\\", noDrive);
+    addShares(lines, "library on a share with slashes", "destination on a share with slashes",
+              "//server/share/license/");
     addPaths(lines, "library in a device path with slashes", "destination in a device path with slashes",
-             "source in a device path with slashes", "//./C:/Helper test/license/");
+             "source in a device path with slashes", "//./C:/Helper test/license/", noDrive, QString(),
+             oddPart("."));
     addPaths(lines, "library in a literal path with slashes", "destination in a literal path with slashes",
-             "source in a literal path with slashes", "//?/C:/Helper test/license/");
+             "source in a literal path with slashes", "//?/C:/Helper test/license/", noDrive, QString(),
+             oddPart("?"));
     addPaths(lines, "library without a drive behind a slash", "destination without a drive behind a slash",
-             "source without a drive behind a slash", "/Helper test/license/");
+             "source without a drive behind a slash", "/Helper test/license/", noDrive);
     addPaths(lines, "library over a parent directory", "destination over a parent directory",
-             "source over a parent directory", R"(C:\Helper test\HALCON-20.11\license\..\license\)");
+             "source over a parent directory", R"(C:\Helper test\HALCON-20.11\license\..\license\)",
+             oddPart(".."));
     addPaths(lines, "library over a parent directory between slashes",
              "destination over a parent directory between slashes",
              "source over a parent directory between slashes",
-             "C:/Helper test/HALCON-20.11/license/../license/");
+             "C:/Helper test/HALCON-20.11/license/../license/", oddPart(".."));
     addPaths(lines, "library over a parent directory behind a slash",
              "destination over a parent directory behind a slash",
              "source over a parent directory behind a slash",
-             R"(C:\Helper test\HALCON-20.11\license/..\license\)");
+             R"(C:\Helper test\HALCON-20.11\license/..\license\)", oddPart(".."));
     addPaths(lines, "library over the same directory", "destination over the same directory",
-             "source over the same directory", R"(C:\Helper test\HALCON-20.11\license\.\)");
+             "source over the same directory", R"(C:\Helper test\HALCON-20.11\license\.\)", oddPart("."));
     addPaths(lines, "library over three dots", "destination over three dots", "source over three dots",
-             R"(C:\Helper test\...\license\)");
+             R"(C:\Helper test\...\license\)", oddPart("..."));
     addPaths(lines, "library over a directory with a dot at its end", "destination over a dot at an end",
-             "source over a dot at an end", R"(C:\Helper test.\license\)");
+             "source over a dot at an end", R"(C:\Helper test.\license\)", oddPart("Helper test."));
     addPaths(lines, "library over a directory with a blank at its end", "destination over a blank at an end",
-             "source over a blank at an end", "C:\\Helper test \\license\\");
+             "source over a blank at an end", "C:\\Helper test \\license\\", oddPart("Helper test "));
     addPaths(lines, "stream of a library", "stream of the destination", "stream of the source",
-             R"(C:\Helper test\HALCON-20.11\license\)", ":x");
+             R"(C:\Helper test\HALCON-20.11\license\)", oddPart("FILE"), ":x");
     addPaths(lines, "data stream of a library", "data stream of the destination", "data stream of the source",
-             R"(C:\Helper test\HALCON-20.11\license\)", "::$DATA");
+             R"(C:\Helper test\HALCON-20.11\license\)", oddPart("FILE"), "::$DATA");
     addPaths(lines, "stream of a library behind slashes", "stream of the destination behind slashes",
-             "stream of the source behind slashes", "C:/Helper test/HALCON-20.11/license/", ":x");
+             "stream of the source behind slashes", "C:/Helper test/HALCON-20.11/license/", oddPart("FILE"),
+             ":x");
     addPaths(lines, "library with a slash at its end", "destination with a slash at its end",
-             "source with a slash at its end", R"(C:\Helper test\HALCON-20.11\license\)", "/");
+             "source with a slash at its end", R"(C:\Helper test\HALCON-20.11\license\)", noFile, "/");
     addPaths(lines, "stream of a directory of the library", "stream of a directory of the destination",
-             "stream of a directory of the source", R"(C:\Helper test\HALCON-20.11:x\license\)");
+             "stream of a directory of the source", R"(C:\Helper test\HALCON-20.11:x\license\)",
+             oddPart("HALCON-20.11:x"));
     addPaths(lines, "library with a blank at its end", "destination with a blank at its end",
-             "source with a blank at its end", R"(C:\Helper test\HALCON-20.11\license\)", " ");
+             "source with a blank at its end", R"(C:\Helper test\HALCON-20.11\license\)", oddPart("FILE"),
+             " ");
     addPaths(lines, "library with a dot at its end", "destination with a dot at its end",
-             "source with a dot at its end", R"(C:\Helper test\HALCON-20.11\license\)", ".");
+             "source with a dot at its end", R"(C:\Helper test\HALCON-20.11\license\)", oddPart("FILE"), ".");
     addPaths(lines, "library with a star", "destination with a star", "source with a star",
-             R"(C:\Helper test\*\license\)");
+             R"(C:\Helper test\*\license\)", oddPart("*"));
     addPaths(lines, "library with a question mark", "destination with a question mark",
-             "source with a question mark", R"(C:\Helper test\?\license\)");
+             "source with a question mark", R"(C:\Helper test\?\license\)", oddPart("?"));
     addPaths(lines, "library with angle brackets", "destination with angle brackets",
-             "source with angle brackets", R"(C:\Helper test\<\license\)");
+             "source with angle brackets", R"(C:\Helper test\<\license\)", oddPart("<"));
     addPaths(lines, "library with a bar", "destination with a bar", "source with a bar",
-             R"(C:\Helper test|x\license\)");
+             R"(C:\Helper test|x\license\)", oddPart("Helper test|x"));
     addPaths(lines, "library with a line break", "destination with a line break", "source with a line break",
-             "C:\\Helper\ntest\\license\\");
+             "C:\\Helper\ntest\\license\\", unclean);
     addPaths(lines, "library with half a surrogate pair", "destination with half a surrogate pair",
-             "source with half a surrogate pair", "C:\\" + QString(QChar(0xDC00)) + "\\license\\");
+             "source with half a surrogate pair", "C:\\" + QString(QChar(0xDC00)) + "\\license\\", unclean);
+    const auto source = [&lines](const char *name, const QString &path, const QString &why) {
+        lines.append({name, "--copy=" + destination + " \"" + path + '"', path + why});
+    };
+    source("source is a server", R"(\\server)", noFileOnAShare);
+    source("source is a share", R"(\\server\share)", noFileOnAShare);
+    source("source is a share with slashes", "//server//share", noFileOnAShare);
+    source("source is a directory of a share", R"(\\server\share\license\)", noFile);
+    source("source is nothing on a share", R"(\\)", noDriveNorShare);
+    source("source behind three separators", R"(\\\server\share\new.dat)", noDriveNorShare);
+    source("source on a share over its parent", R"(\\server\share\..\other\new.dat)", oddPart(".."));
+    source("source is a stream on a share", R"(\\server\share\new.dat:x)", oddPart("new.dat:x"));
+    source("source on a share of a server with a port", R"(\\server:80\share\new.dat)", oddPart("server:80"));
+    source("source is a pipe", R"(\\server\pipe\new.dat)", noFileOnAShare);
+    source("source is a pipe in capitals", R"(\\server\PIPE\new.dat)", noFileOnAShare);
+    source("source is a mailslot", R"(\\server\mailslot\new.dat)", noFileOnAShare);
+    source("source is a pipe on its own share", R"(\\server\IPC$\pipe\new.dat)", noFileOnAShare);
     return lines;
 }
 

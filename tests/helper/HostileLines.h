@@ -7,7 +7,7 @@
 struct HostileLine {
     const char *name; ///< what is wrong with it
     QString arguments;
-    const char *refusal;
+    QString refusal;
 };
 
 /// The files that the lines speak of. Where they exist, each line is wrong for its own reason alone.

@@ -168,6 +168,8 @@ void ProgramLineTest::licenseCopy_data()
                              << "D:/new.dat";
     QTest::newRow("slashes and backslashes") << "C:\\H/license/license.dat"
                                              << "D:\\a/new.dat";
+    QTest::newRow("source on a share") << "C:\\H\\license\\license.dat"
+                                       << "\\\\server\\share\\new.dat";
     QTest::newRow("percent signs") << "C:\\100%\\license\\%1 %2.dat"
                                    << "D:\\%TEMP%\\%2.dat";
     QTest::newRow("other signs") << "C:\\a=b^c;d,e'f!g\\license\\--x64.dat"
