@@ -259,8 +259,10 @@ void HelperProgramTest::boxOnAnErrorWhenVisible()
 
     QCOMPARE(result.exitCode, 2);
     QCOMPARE(box.title, QString("Corvanta for HALCON"));
-    QCOMPARE(box.text,
-             QString("The request was refused. Nothing was changed.\r\nThe variable \"PATH\" is none of HALCON's."));
+    QCOMPARE(
+        box.text,
+        QString(
+            "The request was refused. Nothing was changed.\r\nThe variable \"PATH\" is none of HALCON's."));
 }
 
 /// A box would wait for its answer.

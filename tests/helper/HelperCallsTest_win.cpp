@@ -1,0 +1,162 @@
+#include "companions/helper/LibraryRegistration.h"
+#include "companions/helper/LicenseFile.h"
+#include "companions/helper/ProcessSecurity.h"
+
+#include "tests/helper/HelperMachine.h"
+#include "tests/helper/WideText.h"
+#include "tests/support/CurrentDirectory.h"
+
+#include <QDir>
+#include <QtTest>
+
+#include <windows.h>
+
+using HelperMachine::makeFile;
+
+namespace {
+
+/// What CreateProcessW was given.
+struct Start {
+    QString program;
+    QString commandLine;
+    QString directory;
+    bool inheritsHandles;
+    DWORD flags;
+    STARTUPINFOW startup;
+};
+
+QVector<Start> starts;
+
+BOOL WINAPI recordStart(LPCWSTR program, LPWSTR commandLine, LPSECURITY_ATTRIBUTES /*process*/,
+                        LPSECURITY_ATTRIBUTES /*thread*/, BOOL inheritsHandles, DWORD flags,
+                        LPVOID /*environment*/, LPCWSTR directory, LPSTARTUPINFOW startup,
+                        LPPROCESS_INFORMATION /*information*/)
+{
+    starts.append({QString::fromWCharArray(program), QString::fromWCharArray(commandLine),
+                   directory != nullptr ? QString::fromWCharArray(directory) : "(none)",
+                   inheritsHandles != FALSE, flags, *startup});
+    return FALSE;
+}
+
+const QString license = "C:\\Calls test\\H\\license";
+const QString target = license + "\\license.dat";
+const QString source = "C:\\Calls test\\new.dat";
+
+QByteArray read(const QString &path)
+{
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? file.readAll() : "unreadable";
+}
+
+/// What the license directory had when a file was flushed: the length of each file under its name.
+QVector<QMap<QString, qint64>> flushes;
+bool flushingFails = false;
+
+BOOL WINAPI recordFlush(HANDLE /*file*/)
+{
+    QMap<QString, qint64> sizes;
+    for (const QFileInfo &file : QDir(license).entryInfoList(QDir::Files)) {
+        sizes.insert(file.fileName() == "license.dat" ? "old" : "new", file.size());
+    }
+    flushes.append(sizes);
+    SetLastError(ERROR_DISK_FULL);
+    return flushingFails ? FALSE : TRUE;
+}
+
+} // namespace
+
+/// The imports through which the helper calls, in place of those from the system's library.
+extern "C" decltype(&CreateProcessW) importedCreateProcess __asm__("__imp_CreateProcessW");
+extern "C" decltype(&FlushFileBuffers) importedFlush __asm__("__imp_FlushFileBuffers");
+extern "C" {
+decltype(&CreateProcessW) importedCreateProcess = recordStart;
+decltype(&FlushFileBuffers) importedFlush = recordFlush;
+}
+
+/// What the helper gives to Windows where its effect cannot be seen.
+class HelperCallsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void startOfRegsvr32();
+    void flushedBeforeItTakesThePlace();
+    void failedFlush();
+    void secureProcess();
+};
+
+void HelperCallsTest::init()
+{
+    QDir("C:\\Calls test").removeRecursively();
+    makeFile(source, "the new license");
+    makeFile(target, "old");
+    starts.clear();
+    flushes.clear();
+    flushingFails = false;
+}
+
+/// It finds no files but the system's, gets none of the helper's handles, and shows nothing.
+void HelperCallsTest::startOfRegsvr32()
+{
+    using namespace std::chrono_literals;
+    QCOMPARE(registerLibrary(L"C:\\windows\\system32\\regsvr32.exe", L"C:\\a b\\halconx.dll", 5s),
+             RegistrationResult::notStarted);
+
+    QCOMPARE(starts.size(), 1);
+    const Start &start = starts.constFirst();
+    QCOMPARE(start.program, QString("C:\\windows\\system32\\regsvr32.exe"));
+    QCOMPARE(start.commandLine,
+             QString("\"C:\\windows\\system32\\regsvr32.exe\" /s \"C:\\a b\\halconx.dll\""));
+    QCOMPARE(start.directory, QString("C:\\windows\\system32"));
+    QVERIFY(!start.inheritsHandles);
+    QCOMPARE(start.flags, DWORD(CREATE_NO_WINDOW | CREATE_UNICODE_ENVIRONMENT));
+    QCOMPARE(start.startup.cb, DWORD(sizeof(STARTUPINFOW)));
+    QCOMPARE(start.startup.dwFlags, DWORD(STARTF_USESHOWWINDOW));
+    QCOMPARE(start.startup.wShowWindow, WORD(SW_HIDE));
+    QVERIFY(start.startup.hStdInput == nullptr && start.startup.hStdOutput == nullptr &&
+            start.startup.hStdError == nullptr);
+}
+
+/// Otherwise a power failure could leave an empty file in the old one's place.
+void HelperCallsTest::flushedBeforeItTakesThePlace()
+{
+    QCOMPARE(replaceLicenseFile(toWide(target), toWide(source)).code, HelperExitCode::done);
+
+    QCOMPARE(flushes.size(), 1);
+    QCOMPARE(flushes.constFirst(), (QMap<QString, qint64>{{"new", 15}, {"old", 3}}));
+    QCOMPARE(read(target), QByteArray("the new license"));
+}
+
+void HelperCallsTest::failedFlush()
+{
+    flushingFails = true;
+
+    const HelperOutcome outcome = replaceLicenseFile(toWide(target), toWide(source));
+
+    QCOMPARE(outcome.code, HelperExitCode::copyFailed);
+    QCOMPARE(fromWide(outcome.reason), "A new file in " + license + " could not be written.");
+    QCOMPARE(flushes.size(), 1);
+    QCOMPARE(read(target), QByteArray("old"));
+    QCOMPARE(QDir(license).entryList(QDir::Files), QStringList{"license.dat"});
+}
+
+/// The last test: there is no way back.
+void HelperCallsTest::secureProcess()
+{
+    const QString planted = "C:\\Calls test\\planted.dll";
+    HelperMachine::copyFile(PLANTED_LIBRARY, planted);
+    const CurrentDirectory directory("C:\\Calls test");
+    const HMODULE found = LoadLibraryW(L"planted.dll");
+    QVERIFY(found != nullptr);
+    FreeLibrary(found);
+    SetErrorMode(0);
+
+    QVERIFY(::secureProcess());
+
+    QVERIFY(LoadLibraryW(L"planted.dll") == nullptr);
+    QCOMPARE(GetErrorMode(), UINT(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX));
+}
+
+QTEST_GUILESS_MAIN(HelperCallsTest)
+
+#include "HelperCallsTest_win.moc"

@@ -1,0 +1,8 @@
+// A library that does nothing.
+
+#include <windows.h>
+
+BOOL WINAPI DllMain(HINSTANCE /*module*/, DWORD /*reason*/, void * /*reserved*/)
+{
+    return TRUE;
+}
