@@ -40,7 +40,7 @@ std::wstring refusalOfEnvironment(const std::vector<EnvironmentAssignment> &envi
 {
     std::set<std::wstring> seen;
     for (const EnvironmentAssignment &assignment : environment) {
-        const std::wstring refusal = refusalOfVariable(assignment);
+        std::wstring refusal = refusalOfVariable(assignment);
         if (!refusal.empty()) {
             return refusal;
         }
@@ -64,7 +64,7 @@ std::wstring refusalOfLibraries(const std::vector<std::wstring> &libraries)
 {
     std::set<const wchar_t *> seen;
     for (const std::wstring &library : libraries) {
-        const std::wstring refusal = refusalOfPath(library, PathRoot::drive, HelperLimits::libraryPath);
+        std::wstring refusal = refusalOfPath(library, PathRoot::drive, HelperLimits::libraryPath);
         if (!refusal.empty()) {
             return refusal;
         }
@@ -142,11 +142,11 @@ std::wstring refusalOfFile(const std::wstring &path, const FileFacts &facts)
 
 std::wstring refusalOfDirectory(const std::wstring &path, const FileFacts &facts)
 {
-    const std::wstring refusal = refusalOfNothing(path, facts);
+    std::wstring refusal = refusalOfNothing(path, facts);
     if (!refusal.empty()) {
         return refusal;
     }
-    const std::wstring detour = refusalOfDetour(path, facts);
+    std::wstring detour = refusalOfDetour(path, facts);
     if (!detour.empty()) {
         return detour;
     }
