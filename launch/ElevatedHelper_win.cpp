@@ -1,6 +1,6 @@
 #include "launch/ElevatedHelper.h"
 
-#include "launch/WindowsHandle.h"
+#include "companions/common/WindowsHandle.h"
 
 #include <QCoreApplication>
 

@@ -1,7 +1,7 @@
 #include "launch/ProcessStart.h"
 
 #include "app/DebugLogger.h"
-#include "launch/WindowsHandle.h"
+#include "companions/common/WindowsHandle.h"
 
 #include <QObject>
 

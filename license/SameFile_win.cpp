@@ -1,6 +1,6 @@
 #include "license/SameFile.h"
 
-#include "launch/WindowsHandle.h"
+#include "companions/common/WindowsHandle.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -13,10 +13,9 @@ namespace {
 WindowsHandle openToLook(const QString &path)
 {
     const QString native = QDir::toNativeSeparators(path);
-    const HANDLE handle = CreateFileW(reinterpret_cast<const wchar_t *>(native.utf16()), 0,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                      OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-    return WindowsHandle(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
+    return WindowsHandle(CreateFileW(reinterpret_cast<const wchar_t *>(native.utf16()), 0,
+                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
 }
 
 /// What tells a file from all others as long as it is open. False when Windows does not know that.

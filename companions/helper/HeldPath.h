@@ -1,7 +1,7 @@
 #pragma once
 
+#include "companions/common/WindowsHandle.h"
 #include "companions/helper/HelperCheck.h"
-#include "companions/helper/UniqueHandle.h"
 
 #include <cstdint>
 #include <string>
@@ -16,8 +16,8 @@ enum class Links { asTheyAre, followed };
 
 /// Opens what is under a path with single backslashes, directories too, for as long as nobody minds. Whoever is at the
 /// other end learns who asks, but cannot act in his name. When that fails, @p error is Windows' reason. Windows only.
-UniqueHandle openPath(const std::wstring &path, Links links, std::uint32_t access, std::uint32_t share,
-                      std::uint32_t &error);
+WindowsHandle openPath(const std::wstring &path, Links links, std::uint32_t access, std::uint32_t share,
+                       std::uint32_t &error);
 
 /// What is under a path with single backslashes. Nothing is held. Windows only.
 FileFacts factsOf(const std::wstring &path, Links links);
@@ -57,6 +57,6 @@ private:
 
     std::wstring endPath;
     FileFacts endFacts;
-    std::vector<UniqueHandle> handles;
+    std::vector<WindowsHandle> handles;
     bool reached = true;
 };

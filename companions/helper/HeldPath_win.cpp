@@ -30,12 +30,12 @@ std::wstring literalPath(const std::wstring &path)
     return path.compare(0, 2, L"\\\\") == 0 ? L"\\\\?\\UNC\\" + path.substr(2) : L"\\\\?\\" + path;
 }
 
-UniqueHandle openPath(const std::wstring &path, Links links, std::uint32_t access, std::uint32_t share,
-                      std::uint32_t &error)
+WindowsHandle openPath(const std::wstring &path, Links links, std::uint32_t access, std::uint32_t share,
+                       std::uint32_t &error)
 {
     const DWORD flags = FILE_FLAG_BACKUP_SEMANTICS | SECURITY_SQOS_PRESENT | SECURITY_IDENTIFICATION |
                         (links == Links::asTheyAre ? FILE_FLAG_OPEN_REPARSE_POINT : 0);
-    UniqueHandle handle(
+    WindowsHandle handle(
         CreateFileW(literalPath(path).c_str(), access, share, nullptr, OPEN_EXISTING, flags, nullptr));
     error = handle ? ERROR_SUCCESS : GetLastError();
     return handle;
@@ -90,7 +90,7 @@ FileFacts factsOf(void *handle, const std::wstring &path)
 FileFacts factsOf(const std::wstring &path, Links links)
 {
     std::uint32_t error = ERROR_SUCCESS;
-    const UniqueHandle handle = openPath(path, links, FILE_READ_ATTRIBUTES, shareAll, error);
+    const WindowsHandle handle = openPath(path, links, FILE_READ_ATTRIBUTES, shareAll, error);
     return handle ? factsOf(handle.get(), path) : factsOfFailure(error);
 }
 
@@ -109,7 +109,7 @@ bool HeldPath::holdPart(const std::wstring &path)
     endPath = path;
     std::uint32_t error = ERROR_SUCCESS;
     // Only one who reads or writes takes part in sharing: reading the attributes alone would keep nobody off.
-    UniqueHandle handle =
+    WindowsHandle handle =
         openPath(path, Links::asTheyAre, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, error);
     endFacts = handle ? factsOf(handle.get(), path) : factsOfFailure(error);
     handles.push_back(std::move(handle));

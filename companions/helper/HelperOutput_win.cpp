@@ -1,7 +1,7 @@
 #include "companions/helper/HelperOutput.h"
 
 #include "companions/common/Utf8Output.h"
-#include "companions/helper/UniqueHandle.h"
+#include "companions/common/WindowsHandle.h"
 
 #include <windows.h>
 
@@ -19,9 +19,9 @@ bool writeToParentConsole(const std::wstring &text)
         // There is none; a process that has one already is denied another.
         return true;
     }
-    const UniqueHandle console(CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE,
-                                           FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
-                                           nullptr));
+    const WindowsHandle console(CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE,
+                                            FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
+                                            nullptr));
     DWORD written = 0;
     return console &&
            WriteConsoleW(console.get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr) != 0;

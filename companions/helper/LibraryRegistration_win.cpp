@@ -1,7 +1,7 @@
 #include "companions/helper/LibraryRegistration.h"
 
+#include "companions/common/WindowsHandle.h"
 #include "companions/helper/MachineEnvironment.h"
-#include "companions/helper/UniqueHandle.h"
 
 #include <windows.h>
 
@@ -17,7 +17,7 @@ std::wstring directoryFrom(UINT(WINAPI *function)(LPWSTR, UINT))
 }
 
 /// Starts a program in the system's directory, where it finds no files but the system's, without a window.
-UniqueHandle startHidden(const std::wstring &program, std::wstring commandLine)
+WindowsHandle startHidden(const std::wstring &program, std::wstring commandLine)
 {
     const std::wstring directory = directoryFrom(&GetSystemDirectoryW);
     const MachineEnvironment environment;
@@ -34,8 +34,8 @@ UniqueHandle startHidden(const std::wstring &program, std::wstring commandLine)
                        &startup, &process) == 0) {
         return {};
     }
-    const UniqueHandle thread(process.hThread);
-    return UniqueHandle(process.hProcess);
+    const WindowsHandle thread(process.hThread);
+    return WindowsHandle(process.hProcess);
 }
 
 } // namespace
@@ -50,7 +50,7 @@ std::wstring registrationProgram(LibraryArchitecture architecture)
 RegistrationResult registerLibrary(const std::wstring &regsvr32, const std::wstring &library,
                                    std::chrono::milliseconds timeLimit)
 {
-    const UniqueHandle process = startHidden(regsvr32, registrationCommandLine(regsvr32, library));
+    const WindowsHandle process = startHidden(regsvr32, registrationCommandLine(regsvr32, library));
     if (!process) {
         return RegistrationResult::notStarted;
     }

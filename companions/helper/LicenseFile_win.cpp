@@ -20,8 +20,8 @@ Contents readSource(const std::wstring &path)
 {
     std::uint32_t error = ERROR_SUCCESS;
     // The program that asks may still have its own handle for writing to it.
-    const UniqueHandle file = openPath(path, Links::followed, GENERIC_READ,
-                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, error);
+    const WindowsHandle file = openPath(path, Links::followed, GENERIC_READ,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, error);
     std::wstring refusal = refusalOfFile(path, file ? factsOf(file.get()) : factsOfFailure(error));
     if (!refusal.empty()) {
         return {{}, refusal};

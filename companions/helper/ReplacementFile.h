@@ -1,7 +1,7 @@
 #pragma once
 
+#include "companions/common/WindowsHandle.h"
 #include "companions/helper/HeldPath.h"
-#include "companions/helper/UniqueHandle.h"
 
 #include <string>
 #include <vector>
@@ -36,7 +36,7 @@ public:
 private:
     ReplacementFile() = default;
 
-    UniqueHandle file;
+    WindowsHandle file;
     Place where = Place::none;
     bool inPlace = false;
 };

@@ -20,8 +20,8 @@ bool liesIn(const HeldPath &directory, HANDLE file, const std::wstring &name)
 void makeWritable(const std::wstring &path)
 {
     std::uint32_t error = ERROR_SUCCESS;
-    const UniqueHandle file = openPath(path, Links::asTheyAre, FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES,
-                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, error);
+    const WindowsHandle file = openPath(path, Links::asTheyAre, FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, error);
     BY_HANDLE_FILE_INFORMATION information = {};
     if (!file || !refusalOfDestination(path, factsOf(file.get(), path)).empty() ||
         GetFileInformationByHandle(file.get(), &information) == 0 || information.nNumberOfLinks != 1 ||
@@ -42,9 +42,9 @@ ReplacementFile::ReplacementFile(const HeldPath &directory, const std::wstring &
 {
     const std::wstring name = L"qz_com_helper-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
                               std::to_wstring(GetTickCount64()) + L".tmp";
-    file =
-        UniqueHandle(CreateFileW(literalPath(path + L'\\' + name).c_str(), GENERIC_WRITE | DELETE, 0, nullptr,
-                                 CREATE_NEW, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+    file = WindowsHandle(CreateFileW(literalPath(path + L'\\' + name).c_str(), GENERIC_WRITE | DELETE, 0,
+                                     nullptr, CREATE_NEW,
+                                     FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
     if (file) {
         where = liesIn(directory, file.get(), name) ? Place::inDirectory : Place::elsewhere;
     }

@@ -1,4 +1,4 @@
-#include "launch/WindowsHandle.h"
+#include "companions/common/WindowsHandle.h"
 #include "tests/companions/TestConsole.h"
 
 #include <QtGlobal>

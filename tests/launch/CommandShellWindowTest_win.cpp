@@ -1,7 +1,7 @@
 // The shell as the program starts it: the program has no console, so the shell gets a window of its own.
 
+#include "companions/common/WindowsHandle.h"
 #include "launch/CommandShell.h"
-#include "launch/WindowsHandle.h"
 
 #include <QtTest>
 

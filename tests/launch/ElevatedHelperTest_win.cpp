@@ -1,5 +1,5 @@
+#include "companions/common/WindowsHandle.h"
 #include "launch/ElevatedHelper.h"
-#include "launch/WindowsHandle.h"
 #include "tests/launch/ElevatedHelperProgram.h"
 #include "tests/launch/ElevatedHelperShellBox.h"
 

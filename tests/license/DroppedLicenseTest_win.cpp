@@ -1,4 +1,4 @@
-#include "launch/WindowsHandle.h"
+#include "companions/common/WindowsHandle.h"
 #include "license/InstallLicenseDialog.h"
 #include "license/InstallLicenseDropFrame.h"
 #include "license/LicenseCopy.h"
@@ -45,7 +45,7 @@ void DroppedLicenseTest::fileThatNobodyElseMayRead()
     {
         const WindowsHandle locked(CreateFileW(wide(files.native("license.dat")), GENERIC_READ, 0, nullptr,
                                                OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-        QVERIFY(locked.get() != INVALID_HANDLE_VALUE);
+        QVERIFY(locked);
         QVERIFY(dropFiles(frame, urls));
         QCOMPARE(dropped.size(), 0);
     }

@@ -1,4 +1,4 @@
-#include "launch/WindowsHandle.h"
+#include "companions/common/WindowsHandle.h"
 #include "recent/RecentPrograms.h"
 #include "tests/recent/HDevelopSettings.h"
 #include "tests/support/Messages.h"
@@ -89,7 +89,7 @@ void RecentProgramsFileTest::fileThatNobodyElseMayRead()
     {
         const WindowsHandle locked(CreateFileW(wide(QDir::toNativeSeparators(settings.file())), GENERIC_READ,
                                                0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-        QVERIFY(locked.get() != INVALID_HANDLE_VALUE);
+        QVERIFY(locked);
         QCOMPARE(readRecentPrograms(), QStringList{""});
     }
     QCOMPARE(readRecentPrograms(), (QStringList{"a", "b"}));
@@ -103,7 +103,7 @@ void RecentProgramsFileTest::fileThatOthersReadAndWrite()
     const WindowsHandle open(CreateFileW(wide(QDir::toNativeSeparators(settings.file())),
                                          GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                          nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    QVERIFY(open.get() != INVALID_HANDLE_VALUE);
+    QVERIFY(open);
     QCOMPARE(readRecentPrograms(), (QStringList{"a", "b"}));
 }
 
