@@ -1,6 +1,7 @@
 #include "card/SingleHalconVersionFrame.h"
 
 #include "card/CardAccessibility.h"
+#include "card/CardIcons.h"
 #include "card/CardPalette.h"
 #include "card/CardTexts.h"
 #include "card/Documentation.h"
@@ -281,7 +282,8 @@ void SingleHalconVersionFrame::setAccessibleNames()
 QIcon SingleHalconVersionFrame::fileIcon(const QString &path) const
 {
     constexpr int size = 48;
-    return QIcon(iconProvider.icon(QFileInfo(path)).pixmap(size, size));
+    return iconOfItsOwnSize(iconProvider.icon(QFileInfo(path)).pixmap(size, size),
+                            ui->pbHDevelop->iconSize());
 }
 
 void SingleHalconVersionFrame::textBrowserClick(const QUrl &link)

@@ -1,5 +1,6 @@
 #include "tests/card/CardShape.h"
 #include "card/CardColumn.h"
+#include "card/CardIcons.h"
 #include "card/SingleHalconVersionFrame.h"
 #include "tests/card/CardMachine.h"
 
@@ -51,6 +52,7 @@ private slots:
     void nothingIsSqueezed();
     void cardsStayAtTheTop();
     void areaScrollsToTheLastCard();
+    void iconsOfProgramsKeepTheirSize();
 };
 
 void CardShapeTest::initTestCase()
@@ -114,6 +116,24 @@ void CardShapeTest::areaScrollsToTheLastCard()
     const QWidget *last = machine.shown().last();
     QVERIFY(last->visibleRegion().boundingRect().height() == last->height());
     QCOMPARE(machine.column->height(), last->geometry().bottom() + 1);
+}
+
+void CardShapeTest::iconsOfProgramsKeepTheirSize()
+{
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QPushButton button;
+    button.show();
+    constexpr int size = 48;
+    QPixmap picture(QSize(size, size) * button.devicePixelRatioF());
+    picture.setDevicePixelRatio(button.devicePixelRatioF());
+    picture.fill(Qt::red);
+    const QSize room(64, 52);
+    QImage shown = iconOfItsOwnSize(picture, room).pixmap(button.windowHandle(), room).toImage();
+    int rows = 0;
+    for (int y = 0; y < shown.height(); ++y) {
+        rows += shown.pixelColor(shown.width() / 2, y) == Qt::red ? 1 : 0;
+    }
+    QCOMPARE(qRound(rows / shown.devicePixelRatio()), size);
 }
 
 QTEST_MAIN(CardShapeTest)
