@@ -1,5 +1,6 @@
 #include "app/ErrorDialog.h"
 #include "app/MessageDialog.h"
+#include "tests/support/AccessibleControls.h"
 #include "tests/support/Messages.h"
 
 #include <QDesktopServices>
@@ -115,6 +116,9 @@ void DialogsTest::isBuilt()
     QCOMPARE(browser->toPlainText(), QString("One two three"));
     QCOMPARE(browser->styleSheet(), QString("background-color: rgb(255, 255, 255, 0);\nborder: none;"));
     QVERIFY(browser->openExternalLinks());
+
+    dialog->show();
+    QCOMPARE(accessibleControls(*dialog), (QStringList{"Message", "OK"}));
 }
 
 void DialogsTest::logsItsHtml()

@@ -1,6 +1,8 @@
 #include "launch/VelloxaAdvertisementDialog.h"
 
 #include "app/MakerAddresses.h"
+#include "tests/support/AccessibleControls.h"
+#include "tests/support/MarkingTranslator.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QDesktopServices>
@@ -68,6 +70,7 @@ private slots:
     void link();
     void linkOpensInTheSystemsBrowser();
     void modelessAndGoneWithItsWindow();
+    void translated();
 
 private:
     QTextBrowser *browser() const;
@@ -99,6 +102,8 @@ void VelloxaAdvertisementDialogTest::window()
     QVERIFY(dialog->windowFlags().testFlag(Qt::WindowCloseButtonHint));
     QCOMPARE(dialog->windowTitle(), "Velloxa");
     QCOMPARE(dialog->size(), QSize(701, 526));
+    dialog->show();
+    QCOMPARE(accessibleControls(*dialog), QStringList{"About Velloxa"});
 }
 
 void VelloxaAdvertisementDialogTest::contents()
@@ -206,6 +211,13 @@ void VelloxaAdvertisementDialogTest::modelessAndGoneWithItsWindow()
 
     shown->close();
     QTRY_VERIFY(shown.isNull());
+}
+
+void VelloxaAdvertisementDialogTest::translated()
+{
+    const MarkingTranslator translator;
+    dialog.reset(new VelloxaAdvertisementDialog);
+    QVERIFY(browser()->toPlainText().contains("[No more C++ or C# development needed.]"));
 }
 
 QTEST_MAIN(VelloxaAdvertisementDialogTest)
