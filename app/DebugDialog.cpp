@@ -9,6 +9,8 @@
 #include <QScrollBar>
 #include <QTextCursor>
 
+#include <algorithm>
+
 DebugDialog::DebugDialog(QWidget *parent) : QDialog(parent), ui(std::make_unique<Ui::DebugDialog>())
 {
     ui->setupUi(this);
@@ -32,16 +34,25 @@ void DebugDialog::updateLog()
     const bool atEnd = bar->value() == bar->maximum();
 
     // The log only grows. To set the whole text would lose the reader's place and selection.
+    QTextCursor reader = browser->textCursor();
+    reader.setKeepPositionOnInsert(true);
+    const int place = bar->value();
     const QString text = DebugLogger::instance().text();
     QTextCursor end(browser->document());
     end.movePosition(QTextCursor::End);
     end.insertText(text.mid(shownLength));
     shownLength = text.size();
+    if (reader != browser->textCursor()) {
+        // A selection that reached to the end has grown.
+        reader.setKeepPositionOnInsert(false);
+        browser->setTextCursor(reader);
+        bar->setValue(place);
+    }
 
     if (atEnd) {
         // The bar itself learns of the new lines only later.
         const int height = browser->document()->documentLayout()->documentSize().toSize().height();
-        bar->setMaximum(height - browser->viewport()->height());
+        bar->setMaximum(std::max(0, height - browser->viewport()->height()));
         bar->setValue(bar->maximum());
     }
 }

@@ -1,5 +1,7 @@
 #include "app/DebugDialog.h"
 #include "app/DebugLogger.h"
+#include "tests/support/AccessibleControls.h"
+#include "tests/support/MarkingTranslator.h"
 #include "tests/support/MessageBoxes.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -9,6 +11,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTextBrowser>
+#include <QTextDocumentFragment>
 #include <QtTest>
 
 class DebugLogTest : public QObject {
@@ -29,6 +32,7 @@ private slots:
     void readerKeepsHisPlace();
     void endIsFollowed();
     void opensAtTheTop();
+    void translated();
 };
 
 void DebugLogTest::emptyLog()
@@ -119,7 +123,9 @@ void DebugLogTest::dialogIsBuilt()
 
 void DebugLogTest::dialogShowsEarlierLines()
 {
-    const DebugDialog dialog;
+    DebugDialog dialog;
+    dialog.show();
+    QCOMPARE(accessibleControls(dialog), (QStringList{"Debug log", "Close", "Copy to clipboard"}));
     QCOMPARE(dialog.findChild<QTextBrowser *>("textBrowser")->toPlainText(), QString("a\nb\nc\n  d <b>"));
 }
 
@@ -130,6 +136,9 @@ void DebugLogTest::openDialogFollows()
     DebugLogger::instance().log("while open");
     QCOMPARE(dialog.findChild<QTextBrowser *>("textBrowser")->toPlainText(),
              QString("a\nb\nc\n  d <b>\nwhile open"));
+    const QScrollBar *bar = dialog.findChild<QTextBrowser *>("textBrowser")->verticalScrollBar();
+    QCOMPARE(bar->minimum(), 0);
+    QCOMPARE(bar->value(), 0);
 }
 
 void DebugLogTest::closedDialogFollows()
@@ -194,6 +203,13 @@ void DebugLogTest::readerKeepsHisPlace()
     QCOMPARE(across->value(), columnShown);
     QCOMPARE(browser->textCursor().selectedText(), QString("line 120"));
     QCOMPARE(browser->textCursor().position(), start);
+
+    browser->selectAll();
+    const QString all = browser->toPlainText();
+    down->setValue(lineShown);
+    DebugLogger::instance().log("and another");
+    QCOMPARE(browser->textCursor().selection().toPlainText(), all);
+    QCOMPARE(down->value(), lineShown);
 }
 
 void DebugLogTest::endIsFollowed()
@@ -226,6 +242,18 @@ void DebugLogTest::opensAtTheTop()
     dialog.show();
     QVERIFY(QTest::qWaitForWindowExposed(&dialog));
     QCOMPARE(dialog.findChild<QTextBrowser *>("textBrowser")->verticalScrollBar()->value(), 0);
+}
+
+void DebugLogTest::translated()
+{
+    const MarkingTranslator translator;
+    DebugDialog dialog;
+    dialog.show();
+    QCOMPARE(dialog.windowTitle(), QString("[Debug log]"));
+    MessageBoxes boxes;
+    QTest::mouseClick(dialog.findChild<QPushButton *>("pbClipboard"), Qt::LeftButton);
+    QCOMPARE(boxes.shown().size(), 1);
+    QCOMPARE(boxes.shown().first().text, QString("[Copied to clipboard]"));
 }
 
 QTEST_MAIN(DebugLogTest)
