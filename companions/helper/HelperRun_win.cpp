@@ -5,6 +5,7 @@
 #include "companions/helper/HelperTexts.h"
 #include "companions/helper/LicenseFile.h"
 #include "companions/helper/MachineSwitch.h"
+#include "companions/helper/ProcessSecurity.h"
 
 #include <exception>
 
@@ -58,4 +59,9 @@ HelperExitCode runHelper(const std::wstring &commandLine, std::chrono::milliseco
         break;
     }
     return conclude(switchMachine(*reading.request, timeLimit));
+}
+
+HelperExitCode runSecured(const std::wstring &commandLine)
+{
+    return secureProcess() ? runHelper(commandLine) : HelperExitCode::internalError;
 }

@@ -1,5 +1,4 @@
 #include "companions/helper/HelperRun.h"
-#include "companions/helper/ProcessSecurity.h"
 
 #include <windows.h>
 
@@ -9,9 +8,7 @@ int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, PWSTR /*argu
 {
     HelperExitCode code = HelperExitCode::internalError;
     try {
-        if (secureProcess()) {
-            code = runHelper(GetCommandLineW());
-        }
+        code = runSecured(GetCommandLineW());
     } catch (const std::exception &) {
         // Out of memory: the C library would show a box of its own.
     }

@@ -1,6 +1,6 @@
+#include "companions/helper/HelperRun.h"
 #include "companions/helper/LibraryRegistration.h"
 #include "companions/helper/LicenseFile.h"
-#include "companions/helper/ProcessSecurity.h"
 
 #include "tests/helper/HelperMachine.h"
 #include "tests/helper/WideText.h"
@@ -63,14 +63,27 @@ BOOL WINAPI recordFlush(HANDLE /*file*/)
     return flushingFails ? FALSE : TRUE;
 }
 
+bool restrictingFails = false;
+
+/// Restricts the search for libraries as the system does, unless it is to fail.
+BOOL WINAPI restrictSearch(DWORD directories)
+{
+    const HMODULE system = GetModuleHandleW(L"kernel32.dll");
+    const auto restrict = reinterpret_cast<decltype(&SetDefaultDllDirectories)>(
+        reinterpret_cast<void *>(GetProcAddress(system, "SetDefaultDllDirectories")));
+    return restrictingFails ? FALSE : restrict(directories);
+}
+
 } // namespace
 
 /// The imports through which the helper calls, in place of those from the system's library.
 extern "C" decltype(&CreateProcessW) importedCreateProcess __asm__("__imp_CreateProcessW");
 extern "C" decltype(&FlushFileBuffers) importedFlush __asm__("__imp_FlushFileBuffers");
+extern "C" decltype(&SetDefaultDllDirectories) importedRestrict __asm__("__imp_SetDefaultDllDirectories");
 extern "C" {
 decltype(&CreateProcessW) importedCreateProcess = recordStart;
 decltype(&FlushFileBuffers) importedFlush = recordFlush;
+decltype(&SetDefaultDllDirectories) importedRestrict = restrictSearch;
 }
 
 /// What the helper gives to Windows where its effect cannot be seen.
@@ -82,6 +95,7 @@ private slots:
     void startOfRegsvr32();
     void flushedBeforeItTakesThePlace();
     void failedFlush();
+    void nothingIsDoneUnsecured();
     void secureProcess();
 };
 
@@ -140,6 +154,15 @@ void HelperCallsTest::failedFlush()
     QCOMPARE(QDir(license).entryList(QDir::Files), QStringList{"license.dat"});
 }
 
+void HelperCallsTest::nothingIsDoneUnsecured()
+{
+    const std::wstring line = wide("qz_com_helper --copy=\"" + target + "\" \"" + source + "\"");
+    restrictingFails = true;
+    QCOMPARE(runSecured(line), HelperExitCode::internalError);
+    QCOMPARE(read(target), QByteArray("old"));
+    restrictingFails = false;
+}
+
 /// The last test: there is no way back.
 void HelperCallsTest::secureProcess()
 {
@@ -151,8 +174,10 @@ void HelperCallsTest::secureProcess()
     FreeLibrary(found);
     SetErrorMode(0);
 
-    QVERIFY(::secureProcess());
+    const std::wstring line = wide("qz_com_helper --copy=\"" + target + "\" \"" + source + "\"");
+    QCOMPARE(runSecured(line), HelperExitCode::done);
 
+    QCOMPARE(read(target), QByteArray("the new license"));
     QVERIFY(LoadLibraryW(L"planted.dll") == nullptr);
     QCOMPARE(GetErrorMode(), UINT(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX));
 }
