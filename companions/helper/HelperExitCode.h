@@ -10,7 +10,7 @@ enum class HelperExitCode {
     variablesRestored = 3,      ///< a variable could not be set; all of them are as they were
     variablesNotRestored = 4,   ///< a variable could not be set, and another could not be put back
     librariesNotRegistered = 5, ///< the variables are set, but not every library is registered
-    copyFailed = 6,             ///< the copy failed; the old file, if there was one, is as it was
+    copyFailed = 6,             ///< the copy failed; the old file, if there was one, holds what it held
 };
 
 /// What became of a request.

@@ -28,7 +28,7 @@ std::wstring helpText()
            L"  3  a variable could not be set; all are as they were\r\n"
            L"  4  a variable could not be set, and not all are as they were\r\n"
            L"  5  the variables are set, but not every library is registered\r\n"
-           L"  6  the file could not be copied; the old one is as it was\r\n";
+           L"  6  the file could not be copied; the old one holds what it held\r\n";
 }
 
 std::wstring versionText()
@@ -52,7 +52,7 @@ std::wstring textOf(HelperExitCode code)
     case HelperExitCode::librariesNotRegistered:
         return L"The system variables are set, but not every COM library could be registered.";
     case HelperExitCode::copyFailed:
-        return L"The licence file could not be copied. The old one, if there was one, is as it was.";
+        return L"The licence file could not be copied. The old one, if there was one, holds what it held.";
     }
     return {};
 }

@@ -47,7 +47,7 @@ const QString helpText =
     "  3  a variable could not be set; all are as they were\r\n"
     "  4  a variable could not be set, and not all are as they were\r\n"
     "  5  the variables are set, but not every library is registered\r\n"
-    "  6  the file could not be copied; the old one is as it was\r\n";
+    "  6  the file could not be copied; the old one holds what it held\r\n";
 
 const QString versionText = "qz_com_helper " + projectVersion() + " (Corvanta for HALCON)\r\n";
 

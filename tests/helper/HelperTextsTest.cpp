@@ -39,7 +39,7 @@ void HelperTextsTest::exitCodes_data()
         << "The system variables are set, but not every COM library could be registered.";
     QTest::newRow("not copied")
         << HelperExitCode::copyFailed << 6
-        << "The licence file could not be copied. The old one, if there was one, is as it was.";
+        << "The licence file could not be copied. The old one, if there was one, holds what it held.";
 }
 
 void HelperTextsTest::exitCodes()
