@@ -1,7 +1,10 @@
 #include "app/MainWindowTexts.h"
 #include "app/ApplicationIdentity.h"
 #include "app/MakerAddresses.h"
+#include "tests/support/MarkingTranslator.h"
 #include "tests/support/ProjectVersion.h"
+#include "update/HalconReleases.h"
+#include "update/OwnRelease.h"
 
 #include <QTextBlock>
 #include <QTextDocument>
@@ -18,6 +21,7 @@ private slots:
     void placesAreFilledInTurn();
     void browserHtmlServesAsTemplate();
     void noInstallation();
+    void translated();
 };
 
 void MainWindowTextsTest::identity()
@@ -101,6 +105,20 @@ void MainWindowTextsTest::noInstallation()
         "Could not find any HALCON installation. Please install HALCON first.<br><br><hr><small>If you think "
         "this is an error in this program, please contact us via<br><a href=\"" +
             contact + "\">" + contact + "</a>.</small>");
+}
+
+void MainWindowTextsTest::translated()
+{
+    const MarkingTranslator translator;
+    QVERIFY(noInstallationHtml().startsWith("[Could not find any HALCON installation."));
+    QVERIFY(footerTemplate().contains(
+        ">[%1 (%2) - Please find more information about our HALCON services at ]<"));
+    QVERIFY(footerTemplate().contains(">[feedback]<"));
+    QVERIFY(
+        ownReleaseHtml({1, 9, QString()}, "1.8").startsWith("[An updated version of Corvanta for HALCON"));
+    const QString line = updateLine(HalconInstallation(20, 11, 2, 0), "http://x.example/");
+    QVERIFY(line.startsWith("Latest version: 20.11.2 <a "));
+    QVERIFY(line.contains(">[Update available!]<"));
 }
 
 QTEST_MAIN(MainWindowTextsTest)

@@ -6,6 +6,7 @@
 #include "tests/card/HalconVariables.h"
 #include "tests/launch/SystemErrors.h"
 #include "tests/support/EchoChild.h"
+#include "tests/support/MarkingTranslator.h"
 #include "tests/support/MessageBoxes.h"
 #include "tests/support/Messages.h"
 
@@ -61,6 +62,7 @@ private slots:
     void buttonsWithoutARow();
     void invalidIndex_data();
     void invalidIndex();
+    void translatedBoxes();
     void interpreterIsMissing();
     void interpreterIsNoProgram();
     void failedStartCanBeTriedAgain();
@@ -244,6 +246,34 @@ void CardShellTest::invalidIndex()
     QCOMPARE(boxLines(boxes.shown(), card),
              warningLines("Error", noRowForShell) + warningLines("Error", noRowForIde));
     QCOMPARE(log.lines(), QStringList());
+}
+
+void CardShellTest::translatedBoxes()
+{
+    const CommandInterpreter changed(QDir::toNativeSeparators(directory.filePath("missing.exe")));
+    const MarkingTranslator translator;
+    SingleHalconVersionFrame card(progressInstallation("x64-win64"));
+    card.show();
+    const QList<QMessageBox::StandardButton> answers(4, QMessageBox::Ok);
+    const MessageBoxes boxes(answers);
+    QTest::mouseClick(button(card, "pbShell"), Qt::LeftButton);
+    QVERIFY(QFile::remove(studios.ide14()));
+    QTest::mouseClick(button(card, "pbDevEnv"), Qt::LeftButton);
+    rows(card).setCurrentRow(-1);
+    QTest::mouseClick(button(card, "pbShell"), Qt::LeftButton);
+    QTest::mouseClick(button(card, "pbDevEnv"), Qt::LeftButton);
+
+    QStringList texts;
+    for (const ShownBox &box : boxes.shown()) {
+        texts << box.title << box.text.section('\n', 0, 0);
+    }
+    QCOMPARE(
+        texts,
+        (QStringList{
+            "Errors",
+            "[There were errors in launching a CMD shell for HALCON 20.11.1 Progress (x64-win64):", "Errors",
+            "[There were errors in launching Visual Studio IDE for HALCON 20.11.1 Progress (x64-win64):",
+            "Error", '[' + noRowForShell + ']', "Error", '[' + noRowForIde + ']'}));
 }
 
 void CardShellTest::interpreterIsMissing()

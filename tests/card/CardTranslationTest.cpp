@@ -2,8 +2,8 @@
 #include "tests/card/CardLicenseUser.h"
 #include "tests/fakes/ElevatedHelperFake.h"
 #include "tests/fakes/ProcessStartFake.h"
-#include "tests/support/Messages.h"
 #include "tests/support/MarkingTranslator.h"
+#include "tests/support/Messages.h"
 
 #include <QLabel>
 #include <QMenu>

@@ -2,9 +2,9 @@
 #include "license/LicenseCopy.h"
 #include "tests/fakes/ElevatedHelperFake.h"
 #include "tests/license/LicenseFiles.h"
+#include "tests/support/MarkingTranslator.h"
 #include "tests/support/Messages.h"
 
-#include <QTranslator>
 #include <QtTest>
 
 #include <csignal>
@@ -34,18 +34,6 @@ public:
 private:
     rlimit before = {};
     void (*handler)(int) = nullptr;
-};
-
-/// Puts every text in brackets while it lives.
-class Translation : public QTranslator {
-public:
-    Translation() { QCoreApplication::installTranslator(this); }
-    QString translate(const char * /*context*/, const char *text, const char * /*disambiguation*/,
-                      int /*number*/) const override
-    {
-        return '[' + QString(text) + ']';
-    }
-    bool isEmpty() const override { return false; }
 };
 
 } // namespace
@@ -266,7 +254,7 @@ void LicenseCopyFallbackTest::temporaryFileIsNotWhole()
 /// The user reads the errors; whoever reads the log must find the lines as they are written here.
 void LicenseCopyFallbackTest::translated()
 {
-    const Translation translation;
+    const MarkingTranslator translator;
     const LicenseFiles files;
     files.makeDirectory("H/license/license.dat");
     ElevatedHelperFake::setOutcome(3, true);

@@ -3,6 +3,7 @@
 #include "tests/recent/HDevelopSettings.h"
 #include "tests/recent/ShownPrograms.h"
 #include "tests/support/AccessibleControls.h"
+#include "tests/support/MarkingTranslator.h"
 #include "tests/support/Messages.h"
 #include "tests/support/WidgetTree.h"
 
@@ -38,6 +39,7 @@ private slots:
 
 private:
     HDevelopSettings settings;
+    void translated();
 };
 
 void RecentProgramsFrameTest::widgets()
@@ -343,6 +345,14 @@ void RecentProgramsFrameTest::screenReadersGetPaths()
         spoken.append(table->tableInterface()->cellAt(row, 0)->text(QAccessible::Name));
     }
     QCOMPARE(spoken, (QStringList{"C:\\a & b.hdev", "D:\\c.hdev"}));
+}
+
+void RecentProgramsFrameTest::translated()
+{
+    const MarkingTranslator translator;
+    const RecentProgramsFrame frame;
+    QCOMPARE(shownModel(frame)->headerData(0, Qt::Horizontal).toString(), QString("[Recent]"));
+    QCOMPARE(searchLine(frame)->placeholderText(), QString("[Search recent programs]"));
 }
 
 QTEST_MAIN(RecentProgramsFrameTest)
