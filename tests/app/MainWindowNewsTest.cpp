@@ -141,8 +141,8 @@ void MainWindowNewsTest::missingDirectoriesStayMarked()
                                "\"\nExampleRoot: \"",
                                "\"(not found)\" #ff0000",
                                "\"Latest version: 13.0.1 \"",
-                               "\"Update available!\" bold underlined #ff0000 -> "
-                               "http://www.mvtec.com/download/halcon/",
+                               "\"Update available!\" bold underlined #ff0000 -> " +
+                                   MakerAddresses::halconDownloads(),
                                "\"\n\""};
     QTRY_COMPARE(richTextRuns(*text), expected);
     QCOMPARE(details(window, "13.0.0")->toPlainText(),

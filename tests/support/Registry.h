@@ -4,8 +4,9 @@
 #include <QString>
 #include <QStringList>
 
-/// Writes to the registry, and looks into it, with the Win32 API, independently of the code under test. Keys are full paths such as
-/// "HKEY_LOCAL_MACHINE\Software\MVTec\HALCON\13.0"; the 64-bit view is meant. A failure ends the test program.
+/// Writes to the registry, and looks into it, with the Win32 API, independently of the code under test. Keys are
+/// full paths such as "HKEY_LOCAL_MACHINE\Software\MVTec\HALCON\13.0"; the 64-bit view is meant. A failure ends the
+/// test program.
 namespace Registry {
 
 /// Makes @p key and every key above it that is missing.
