@@ -42,9 +42,9 @@ wait_for_requests() {
 }
 
 # How many of the details' pixels, which are right of the large version numbers' badges, are red on the card above and
-# on the one below.
+# on the one below, which stand at the top of the window.
 red_pixels() {
-  pixels_of '#FF0000' | awk '$1 > 280 && $1 < 600 { $2 < 560 ? ++above : ++below } END { print above + 0, below + 0 }'
+  pixels_of '#FF0000' | awk '$1 > 280 && $1 < 600 { $2 < 187 ? ++above : ++below } END { print above + 0, below + 0 }'
 }
 
 # Waits until the card below tells of an update, which the one above must not.

@@ -254,8 +254,7 @@ void CardShellTest::translatedBoxes()
     const MarkingTranslator translator;
     SingleHalconVersionFrame card(progressInstallation("x64-win64"));
     card.show();
-    const QList<QMessageBox::StandardButton> answers(4, QMessageBox::Ok);
-    const MessageBoxes boxes(answers);
+    const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok});
     QTest::mouseClick(button(card, "pbShell"), Qt::LeftButton);
     QVERIFY(QFile::remove(studios.ide14()));
     QTest::mouseClick(button(card, "pbDevEnv"), Qt::LeftButton);

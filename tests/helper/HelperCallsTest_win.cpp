@@ -156,7 +156,7 @@ void HelperCallsTest::failedFlush()
 
 void HelperCallsTest::nothingIsDoneUnsecured()
 {
-    const std::wstring line = wide("qz_com_helper --copy=\"" + target + "\" \"" + source + "\"");
+    const std::wstring line = toWide("qz_com_helper --copy=\"" + target + "\" \"" + source + "\"");
     restrictingFails = true;
     QCOMPARE(runSecured(line), HelperExitCode::internalError);
     QCOMPARE(read(target), QByteArray("old"));
@@ -174,7 +174,7 @@ void HelperCallsTest::secureProcess()
     FreeLibrary(found);
     SetErrorMode(0);
 
-    const std::wstring line = wide("qz_com_helper --copy=\"" + target + "\" \"" + source + "\"");
+    const std::wstring line = toWide("qz_com_helper --copy=\"" + target + "\" \"" + source + "\"");
     QCOMPARE(runSecured(line), HelperExitCode::done);
 
     QCOMPARE(read(target), QByteArray("the new license"));
