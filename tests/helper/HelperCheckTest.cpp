@@ -111,8 +111,7 @@ void HelperCheckTest::shownTexts_data()
     QTest::newRow("too long") << QString(301, 'x') << QString(300, 'x') + "...";
     QTest::newRow("control characters") << "a\nb\tc\x7F\u0085"
                                         << "a?b?c??";
-    QTest::newRow("half a pair") << "a" + QString(QChar(0xD83D)) + "b"
-                                 << "a?b";
+    QTest::newRow("half a pair") << "a" + QString(QChar(0xD83D)) + "b" << "a?b";
     QTest::newRow("cut within a pair") << QString(299, 'x') + "😀" << QString(299, 'x') + "?...";
 }
 
