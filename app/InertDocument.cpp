@@ -1,9 +1,11 @@
 #include "app/InertDocument.h"
 
+#include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextFrame>
 #include <QTextTable>
 
+#include <algorithm>
 #include <vector>
 
 namespace {
@@ -88,17 +90,51 @@ void disarmFrames(QTextFrame &frame)
     }
 }
 
+// Qt takes seconds and more for what is beyond these: to read it, or to lay it out.
+constexpr int longestHtml = 65536;
+constexpr int deepestNesting = 8;
+
+bool isTooMuchToRead(const QString &html)
+{
+    static const QRegularExpression wideCell(QStringLiteral(R"((col|row)span\s*=\s*["']?\s*\d{3})"),
+                                             QRegularExpression::CaseInsensitiveOption);
+    return html.size() > longestHtml || html.contains(wideCell);
+}
+
+/// How many frames and tables lie in one another at most.
+int depthOf(const QTextFrame &frame)
+{
+    int deepest = 0;
+    const auto children = frame.childFrames();
+    for (const QTextFrame *child : children) {
+        deepest = std::max(deepest, depthOf(*child));
+    }
+    return deepest + 1;
+}
+
 } // namespace
 
 InertDocument::InertDocument(const QString &html, const QFont &font, QObject *parent) : QTextDocument(parent)
 {
     setUndoRedoEnabled(false);
     setDefaultFont(font);
+    if (isTooMuchToRead(html)) {
+        setPlainText(html);
+        return;
+    }
     setHtml(html);
+    if (depthOf(*rootFrame()) > deepestNesting) {
+        setPlainText(toPlainText());
+        return;
+    }
+    // All at once: a look at the rest after every change would take time that grows with the square of the length.
+    QTextCursor edit(this);
+    edit.beginEditBlock();
     for (QTextBlock block = begin(); block.isValid(); block = block.next()) {
         disarmText(block);
     }
     disarmFrames(*rootFrame());
+    edit.endEditBlock();
 }
 
 QVariant InertDocument::loadResource(int /*type*/, const QUrl & /*name*/)

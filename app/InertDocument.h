@@ -5,7 +5,9 @@
 class QFont;
 
 /// A text document of HTML that somebody else wrote. It keeps the words, their form and their links, and loads
-/// nothing: images, style sheets, backgrounds and tool tips, which may name files or network shares, are not in it.
+/// nothing: images, style sheets, backgrounds and tool tips, which may name files or network shares, are not in it. HTML
+/// that would take Qt seconds, because it is long, has tables deep in one another or very wide cells, is shown as plain
+/// text.
 class InertDocument : public QTextDocument {
     Q_OBJECT
 

@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextFrame>
 #include <QToolTip>
 #include <QtTest>
 
@@ -75,6 +76,8 @@ private slots:
     void initTestCase();
     void nothingIsLoaded_data();
     void nothingIsLoaded();
+    void costlyHtmlIsPlainText_data();
+    void costlyHtmlIsPlainText();
     void formIsKept();
     void links_data();
     void links();
@@ -150,6 +153,36 @@ void ForeignHtmlTest::nothingIsLoaded()
     for (const char *part : {"Before", "a", "b", "after"}) {
         QVERIFY2(text.contains(part), qPrintable(text));
     }
+}
+
+void ForeignHtmlTest::costlyHtmlIsPlainText_data()
+{
+    QTest::addColumn<QString>("html");
+    QTest::addColumn<QString>("text");
+
+    const auto nested = [](int depth) {
+        return QString("<table><tr><td>").repeated(depth) + "in it" +
+               QString("</td></tr></table>").repeated(depth);
+    };
+    QTest::newRow("tables in tables") << nested(20) << "in it";
+    const QString wide = "<table><tr><td colspan=2000>a</td></tr></table>";
+    QTest::newRow("wide cell") << wide << wide;
+    const QString high = "<table><tr><td ROWSPAN = '500'>a</td></tr></table>";
+    QTest::newRow("high cell") << high << high;
+    const QString longText = "<b>" + QString("long ").repeated(14000) + "</b>";
+    QTest::newRow("long") << longText << longText;
+}
+
+void ForeignHtmlTest::costlyHtmlIsPlainText()
+{
+    QFETCH(QString, html);
+    QFETCH(QString, text);
+    MessageDialog dialog(html);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    const auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
+    QCOMPARE(browser->toPlainText().trimmed(), text.trimmed());
+    QVERIFY(browser->document()->rootFrame()->childFrames().isEmpty());
 }
 
 void ForeignHtmlTest::formIsKept()
