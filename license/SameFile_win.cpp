@@ -9,10 +9,17 @@
 
 namespace {
 
+/// A native path as Windows takes it at any length.
+QString literalPath(const QString &path)
+{
+    const bool onShare = path.startsWith(QLatin1String("\\\\"));
+    return onShare ? QStringLiteral("\\\\?\\UNC\\") + path.mid(2) : QStringLiteral("\\\\?\\") + path;
+}
+
 /// Opens what @p path leads to for nothing but a look at it; null when that fails.
 WindowsHandle openToLook(const QString &path)
 {
-    const QString native = QDir::toNativeSeparators(path);
+    const QString native = literalPath(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()));
     return WindowsHandle(CreateFileW(reinterpret_cast<const wchar_t *>(native.utf16()), 0,
                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                      OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
@@ -39,5 +46,9 @@ bool isSameFile(const QString &one, const QString &other)
     }
     return oneIdentity.dwVolumeSerialNumber == otherIdentity.dwVolumeSerialNumber &&
            oneIdentity.nFileIndexHigh == otherIdentity.nFileIndexHigh &&
-           oneIdentity.nFileIndexLow == otherIdentity.nFileIndexLow;
+           oneIdentity.nFileIndexLow == otherIdentity.nFileIndexLow &&
+           // An earlier state of a disk, in a shadow copy or an image, numbers its files alike.
+           oneIdentity.nFileSizeHigh == otherIdentity.nFileSizeHigh &&
+           oneIdentity.nFileSizeLow == otherIdentity.nFileSizeLow &&
+           CompareFileTime(&oneIdentity.ftLastWriteTime, &otherIdentity.ftLastWriteTime) == 0;
 }
