@@ -11,6 +11,8 @@
 #include <QTextStream>
 #include <QUrl>
 
+#include <algorithm>
+
 InstallLicenseDropFrame::InstallLicenseDropFrame(QWidget *parent) : QLabel(parent)
 {
     setAcceptDrops(true);
@@ -39,14 +41,17 @@ void InstallLicenseDropFrame::dropEvent(QDropEvent *event)
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         return;
     }
-    if (file.size() > largestLicense) {
+    // Its size may be unknown, or grow.
+    const QByteArray bytes = file.read(largestLicense + 1);
+    if (file.size() > largestLicense || bytes.size() > largestLicense) {
         DebugLogger::instance().log(
             QStringLiteral("dropped file %1 is not read: it has %2 bytes, and a license file at most %3")
-                .arg(QDir::toNativeSeparators(path), QString::number(file.size()),
+                .arg(QDir::toNativeSeparators(path),
+                     QString::number(std::max<qint64>(file.size(), bytes.size())),
                      QString::number(largestLicense)));
         return;
     }
-    const QString contents = QTextStream(&file).readAll();
+    const QString contents = QTextStream(bytes).readAll();
     file.close();
     // Not the move that may have been proposed.
     event->setDropAction(Qt::CopyAction);
