@@ -111,7 +111,9 @@ std::wstring faultOfPath(const std::wstring &path, PathRoot root)
     if (odd != parts.end()) {
         return L"has the part \"" + shown(*odd) + L"\", which is no plain name";
     }
-    if (share && (parts.size() < 3 || !isShareOfFiles(parts[1]))) {
+    // A server that begins so names one of Windows' redirectors instead, and the share is the next part.
+    const bool redirector = share && parts[0].front() == L';';
+    if (share && (parts.size() < 3 || redirector || !isShareOfFiles(parts[1]))) {
         return L"names no file on a share";
     }
     return {};

@@ -28,9 +28,14 @@ Contents readSource(const std::wstring &path)
     }
     std::vector<unsigned char> bytes(largestLicense + 1);
     DWORD count = 0;
-    if (ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr) == 0) {
-        return {{}, refusalOfReading(path, GetLastError())};
-    }
+    DWORD more = 0;
+    do { // not every file system gives all of a file at once
+        if (ReadFile(file.get(), bytes.data() + count, static_cast<DWORD>(bytes.size()) - count, &more,
+                     nullptr) == 0) {
+            return {{}, refusalOfReading(path, GetLastError())};
+        }
+        count += more;
+    } while (more != 0 && count < bytes.size());
     bytes.resize(count);
     return {bytes, refusalOfSize(path, count)};
 }

@@ -72,7 +72,6 @@ bool ReplacementFile::replace(const std::wstring &path)
     if (where != Place::inDirectory) {
         return false;
     }
-    makeWritable(path);
     // What is renamed is told by its handle: under its name somebody might have put another. The new name is a whole
     // path because this function takes none that is relative to an open directory; it leads to the held one, as none
     // of the directories on its way is empty now.
@@ -83,6 +82,8 @@ bool ReplacementFile::replace(const std::wstring &path)
     information->ReplaceIfExists = TRUE;
     information->FileNameLength = static_cast<DWORD>(length);
     std::memcpy(information->FileName, target.data(), length);
+    // Only now, when nothing is left that takes memory.
+    makeWritable(path);
     inPlace = SetFileInformationByHandle(file.get(), FileRenameInfo, information,
                                          static_cast<DWORD>(buffer.size())) != 0;
     return inPlace;

@@ -434,6 +434,8 @@ QVector<HostileLine> paths()
     source("source is a stream on a share", R"(\\server\share\new.dat:x)", oddPart("new.dat:x"));
     source("source on a share of a server with a port", R"(\\server:80\share\new.dat)", oddPart("server:80"));
     source("source is a pipe", R"(\\server\pipe\new.dat)", noFileOnAShare);
+    source("source is a pipe behind a redirector", R"(\\;LanmanRedirector\server\pipe\new.dat)",
+           noFileOnAShare);
     source("source is a pipe in capitals", R"(\\server\PIPE\new.dat)", noFileOnAShare);
     source("source is a mailslot", R"(\\server\mailslot\new.dat)", noFileOnAShare);
     source("source is a pipe on its own share", R"(\\server\IPC$\pipe\new.dat)", noFileOnAShare);
