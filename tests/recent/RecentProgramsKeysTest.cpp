@@ -380,6 +380,8 @@ void RecentProgramsKeysTest::restoredWindowKeepsTheFocus()
     window->showMinimized();
     QTRY_VERIFY(window->isMinimized());
     window->showNormal();
+    // As a click in the task bar does.
+    window->activateWindow();
 
     QVERIFY(QTest::qWaitForWindowActive(window.data()));
     QVERIFY(frame->isVisible());
