@@ -26,7 +26,7 @@ QString prefix()
     char *const root = unixName(L"C:\\");
     require(root != nullptr, "wine_get_unix_file_name of C:\\");
     // The name leads over a link that is named as the drive.
-    const QString result = QString::fromUtf8(root).section("/dosdevices/c:", 0, 0);
+    QString result = QString::fromUtf8(root).section("/dosdevices/c:", 0, 0);
     HeapFree(GetProcessHeap(), 0, root);
     return result;
 }
