@@ -59,4 +59,20 @@ inline QStringList walk(QWidget &window, Qt::Key key, QStringList *unseen = null
     return stops + QStringList{"and so on"};
 }
 
+/// The stops on a 64-bit card of @p version, with @p links in its details and, if there is a Visual Studio, its IDE.
+inline QStringList ofCard(const QString &version, const QStringList &links, bool ide)
+{
+    return QStringList{"HDevelop " + version + " (x64-win64)", "HDevelop x64", "Details"} + links +
+           QStringList{"HDevelop", "HDevelop XL", "HDevelop XL", "Help", "Command shell"} +
+           (ide ? QStringList{"Visual Studio IDE"} : QStringList()) +
+           QStringList{"Visual Studio versions",
+                       "Make permanent",
+                       "Register halconx[xl].dll",
+                       "Administrative rights to register halconx[xl].dll",
+                       "Register hdevenginex[xl].dll",
+                       "Administrative rights to register hdevenginex[xl].dll",
+                       "Velloxa",
+                       "Install license"};
+}
+
 } // namespace TabStops
