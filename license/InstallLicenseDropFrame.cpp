@@ -3,6 +3,7 @@
 #include "app/DebugLogger.h"
 #include "companions/common/LicenseSize.h"
 
+#include <QBuffer>
 #include <QDebug>
 #include <QDir>
 #include <QDragEnterEvent>
@@ -38,11 +39,11 @@ void InstallLicenseDropFrame::dropEvent(QDropEvent *event)
     }
     const QString path = urls.first().toLocalFile();
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    if (!file.open(QIODevice::ReadOnly)) {
         return;
     }
     // Its size may be unknown, or grow.
-    const QByteArray bytes = file.read(largestLicense + 1);
+    QByteArray bytes = file.read(largestLicense + 1);
     if (file.size() > largestLicense || bytes.size() > largestLicense) {
         DebugLogger::instance().log(
             QStringLiteral("dropped file %1 is not read: it has %2 bytes, and a license file at most %3")
@@ -51,8 +52,11 @@ void InstallLicenseDropFrame::dropEvent(QDropEvent *event)
                      QString::number(largestLicense)));
         return;
     }
-    const QString contents = QTextStream(bytes).readAll();
     file.close();
+    // Text mode takes the carriage returns out of what was decoded: in UTF-16 they are not single bytes.
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly | QIODevice::Text);
+    const QString contents = QTextStream(&buffer).readAll();
     // Not the move that may have been proposed.
     event->setDropAction(Qt::CopyAction);
     event->accept();

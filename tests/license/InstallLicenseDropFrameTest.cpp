@@ -268,9 +268,9 @@ void InstallLicenseDropFrameTest::textOfAFile_data()
     QTest::newRow("CR CR LF") << QByteArray("one\r\r\ntwo") << "one\ntwo";
     QTest::newRow("blanks and tabs") << QByteArray(" one \ttwo  ") << " one \ttwo  ";
     QTest::newRow("UTF-16") << QByteArray("\xff\xfe"
-                                          "a\0b\0",
-                                          6)
-                            << "ab";
+                                          "a\0\r\0\n\0b\0",
+                                          10)
+                            << "a\nb";
     QTest::newRow("long") << QByteArray("0123456789\r\n").repeated(80000)
                           << QString("0123456789\n").repeated(80000);
 }
