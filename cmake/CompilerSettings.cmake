@@ -14,3 +14,26 @@ if(CORVANTA_SANITIZE)
                                                      -fno-omit-frame-pointer)
   target_link_options(corvanta_settings INTERFACE -fsanitize=address,undefined)
 endif()
+
+if(WIN32 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # The same bytes wherever and whenever they are built; the build id tells which debug information belongs to them.
+  target_compile_options(corvanta_settings INTERFACE "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
+  target_link_options(corvanta_settings INTERFACE -Wl,--no-insert-timestamp -Wl,--build-id)
+endif()
+
+# All programs that are shipped.
+add_custom_target(programs)
+
+option(CORVANTA_SPLIT_DEBUG "Move the debug information of the programs that are shipped into files beside them" OFF)
+
+# corvanta_shipped(TARGET): a program that is shipped.
+function(corvanta_shipped target)
+  add_dependencies(programs ${target})
+  set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+  if(CORVANTA_SPLIT_DEBUG)
+    add_custom_command(TARGET ${target} POST_BUILD
+      COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:${target}> $<TARGET_FILE:${target}>.debug
+      COMMAND ${CMAKE_STRIP} --strip-all $<TARGET_FILE:${target}>
+      VERBATIM)
+  endif()
+endfunction()
