@@ -31,9 +31,10 @@ function(corvanta_shipped target)
   add_dependencies(programs ${target})
   set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
   if(CORVANTA_SPLIT_DEBUG)
+    # Without -p the time is written into them after all.
     add_custom_command(TARGET ${target} POST_BUILD
-      COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:${target}> $<TARGET_FILE:${target}>.debug
-      COMMAND ${CMAKE_STRIP} --strip-all $<TARGET_FILE:${target}>
+      COMMAND ${CMAKE_OBJCOPY} -p --only-keep-debug $<TARGET_FILE:${target}> $<TARGET_FILE:${target}>.debug
+      COMMAND ${CMAKE_STRIP} -p --strip-all $<TARGET_FILE:${target}>
       VERBATIM)
   endif()
 endfunction()
