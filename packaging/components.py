@@ -1,0 +1,192 @@
+"""The code of others that is in the programs and installers: components.toml, filled from the machine and the build."""
+
+import dataclasses
+import glob
+import json
+import os
+import pathlib
+import re
+import struct
+import subprocess
+import tomllib
+import urllib.parse
+
+import linked
+from release import Failure, qt_prefix, root, run
+
+
+@dataclasses.dataclass
+class Component:
+    """name, version (may be empty), license (SPDX), homepage, texts (notices and licences), purl,
+    programs (names of the programs that it is in), credit (a line that the licence asks for, may be empty),
+    part_of (the name of the component that holds it, or None)."""
+
+    name: str
+    version: str
+    license: str
+    homepage: str
+    texts: list
+    purl: str
+    programs: list
+    credit: str = ""
+    part_of: str = None
+
+
+def table():
+    return tomllib.loads((root / "packaging" / "components.toml").read_text(encoding="utf-8"))
+
+
+def components():
+    """All that is in this build; a Failure names what is linked and has no line in the table."""
+    rows, maps = table(), linked.link_maps()
+    _refuse_forbidden_sections(rows["forbidden_sections"], maps)
+    programs = _programs_of_rows(rows["component"], maps)
+    found = []
+    for number, row in enumerate(rows["component"]):
+        if "bundled" in row and not os.environ.get(row["bundled"]):
+            continue
+        inside = row.get("in") or programs[number]
+        if not inside:
+            raise Failure(f"components.toml: nothing of {row['name']} is linked any more; remove it")
+        version, purl = _version_and_purl(row)
+        texts = [row["notice"]] if "notice" in row else []
+        found.append(Component(row["name"], version, row["license"], row["homepage"],
+                               texts + [_text(place) for place in row["texts"]], purl, inside))
+        if row["name"] == "Qt":
+            found += _inside_qt(rows, row, maps)
+    return found
+
+
+def _refuse_forbidden_sections(forbidden, maps):
+    for program, link_map in maps.items():
+        for section in link_map.sections:
+            for beginning, why in forbidden.items():
+                if section.startswith(beginning):
+                    raise Failure(f"{program} has the section {section}: {why}")
+
+
+def _programs_of_rows(rows, maps):
+    """The programs that each row's files are linked into; each file of others has to be of a row."""
+    paths = sorted({path for link_map in maps.values() for path in link_map.files})
+    owners = _owners(paths)
+    found, nobody = [[] for _ in rows], []
+    for program, link_map in maps.items():
+        for path in sorted(link_map.files):
+            number = next((number for number, row in enumerate(rows)
+                           if owners[path] == ("Qt's prefix" if "source" in row else row.get("package"))
+                           and linked.like(os.path.basename(path), row.get("linked", []))), None)
+            if number is None:
+                nobody.append(f"{path} (of {owners[path] or 'no package'}) in {program}")
+            elif program not in found[number]:
+                found[number].append(program)
+    if nobody:
+        raise Failure("components.toml does not say what this is, which is linked:\n  " + "\n  ".join(nobody))
+    return found
+
+
+def _owners(paths):
+    """Each path to the Debian package that it is of, or to Qt's prefix, or to None."""
+    prefix = os.path.realpath(qt_prefix()) + os.sep
+    # The exit code tells that some are of no package, which is no failure here.
+    answer = subprocess.run(["dpkg-query", "-S", *paths], capture_output=True, text=True)
+    packages = {line.split(": ", 1)[1]: line.split(":")[0] for line in answer.stdout.splitlines() if ": " in line}
+    return {path: "Qt's prefix" if path.startswith(prefix) else packages.get(path) for path in paths}
+
+
+def _version_and_purl(row):
+    if "bundled" in row:
+        version = _file_version(os.environ[row["bundled"]])
+        return version, f"pkg:generic/{row['name']}@{version}"
+    if "source" in row:
+        version, kind, name = _source_version(row["source"]), "source", row["source"]
+    else:
+        version, kind, name = run("dpkg-query", "-W", "-f", "${Version}", row["package"]), "all", row["package"]
+    return version, f"pkg:deb/debian/{name.replace('+', '%2B')}@{urllib.parse.quote(version, safe='.~-')}?arch={kind}"
+
+
+def _source_version(source):
+    descriptions = sorted((qt_prefix() / "sources").glob(f"{source}_*.dsc"))
+    if len(descriptions) != 1:
+        raise Failure(f"{len(descriptions)} source packages of {source} are in sources/ of QT_WINDOWS_PREFIX, not one")
+    return re.search(r"^Version: (\S+)$", descriptions[0].read_text(encoding="utf-8"), re.M)[1]
+
+
+def _file_version(path):
+    """The version in the fixed part of a Windows program's version resource."""
+    data = pathlib.Path(path).read_bytes()
+    start = data.find(struct.pack("<I", 0xFEEF04BD))
+    if start < 0:
+        raise Failure(f"{path} has no version resource")
+    high, low = struct.unpack_from("<II", data, start + 8)
+    return f"{high >> 16}.{high & 0xFFFF}.{low >> 16}.{low & 0xFFFF}"
+
+
+def _text(place):
+    """The text at a place as components.toml writes it."""
+    place = {"path": place} if isinstance(place, str) else place
+    pattern = place["path"].replace("{tree}", str(root))
+    paths = [pattern] if os.path.exists(pattern) else sorted(glob.glob(pattern))
+    if not paths:
+        raise Failure(f"the licence text {pattern} is not there")
+    text = pathlib.Path(paths[0]).read_text(encoding="utf-8").replace("\r", "")
+    if "paragraphs" in place:
+        return _paragraphs(paths[0], text, place["paragraphs"])
+    if "from" in place:
+        start = re.search("^" + re.escape(place["from"]), text, re.M)
+        end = start and re.search("^" + re.escape(place["to"]), text[start.start():], re.M)
+        if not end:
+            raise Failure(f"{paths[0]} has no part from '{place['from']}' to '{place['to']}'")
+        text = text[start.start():start.start() + end.start()]
+    return text.strip("\n")
+
+
+def _paragraphs(path, text, beginnings):
+    found = [paragraph for paragraph in re.split(r"\n\s*\n", text)
+             if paragraph.lstrip().startswith(tuple(beginnings))]
+    for beginning in beginnings:
+        if not any(paragraph.lstrip().startswith(beginning) for paragraph in found):
+            raise Failure(f"{path} has no paragraph that begins '{beginning}'")
+    return "\n\n".join(paragraph.strip("\n") for paragraph in found)
+
+
+def _inside_qt(rows, qt, maps):
+    """The entries of Qt's attribution files that are in this build."""
+    def programs_with(objects):
+        return [program for program, link_map in maps.items() if link_map.members(qt["linked"], objects)]
+
+    left_out = {identifier: why for why, identifiers in rows["qt_left_out"].items() for identifier in identifiers}
+    entries = _attributions()
+    if unknown := sorted(entries.keys() - rows["qt"].keys() - left_out.keys()):
+        raise Failure(f"Qt holds code of others that components.toml does not know: {', '.join(unknown)}")
+    for identifier, objects in rows["qt_guards"].items():
+        if programs := programs_with(objects):
+            raise Failure(f"{identifier} is in {' and '.join(programs)}, although '{left_out[identifier]}'")
+    found = []
+    for identifier, objects in sorted(rows["qt"].items()):
+        programs = programs_with(objects)
+        if not programs:
+            raise Failure(f"components.toml: nothing of {identifier} is linked any more; say why")
+        if identifier not in entries:
+            raise Failure(f"{identifier} is linked, but tools/qt-windows kept no entry of Qt's on it")
+        found.append(_component_inside_qt(rows, identifier, *entries[identifier], programs))
+    return found
+
+
+def _component_inside_qt(rows, identifier, folder, entry, programs):
+    place = rows["qt_texts"].get(identifier) or str(folder / "LICENSE")
+    version = entry.get("Version", "")
+    notice = " ".join(entry.get("Copyright", "").split())
+    return Component(entry["Name"], version, rows["qt_licenses"].get(identifier) or entry["LicenseId"],
+                     entry.get("Homepage", ""), [text for text in (notice, _text(place)) if text],
+                     f"pkg:generic/{identifier}" + (f"@{urllib.parse.quote(version, safe='.~-')}" if version else ""),
+                     programs, rows["qt_credits"].get(identifier, ""), "Qt")
+
+
+def _attributions():
+    """Id to (folder, entry) of all that tools/qt-windows kept of Qt's attribution files."""
+    top = qt_prefix() / "attributions"
+    entries = {path.parent.name: (path.parent, json.loads(path.read_text(encoding="utf-8")))
+               for path in top.glob("*/attribution.json")}
+    if not entries:
+        raise Failure(f"{top} holds no attribution.json; tools/qt-windows/build keeps them there")
+    return entries
