@@ -100,7 +100,8 @@ def _version_and_purl(row):
     if "source" in row:
         version, kind, name = _source_version(row["source"]), "source", row["source"]
     else:
-        version, kind, name = run("dpkg-query", "-W", "-f", "${Version}", row["package"]), "all", row["package"]
+        name = row["package"]
+        version, kind = run("dpkg-query", "-W", "-f", "${Version} ${Architecture}", name).split()
     return version, f"pkg:deb/debian/{name.replace('+', '%2B')}@{urllib.parse.quote(version, safe='.~-')}?arch={kind}"
 
 
