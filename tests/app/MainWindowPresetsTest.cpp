@@ -1,0 +1,141 @@
+#include "app/ApplicationIdentity.h"
+#include "tests/app/UpdateMachine.h"
+
+#include <QtTest>
+
+#include <memory>
+
+using WindowMachine::click;
+using WindowMachine::settingsKey;
+using WindowMachine::updateCheckCorvanta;
+using WindowMachine::updateCheckHalcon;
+
+namespace {
+
+const QString machineKey = R"(HKEY_LOCAL_MACHINE\Software\Quorvik Solutions\Corvanta for HALCON)";
+
+/// Each value of @p key with its content, in order.
+QStringList valuesOf(const QString &key)
+{
+    const QSettings settings(key, QSettings::NativeFormat);
+    QStringList values;
+    for (const QString &name : settings.allKeys()) {
+        values.append(name + '=' + settings.value(name).toString());
+    }
+    values.sort();
+    return values;
+}
+
+bool isTicked(const MainWindow &window, const QString &box)
+{
+    return window.findChild<QCheckBox *>(box)->isChecked();
+}
+
+} // namespace
+
+/// Settings that an administrator makes for all users of the machine.
+class MainWindowPresetsTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<UpdateMachine> machine;
+
+private slots:
+    void initTestCase() { setApplicationIdentity(); }
+    void init();
+    void cleanup() { machine.reset(); }
+    void presetHoldsUntilTheUserChooses_data();
+    void presetHoldsUntilTheUserChooses();
+    void presetNumberCounts();
+    void presetChecksAtStart();
+    void choiceIsStoredForTheUserAlone_data();
+    void choiceIsStoredForTheUserAlone();
+};
+
+void MainWindowPresetsTest::init()
+{
+    machine = std::make_unique<UpdateMachine>();
+    Registry::removeTree(machineKey);
+}
+
+void MainWindowPresetsTest::presetHoldsUntilTheUserChooses_data()
+{
+    QTest::addColumn<QString>("preset");
+    QTest::addColumn<QString>("own");
+    QTest::addColumn<bool>("ticked");
+
+    QTest::newRow("nothing") << QString() << QString() << false;
+    QTest::newRow("preset on") << "true" << QString() << true;
+    QTest::newRow("preset off") << "false" << QString() << false;
+    QTest::newRow("preset on, user's own off") << "true" << "false" << false;
+    QTest::newRow("preset off, user's own on") << "false" << "true" << true;
+}
+
+void MainWindowPresetsTest::presetHoldsUntilTheUserChooses()
+{
+    QFETCH(QString, preset);
+    QFETCH(QString, own);
+    QFETCH(bool, ticked);
+    for (const QString &option : {updateCheckHalcon, updateCheckCorvanta}) {
+        if (!preset.isNull()) {
+            Registry::setString(machineKey, option, preset);
+        }
+        if (!own.isNull()) {
+            Registry::setString(settingsKey, option, own);
+        }
+    }
+    const QStringList before = valuesOf(settingsKey);
+    {
+        const MainWindow window;
+        QCOMPARE(isTicked(window, halconBox), ticked);
+        QCOMPARE(isTicked(window, corvantaBox), ticked);
+    }
+    // What is preset stays the machine's, and can be changed there.
+    QCOMPARE(valuesOf(settingsKey), before);
+    QCOMPARE(Registry::exists(machineKey), !preset.isNull());
+}
+
+void MainWindowPresetsTest::presetNumberCounts()
+{
+    Registry::setDword(machineKey, updateCheckHalcon, 1);
+    Registry::setDword(machineKey, updateCheckCorvanta, 0);
+    const MainWindow window;
+    QVERIFY(isTicked(window, halconBox));
+    QVERIFY(!isTicked(window, corvantaBox));
+}
+
+void MainWindowPresetsTest::presetChecksAtStart()
+{
+    Registry::setString(machineKey, updateCheckHalcon, "true");
+    const MainWindow window;
+    QTRY_COMPARE(machine->server.targets(), QList<QByteArray>{releaseList});
+}
+
+void MainWindowPresetsTest::choiceIsStoredForTheUserAlone_data()
+{
+    QTest::addColumn<QString>("preset");
+    QTest::addColumn<QString>("chosen");
+
+    QTest::newRow("switched off") << "true" << "false";
+    QTest::newRow("switched on") << "false" << "true";
+}
+
+void MainWindowPresetsTest::choiceIsStoredForTheUserAlone()
+{
+    QFETCH(QString, preset);
+    QFETCH(QString, chosen);
+    Registry::setString(machineKey, updateCheckHalcon, preset);
+    {
+        MainWindow window;
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        click(window, halconBox);
+    }
+    QCOMPARE(valuesOf(machineKey), QStringList{updateCheckHalcon + '=' + preset});
+    QCOMPARE(valuesOf(settingsKey), QStringList{updateCheckHalcon + '=' + chosen});
+    const MainWindow again;
+    QCOMPARE(isTicked(again, halconBox), chosen == "true");
+}
+
+QTEST_MAIN(MainWindowPresetsTest)
+
+#include "MainWindowPresetsTest.moc"
