@@ -1,0 +1,79 @@
+#include <QProcess>
+#include <QtTest>
+
+namespace {
+
+constexpr int timeoutMilliseconds = 20000;
+
+/// Windows' name for the end of a program that has noticed an overflow is STATUS_STACK_BUFFER_OVERRUN.
+constexpr auto overrun = static_cast<int>(0xC0000409U);
+/// What abort() makes the C library end a program with.
+constexpr int aborted = 3;
+
+/// Runs the careless program to its end. Its exit code is -1 when it did not start or did not end.
+int runCareless(const QStringList &arguments, QByteArray *output = nullptr, QByteArray *errors = nullptr)
+{
+    QProcess process;
+    process.start(CARELESS_EXECUTABLE, arguments);
+    if (!process.waitForFinished(timeoutMilliseconds)) {
+        return -1;
+    }
+    if (output != nullptr) {
+        *output = process.readAllStandardOutput();
+    }
+    if (errors != nullptr) {
+        *errors = process.readAllStandardError();
+    }
+    return process.exitCode();
+}
+
+} // namespace
+
+class BufferGuardTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void mistakesEndTheProgram_data();
+    void mistakesEndTheProgram();
+    void missingElementIsNamed();
+    void guardDiffersFromRunToRun();
+};
+
+void BufferGuardTest::mistakesEndTheProgram_data()
+{
+    QTest::addColumn<QString>("mistake");
+    QTest::addColumn<int>("exitCode");
+    QTest::newRow("past the end of a buffer on the stack") << "stack" << overrun;
+    QTest::newRow("more copied than fits") << "copy" << overrun;
+    QTest::newRow("element that is not there") << "element" << aborted;
+}
+
+void BufferGuardTest::mistakesEndTheProgram()
+{
+    QFETCH(QString, mistake);
+    QFETCH(int, exitCode);
+    QCOMPARE(runCareless({mistake, "within bounds"}), 0);
+    QCOMPARE(runCareless({mistake}), exitCode);
+}
+
+void BufferGuardTest::missingElementIsNamed()
+{
+    QByteArray errors;
+    runCareless({"element"}, nullptr, &errors);
+    QVERIFY2(errors.contains("Assertion '__n < this->size()' failed."), errors.constData());
+}
+
+void BufferGuardTest::guardDiffersFromRunToRun()
+{
+    QByteArray first;
+    QByteArray second;
+    QCOMPARE(runCareless({"guard"}, &first), 0);
+    QCOMPARE(runCareless({"guard"}, &second), 0);
+    QVERIFY2(first != second, first.constData());
+    // The byte that stops what reads or copies text.
+    QVERIFY2(first.endsWith("00"), first.constData());
+}
+
+QTEST_GUILESS_MAIN(BufferGuardTest)
+
+#include "BufferGuardTest_win.moc"
