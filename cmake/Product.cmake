@@ -3,6 +3,9 @@ set(CORVANTA_NAME "Corvanta for HALCON")
 set(CORVANTA_PUBLISHER "Quorvik Solutions")
 set(CORVANTA_COPYRIGHT "Copyright (C) 2026 ${CORVANTA_PUBLISHER}")
 set(CORVANTA_SUMMARY "Launcher and version manager for HALCON")
+# The version as the four numbers of a version resource.
+string(REPLACE "." "," CORVANTA_VERSION_NUMBERS "${PROJECT_VERSION}.0.0.0")
+string(REGEX MATCH "^[0-9]+,[0-9]+,[0-9]+,[0-9]+" CORVANTA_VERSION_NUMBERS "${CORVANTA_VERSION_NUMBERS}")
 
 # The licence of our own code as an SPDX expression. While it is empty all rights are reserved, and no package but a
 # demo can be made.
