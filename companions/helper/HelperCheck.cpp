@@ -15,17 +15,10 @@ constexpr std::array<const wchar_t *, 4> variableNames{L"HALCONROOT", L"HALCONAR
 constexpr std::array<const wchar_t *, 4> libraryNames{L"halconx.dll", L"halconxxl.dll", L"hdevenginex.dll",
                                                       L"hdevenginexxl.dll"};
 
-/// What is said of a path: the end of a sentence.
-std::wstring sentence(const std::wstring &path, const std::wstring &end)
-{
-    const bool quoted = path.empty() || path.front() == L' ' || path.back() == L' ';
-    return (quoted ? L'"' + shown(path) + L'"' : shown(path)) + L' ' + end + L'.';
-}
-
 std::wstring refusalOfVariable(const EnvironmentAssignment &assignment)
 {
     if (std::find(variableNames.begin(), variableNames.end(), assignment.name) == variableNames.end()) {
-        return L"The variable \"" + shown(assignment.name) + L"\" is none of HALCON's.";
+        return L"The variable " + shown(assignment.name) + L" is none of HALCON's.";
     }
     if (assignment.value.size() > HelperLimits::text) {
         return L"The value of " + assignment.name + L" is longer than " +

@@ -26,6 +26,13 @@ bool isSecondHalf(wchar_t character)
     return character >= 0xDC00 && character <= 0xDFFF;
 }
 
+/// Whether a character breaks lines, or changes the direction of what follows.
+bool movesText(wchar_t character)
+{
+    return character == 0x061C || character == 0x200E || character == 0x200F ||
+           (character >= 0x2028 && character <= 0x202E) || (character >= 0x2066 && character <= 0x2069);
+}
+
 bool hasLoneHalf(const std::wstring &text)
 {
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -109,7 +116,7 @@ std::wstring faultOfPath(const std::wstring &path, PathRoot root)
     const std::vector<std::wstring> parts = partsOf(path);
     const auto odd = std::find_if_not(share ? parts.begin() : parts.begin() + 1, parts.end(), isPlainPart);
     if (odd != parts.end()) {
-        return L"has the part \"" + shown(*odd) + L"\", which is no plain name";
+        return L"has the part " + shown(*odd) + L", which is no plain name";
     }
     // A server that begins so names one of Windows' redirectors instead, and the share is the next part.
     const bool redirector = share && parts[0].front() == L';';
@@ -149,11 +156,16 @@ std::wstring shown(const std::wstring &text)
 {
     constexpr std::size_t longest = 300;
     std::wstring result = text.size() > longest ? text.substr(0, longest) + L"..." : text;
-    if (!isCleanText(result)) {
-        const auto cannotBeShown = [](wchar_t character) {
-            return isControl(character) || isFirstHalf(character) || isSecondHalf(character);
-        };
-        std::replace_if(result.begin(), result.end(), cannotBeShown, L'?');
-    }
-    return result;
+    const bool loneHalf = hasLoneHalf(result);
+    const auto cannotBeShown = [loneHalf](wchar_t character) {
+        return isControl(character) || movesText(character) || character == L'"' ||
+               (loneHalf && (isFirstHalf(character) || isSecondHalf(character)));
+    };
+    std::replace_if(result.begin(), result.end(), cannotBeShown, L'?');
+    return L'"' + result + L'"';
+}
+
+std::wstring sentence(const std::wstring &path, const std::wstring &end)
+{
+    return shown(path) + L' ' + end + L'.';
 }

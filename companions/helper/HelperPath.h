@@ -31,6 +31,9 @@ std::wstring directoryOf(const std::wstring &path);
 /// Whether two names are the same but for the case of the letters A to Z.
 bool sameName(const std::wstring &one, const std::wstring &other);
 
-/// @p text, whatever it is, as a sentence can have it: shortened when it is very long, and with question marks for what
-/// cannot be shown.
+/// @p text, whatever it is, as a sentence can have it: in quotes, shortened when it is very long, and with question marks
+/// for what could make it look like something else, such as quotes and marks of direction.
 std::wstring shown(const std::wstring &text);
+
+/// A sentence that says @p end of a path.
+std::wstring sentence(const std::wstring &path, const std::wstring &end);

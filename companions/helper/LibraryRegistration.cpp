@@ -1,5 +1,7 @@
 #include "companions/helper/LibraryRegistration.h"
 
+#include "companions/helper/HelperPath.h"
+
 #include <exception>
 
 std::wstring registrationCommandLine(const std::wstring &regsvr32, const std::wstring &library)
@@ -13,11 +15,11 @@ std::wstring textOf(RegistrationResult result, const std::wstring &library)
     case RegistrationResult::registered:
         break;
     case RegistrationResult::notStarted:
-        return L"The registration of " + library + L" could not be started.";
+        return L"The registration of " + shown(library) + L" could not be started.";
     case RegistrationResult::failed:
-        return L"The registration of " + library + L" failed.";
+        return L"The registration of " + shown(library) + L" failed.";
     case RegistrationResult::timedOut:
-        return L"The registration of " + library + L" took too long and was ended.";
+        return L"The registration of " + shown(library) + L" took too long and was ended.";
     }
     return {};
 }

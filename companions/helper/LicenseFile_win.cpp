@@ -59,14 +59,14 @@ HelperOutcome replaceLicenseFile(const std::wstring &destination, const std::wst
     }
     ReplacementFile replacement(directory, directoryOf(target));
     if (replacement.place() == ReplacementFile::Place::elsewhere) {
-        return {HelperExitCode::refused, directoryOf(target) + L" leads elsewhere by now."};
+        return {HelperExitCode::refused, sentence(directoryOf(target), L"leads elsewhere by now")};
     }
     if (!replacement.write(contents.bytes)) {
         return {HelperExitCode::copyFailed,
-                L"A new file in " + directoryOf(target) + L" could not be written."};
+                L"A new file in " + shown(directoryOf(target)) + L" could not be written."};
     }
     if (!replacement.replace(target)) {
-        return {HelperExitCode::copyFailed, target + L" could not be replaced."};
+        return {HelperExitCode::copyFailed, sentence(target, L"could not be replaced")};
     }
     return {};
 }

@@ -148,7 +148,7 @@ void HelperCallsTest::failedFlush()
     const HelperOutcome outcome = replaceLicenseFile(toWide(target), toWide(source));
 
     QCOMPARE(outcome.code, HelperExitCode::copyFailed);
-    QCOMPARE(fromWide(outcome.reason), "A new file in " + license + " could not be written.");
+    QCOMPARE(fromWide(outcome.reason), "A new file in \"" + license + "\" could not be written.");
     QCOMPARE(flushes.size(), 1);
     QCOMPARE(read(target), QByteArray("old"));
     QCOMPARE(QDir(license).entryList(QDir::Files), QStringList{"license.dat"});

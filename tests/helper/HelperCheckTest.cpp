@@ -53,13 +53,13 @@ void HelperCheckTest::whatIsThere_data()
     QTest::addColumn<QString>("file"); // why it is refused as such; empty where it is not
     QTest::addColumn<QString>("directory");
     QTest::addColumn<QString>("destination");
-    const QString missing = "C:\\a b\\x does not exist.";
-    const QString link = "C:\\a b\\x is a reparse point, such as a link or a junction.";
-    const QString detour = "C:\\a b\\x lies elsewhere than its path says.";
-    const QString isDirectory = "C:\\a b\\x is a directory.";
-    const QString noDirectory = "C:\\a b\\x is not a directory.";
-    const QString unreadable = "C:\\a b\\x cannot be read (Windows' error 5).";
-    const QString device = "C:\\a b\\x is no file on a disk.";
+    const QString missing = "\"C:\\a b\\x\" does not exist.";
+    const QString link = "\"C:\\a b\\x\" is a reparse point, such as a link or a junction.";
+    const QString detour = "\"C:\\a b\\x\" lies elsewhere than its path says.";
+    const QString isDirectory = "\"C:\\a b\\x\" is a directory.";
+    const QString noDirectory = "\"C:\\a b\\x\" is not a directory.";
+    const QString unreadable = "\"C:\\a b\\x\" cannot be read (Windows' error 5).";
+    const QString device = "\"C:\\a b\\x\" is no file on a disk.";
     const auto row = [](const char *name, const FileFacts &facts, const QString &file,
                         const QString &directory, const QString &destination) {
         QTest::newRow(name) << facts << file << directory << destination;
@@ -76,8 +76,9 @@ void HelperCheckTest::whatIsThere_data()
     row("link to a directory", reparsePoint(Kind::directory), isDirectory, link, link);
     row("file elsewhere", elsewhere(Kind::file), "", detour, detour);
     row("directory elsewhere", elsewhere(Kind::directory), isDirectory, detour, detour);
-    row("nothing is known", FileFacts(), "C:\\a b\\x cannot be read (Windows' error 0).",
-        "C:\\a b\\x cannot be read (Windows' error 0).", "C:\\a b\\x cannot be read (Windows' error 0).");
+    row("nothing is known", FileFacts(), "\"C:\\a b\\x\" cannot be read (Windows' error 0).",
+        "\"C:\\a b\\x\" cannot be read (Windows' error 0).",
+        "\"C:\\a b\\x\" cannot be read (Windows' error 0).");
 }
 
 void HelperCheckTest::whatIsThere()
@@ -92,10 +93,10 @@ void HelperCheckTest::whatIsThere()
 
 void HelperCheckTest::sizes()
 {
-    QCOMPARE(fromWide(refusalOfSize(L"C:\\x", 0)), QString("C:\\x is empty."));
+    QCOMPARE(fromWide(refusalOfSize(L"C:\\x", 0)), QString("\"C:\\x\" is empty."));
     QCOMPARE(fromWide(refusalOfSize(L"C:\\x", 1)), QString());
     QCOMPARE(fromWide(refusalOfSize(L"C:\\x", 1048576)), QString());
-    const QString tooLarge = "C:\\x is larger than 1048576 bytes, and no licence file.";
+    const QString tooLarge = "\"C:\\x\" is larger than 1048576 bytes, and no licence file.";
     QCOMPARE(fromWide(refusalOfSize(L"C:\\x", 1048577)), tooLarge);
     QCOMPARE(fromWide(refusalOfSize(L"C:\\x", (qint64(1) << 32) + 5)), tooLarge);
 }
@@ -106,13 +107,21 @@ void HelperCheckTest::shownTexts_data()
     QTest::addColumn<QString>("expected");
 
     QTest::newRow("plain") << "C:\\Größe 寸法 😀"
-                           << "C:\\Größe 寸法 😀";
-    QTest::newRow("longest") << QString(300, 'x') << QString(300, 'x');
-    QTest::newRow("too long") << QString(301, 'x') << QString(300, 'x') + "...";
+                           << "\"C:\\Größe 寸法 😀\"";
+    QTest::newRow("empty") << ""
+                           << "\"\"";
+    QTest::newRow("longest") << QString(300, 'x') << '"' + QString(300, 'x') + '"';
+    QTest::newRow("too long") << QString(301, 'x') << '"' + QString(300, 'x') + "...\"";
     QTest::newRow("control characters") << "a\nb\tc\x7F\u0085"
-                                        << "a?b?c??";
-    QTest::newRow("half a pair") << "a" + QString(QChar(0xD83D)) + "b" << "a?b";
-    QTest::newRow("cut within a pair") << QString(299, 'x') + "😀" << QString(299, 'x') + "?...";
+                                        << "\"a?b?c??\"";
+    QTest::newRow("quote") << "a\" is all right. \"b"
+                           << "\"a? is all right. ?b\"";
+    QTest::newRow("half a pair") << "a" + QString(QChar(0xD83D)) + "b" << "\"a?b\"";
+    QTest::newRow("cut within a pair") << QString(299, 'x') + "😀" << '"' + QString(299, 'x') + "?...\"";
+    for (const ushort mark : {0x061C, 0x200E, 0x200F, 0x2028, 0x2029, 0x202A, 0x202B, 0x202C, 0x202D, 0x202E,
+                              0x2066, 0x2067, 0x2068, 0x2069}) {
+        QTest::addRow("mark U+%04X", mark) << "שלום" + QString(QChar(mark)) + "😀" << "\"שלום?😀\"";
+    }
 }
 
 void HelperCheckTest::shownTexts()

@@ -202,29 +202,33 @@ void HelperCopyTest::refuses_data()
     QTest::addColumn<QString>("from");
     QTest::addColumn<QString>("reason");
     const auto row = [](const char *name, const QString &destination, const QString &from,
-                        const QString &reason) { QTest::newRow(name) << destination << from << reason; };
+                        const QString &refused, const QString &why) {
+        QTest::newRow(name) << destination << from << '"' + refused + "\" " + why + '.';
+    };
 
-    row("source missing", target, top + "\\missing.dat", top + "\\missing.dat does not exist.");
-    row("source's directory missing", target, top + "\\missing\\new.dat",
-        top + "\\missing\\new.dat does not exist.");
-    row("source's drive missing", target, "Q:\\new.dat", "Q:\\new.dat does not exist.");
-    row("source is a directory", target, top + "\\H", top + "\\H is a directory.");
-    row("file on the way to the source", target, source + "\\new.dat", source + "\\new.dat does not exist.");
-    row("source empty", target, top + "\\empty.dat", top + "\\empty.dat is empty.");
-    row("source too large", target, top + "\\large.dat",
-        top + "\\large.dat is larger than 1048576 bytes, and no licence file.");
-    row("license directory missing", top + "\\G\\license\\license.dat", source,
-        top + "\\G\\license does not exist.");
-    row("license directory's parent missing", top + "\\F\\G\\license\\license.dat", source,
-        top + "\\F does not exist.");
-    row("license directory is a file", top + "\\file\\license\\license.dat", source,
-        top + "\\file\\license is not a directory.");
-    row("license directory's drive missing", "Q:\\H\\license\\license.dat", source, "Q:\\H does not exist.");
-    row("directory of another name", top + "\\H\\bin\\license.dat", source,
-        top + "\\H\\bin\\license.dat does not lie in a directory named license.");
-    row("destination is a directory", license + "\\sub", source, license + "\\sub is a directory.");
+    row("source missing", target, top + "\\missing.dat", top + "\\missing.dat", "does not exist");
+    row("source's directory missing", target, top + "\\missing\\new.dat", top + "\\missing\\new.dat",
+        "does not exist");
+    row("source's drive missing", target, "Q:\\new.dat", "Q:\\new.dat", "does not exist");
+    row("source is a directory", target, top + "\\H", top + "\\H", "is a directory");
+    row("file on the way to the source", target, source + "\\new.dat", source + "\\new.dat",
+        "does not exist");
+    row("source empty", target, top + "\\empty.dat", top + "\\empty.dat", "is empty");
+    row("source too large", target, top + "\\large.dat", top + "\\large.dat",
+        "is larger than 1048576 bytes, and no licence file");
+    row("license directory missing", top + "\\G\\license\\license.dat", source, top + "\\G\\license",
+        "does not exist");
+    row("license directory's parent missing", top + "\\F\\G\\license\\license.dat", source, top + "\\F",
+        "does not exist");
+    row("license directory is a file", top + "\\file\\license\\license.dat", source, top + "\\file\\license",
+        "is not a directory");
+    row("license directory's drive missing", "Q:\\H\\license\\license.dat", source, "Q:\\H",
+        "does not exist");
+    row("directory of another name", top + "\\H\\bin\\license.dat", source, top + "\\H\\bin\\license.dat",
+        "does not lie in a directory named license");
+    row("destination is a directory", license + "\\sub", source, license + "\\sub", "is a directory");
     row("source written with slashes", target, QString(top).replace('\\', '/') + "//missing.dat",
-        top + "\\missing.dat does not exist.");
+        top + "\\missing.dat", "does not exist");
 }
 
 void HelperCopyTest::refuses()
@@ -253,13 +257,13 @@ void HelperCopyTest::refusesDetours_data()
     QTest::addColumn<QString>("destination");
     QTest::addColumn<QString>("reason");
     // Wine opens what a link leads to.
-    const QString link = " lies elsewhere than its path says.";
+    const QString link = "\" lies elsewhere than its path says.";
 
     QTest::newRow("license directory is a link")
-        << top + "\\G\\license\\license.dat" << top + "\\G\\license" + link;
+        << top + "\\G\\license\\license.dat" << '"' + top + "\\G\\license" + link;
     QTest::newRow("link on the way to the license directory")
-        << top + "\\link\\license\\license.dat" << top + "\\link" + link;
-    QTest::newRow("destination is a link") << license + "\\link.dat" << license + "\\link.dat" + link;
+        << top + "\\link\\license\\license.dat" << '"' + top + "\\link" + link;
+    QTest::newRow("destination is a link") << license + "\\link.dat" << '"' + license + "\\link.dat" + link;
 }
 
 /// What the detours of the destination lead to would be all right.
@@ -299,7 +303,7 @@ void HelperCopyTest::refusesAnotherDrive()
 
     const HelperResult result = run(line(elsewhere, source));
 
-    QVERIFY2(result.errors.endsWith(" lies elsewhere than its path says.\r\n"), result.errors);
+    QVERIFY2(result.errors.endsWith("\" lies elsewhere than its path says.\r\n"), result.errors);
     QCOMPARE(result.exitCode, 2);
     QVERIFY(tree(top) == before);
 }
@@ -375,16 +379,23 @@ void HelperCopyTest::overItself()
 
 void HelperCopyTest::failedCopyKeepsTheOldFile_data()
 {
+    QTest::addColumn<QString>("directory");
     QTest::addColumn<bool>("readOnly");
+    QTest::addColumn<QString>("named");
 
-    QTest::newRow("ordinary") << false;
-    QTest::newRow("read-only") << true;
+    QTest::newRow("ordinary") << license << false << license;
+    QTest::newRow("read-only") << license << true << license;
+    // What shows a path backwards could make the message say something else.
+    QTest::newRow("mark of direction") << top + "\\a\u202Eb\\license" << false << top + "\\a?b\\license";
 }
 
 /// An open file cannot be replaced. One that was read-only may not be so any more.
 void HelperCopyTest::failedCopyKeepsTheOldFile()
 {
+    QFETCH(QString, directory);
     QFETCH(bool, readOnly);
+    QFETCH(QString, named);
+    const QString target = directory + "\\license.dat";
     makeFile(target, "the old license");
     setReadOnly(target, readOnly);
     QFile open(target);
@@ -395,9 +406,11 @@ void HelperCopyTest::failedCopyKeepsTheOldFile()
     QCOMPARE(result.exitCode, 6);
     QCOMPARE(QString::fromUtf8(result.errors), "qz_com_helper: The licence file could not be copied. The old "
                                                "one, if there was one, holds what it held.\r\n" +
-                                                   target + " could not be replaced.\r\n");
+                                                   '"' + named +
+                                                   "\\license.dat\" could not be replaced.\r\n");
     QCOMPARE(open.readAll(), QByteArray("the old license"));
-    QCOMPARE(QDir(license).entryList(QDir::Files | QDir::Hidden | QDir::System), QStringList{"license.dat"});
+    QCOMPARE(QDir(directory).entryList(QDir::Files | QDir::Hidden | QDir::System),
+             QStringList{"license.dat"});
     open.close();
     QCOMPARE(read(target), QByteArray("the old license"));
     setReadOnly(target, false);

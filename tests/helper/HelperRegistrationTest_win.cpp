@@ -243,8 +243,8 @@ void HelperRegistrationTest::oneFails()
 
     QCOMPARE(QString::fromUtf8(result.errors),
              "qz_com_helper: The system variables are set, but not every COM library could be registered.\r\n"
-             "The registration of " +
-                 path("halconxxl.dll") + " failed.\r\n");
+             "The registration of \"" +
+                 path("halconxxl.dll") + "\" failed.\r\n");
     QCOMPARE(result.exitCode, 5);
     QCOMPARE(registeredPath("halconx"), path("halconx.dll"));
     QCOMPARE(registeredPath("hdevenginex"), path("hdevenginex.dll"));
@@ -270,7 +270,7 @@ void HelperRegistrationTest::refuses_data()
     QTest::addColumn<QString>("library");
     QTest::addColumn<QString>("reason");
     const auto row = [](const char *name, const QString &library, const QString &reason) {
-        QTest::newRow(name) << library << library + reason;
+        QTest::newRow(name) << library << '"' + library + "\"" + reason;
     };
 
     row("missing", top + "\\missing\\halconx.dll", " does not exist.");
@@ -339,7 +339,7 @@ void HelperRegistrationTest::refuses32BitWithoutItsSystem()
     const HelperResult result = run(line("--x86", {path("halconx.dll")}));
 
     QCOMPARE(result.errors, QByteArray("qz_com_helper: The request was refused. Nothing was changed.\r\n"
-                                       "C:\\windows\\syswow64\\regsvr32.exe does not exist.\r\n"));
+                                       "\"C:\\windows\\syswow64\\regsvr32.exe\" does not exist.\r\n"));
     QCOMPARE(result.exitCode, 2);
     QCOMPARE(values(environmentKey), before);
 }
@@ -375,7 +375,7 @@ void HelperRegistrationTest::goesOnBehindTheTimeLimit()
 
     QCOMPARE(result.code, HelperExitCode::librariesNotRegistered);
     QCOMPARE(fromWide(result.reason),
-             "The registration of " + path("halconx.dll") + " took too long and was ended.");
+             "The registration of \"" + path("halconx.dll") + "\" took too long and was ended.");
     QVERIFY(!hangs());
     QCOMPARE(registeredPath("hdevenginex"), path("hdevenginex.dll"));
     QCOMPARE(values(environmentKey)["HALCONROOT"], plainText("C:\\H"));

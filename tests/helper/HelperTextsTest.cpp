@@ -79,15 +79,15 @@ void HelperTextsTest::registrationCommandLine()
 
 void HelperTextsTest::registrationTexts()
 {
-    const std::wstring library = L"C:\\H\\halconx.dll";
+    const std::wstring library = L"C:\\H\x202E\\halconx.dll";
 
     QCOMPARE(fromWide(textOf(RegistrationResult::registered, library)), QString());
     QCOMPARE(fromWide(textOf(RegistrationResult::notStarted, library)),
-             QString("The registration of C:\\H\\halconx.dll could not be started."));
+             QString("The registration of \"C:\\H?\\halconx.dll\" could not be started."));
     QCOMPARE(fromWide(textOf(RegistrationResult::failed, library)),
-             QString("The registration of C:\\H\\halconx.dll failed."));
+             QString("The registration of \"C:\\H?\\halconx.dll\" failed."));
     QCOMPARE(fromWide(textOf(RegistrationResult::timedOut, library)),
-             QString("The registration of C:\\H\\halconx.dll took too long and was ended."));
+             QString("The registration of \"C:\\H?\\halconx.dll\" took too long and was ended."));
 }
 
 QTEST_APPLESS_MAIN(HelperTextsTest)

@@ -15,9 +15,16 @@ const QString sameLibrary = " is the second library of this name.";
 const QString notInLicense = " does not lie in a directory named license.";
 const QString noFileOnAShare = " names no file on a share.";
 
+/// What the refusals show of a text: nothing that cannot be shown.
+QString shown(QString text)
+{
+    static const QRegularExpression unshown("[\\x{00}-\\x{1F}\"\\x{202E}]");
+    return '"' + text.replace(unshown, "?").replace(QChar(0xDC00), '?') + '"';
+}
+
 QString otherVariable(const QString &name)
 {
-    return "The variable \"" + name + "\" is none of HALCON's.";
+    return "The variable " + shown(name) + " is none of HALCON's.";
 }
 
 QString oddPart(const QString &part)
@@ -45,12 +52,6 @@ QString registering(const QString &library)
     return allVariables + "--x64 \"" + library + '"';
 }
 
-/// What the refusals show of a text: nothing that cannot be shown.
-QString shown(QString text)
-{
-    return text.replace(QRegularExpression("[\\x{00}-\\x{1F}]"), "?").replace(QChar(0xDC00), '?');
-}
-
 /// In a copy the line is wrong because of the destination, once more because of the source.
 void addPaths(QVector<HostileLine> &lines, const char *inLibrary, const char *inDestination,
               const char *inSource, const QString &directory, const QString &why,
@@ -62,7 +63,7 @@ void addPaths(QVector<HostileLine> &lines, const char *inLibrary, const char *in
     // Where a part is named, it may be the file's name.
     const auto refusal = [&](const QString &path, const QString &name, QString reason) {
         reason.replace("FILE", name + end);
-        return (path.endsWith(' ') ? '"' + path + '"' : shown(path)) + reason;
+        return shown(path) + reason;
     };
     const QString inSourceToo =
         !whyInSource.isEmpty() ? whyInSource : (why == noDrive ? noDriveNorShare : why);
@@ -78,8 +79,8 @@ void addShares(QVector<HostileLine> &lines, const char *inLibrary, const char *i
 {
     const QString library = directory + "halconx.dll";
     const QString to = directory + "license.dat";
-    lines.append({inLibrary, registering(library), library + noDrive});
-    lines.append({inDestination, "--copy=\"" + to + "\" " + source, to + noDrive});
+    lines.append({inLibrary, registering(library), shown(library) + noDrive});
+    lines.append({inDestination, "--copy=\"" + to + "\" " + source, shown(to) + noDrive});
 }
 
 } // namespace
@@ -174,6 +175,8 @@ QVector<HostileLine> variables()
         {"name with a foreign letter", "--env HALC\u041ENROOT=\"C:\\H\"", otherVariable("HALC\u041ENROOT")},
         {"name with an invisible character", "--env HALCONROOT\u200B=\"C:\\H\"",
          otherVariable("HALCONROOT\u200B")},
+        {"name with a mark of direction", "--env HALCON\u202EROOT=\"C:\\H\"",
+         "The variable \"HALCON?ROOT\" is none of HALCON's."},
         {"name twice", "--env HALCONROOT=\"C:\\H\" --env HALCONROOT=\"C:\\I\"",
          "The variable HALCONROOT is named twice."},
         {"name twice with the same value", root + root, "The variable HALCONROOT is named twice."},
@@ -229,61 +232,63 @@ QVector<HostileLine> libraries()
         {"comma between libraries", allVariables + "--x64" + library + ',' + secondLibrary, form},
         {"text behind a library", allVariables + "--x64" + library + "x", form},
         {"option of regsvr32", allVariables + "--x64 /u" + library, form},
-        {"option of regsvr32 in quotes", allVariables + "--x64 \"/u\"" + library, "/u" + noDrive},
+        {"option of regsvr32 in quotes", allVariables + "--x64 \"/u\"" + library, shown("/u") + noDrive},
         {"library with an option", registering("/i:x " + directory + "halconx.dll"),
-         "/i:x " + directory + "halconx.dll" + noDrive},
-        {"empty library", registering(""), "\"\"" + noDrive},
-        {"blank library", registering(" "), "\" \"" + noDrive},
-        {"directory as library", registering(directory), directory + noFile},
-        {"drive as library", registering("C:\\"), "C:\\" + noFile},
-        {"drive as library behind a slash", registering("C:/"), "C:/" + noFile},
-        {"library without its path", registering("halconx.dll"), "halconx.dll" + noDrive},
+         shown("/i:x " + directory + "halconx.dll") + noDrive},
+        {"empty library", registering(""), shown("") + noDrive},
+        {"blank library", registering(" "), shown(" ") + noDrive},
+        {"directory as library", registering(directory), shown(directory) + noFile},
+        {"drive as library", registering("C:\\"), shown("C:\\") + noFile},
+        {"drive as library behind a slash", registering("C:/"), shown("C:/") + noFile},
+        {"library without its path", registering("halconx.dll"), shown("halconx.dll") + noDrive},
         {"library's path too long", registering("C:\\" + QString(246, 'x') + "\\halconx.dll"),
-         "C:\\" + QString(246, 'x') + "\\halconx.dll is longer than 259 characters."},
-        {"other library", registering(directory + "evil.dll"), directory + "evil.dll" + otherLibrary},
+         "\"C:\\" + QString(246, 'x') + "\\halconx.dll\" is longer than 259 characters."},
+        {"other library behind a mark of direction", registering("C:\\a\u202Ell\\evil.dll"),
+         "\"C:\\a?ll\\evil.dll\"" + otherLibrary},
+        {"other library", registering(directory + "evil.dll"), shown(directory + "evil.dll") + otherLibrary},
         {"HALCON's library that is no COM library", registering(directory + "halcon.dll"),
-         directory + "halcon.dll" + otherLibrary},
+         shown(directory + "halcon.dll") + otherLibrary},
         {"library with another ending", registering(directory + "halconx.ocx"),
-         directory + "halconx.ocx" + otherLibrary},
+         shown(directory + "halconx.ocx") + otherLibrary},
         {"library without its ending", registering(directory + "halconx"),
-         directory + "halconx" + otherLibrary},
+         shown(directory + "halconx") + otherLibrary},
         {"library with two endings", registering(directory + "halconx.dll.exe"),
-         directory + "halconx.dll.exe" + otherLibrary},
+         shown(directory + "halconx.dll.exe") + otherLibrary},
         {"library's name longer at the front", registering(directory + "xhalconx.dll"),
-         directory + "xhalconx.dll" + otherLibrary},
+         shown(directory + "xhalconx.dll") + otherLibrary},
         {"library's name with a foreign letter", registering(directory + "halc\u043Enx.dll"),
-         directory + "halc\u043Enx.dll" + otherLibrary},
+         shown(directory + "halc\u043Enx.dll") + otherLibrary},
         {"library's name with a dotless letter", registering(directory + "hdevengınex.dll"),
-         directory + "hdevengınex.dll" + otherLibrary},
+         shown(directory + "hdevengınex.dll") + otherLibrary},
         {"directory named as a library", registering(directory + "halconx.dll\\evil.dll"),
-         directory + "halconx.dll\\evil.dll" + otherLibrary},
-        {"library twice", allVariables + "--x64" + library + library, unquoted(library) + sameLibrary},
+         shown(directory + "halconx.dll\\evil.dll") + otherLibrary},
+        {"library twice", allVariables + "--x64" + library + library, shown(unquoted(library)) + sameLibrary},
         {"library twice in other case", allVariables + "--x64" + library + library.toUpper(),
-         unquoted(library.toUpper()) + sameLibrary},
+         shown(unquoted(library.toUpper())) + sameLibrary},
         {"library twice, once with slashes",
          allVariables + "--x64" + library + QString(library).replace('\\', '/'),
-         unquoted(QString(library).replace('\\', '/')) + sameLibrary},
+         shown(unquoted(QString(library).replace('\\', '/'))) + sameLibrary},
         {"other library with slashes", registering("C:/Helper test/HALCON-20.11/bin/x64-win64/evil.dll"),
-         "C:/Helper test/HALCON-20.11/bin/x64-win64/evil.dll" + otherLibrary},
+         shown("C:/Helper test/HALCON-20.11/bin/x64-win64/evil.dll") + otherLibrary},
         {"library twice with another between", allVariables + "--x64" + library + secondLibrary + library,
-         unquoted(library) + sameLibrary},
+         shown(unquoted(library)) + sameLibrary},
         {"library's name twice in two directories", allVariables + "--x64" + library + " \"C:\\halconx.dll\"",
-         "C:\\halconx.dll" + sameLibrary},
+         shown("C:\\halconx.dll") + sameLibrary},
         {"bad library behind a good one", allVariables + "--x64" + library + " \"" + directory + "evil.dll\"",
-         directory + "evil.dll" + otherLibrary},
+         shown(directory + "evil.dll") + otherLibrary},
     };
 }
 
 QVector<HostileLine> copies()
 {
     const QString copy = "--copy=" + destination + ' ' + source;
-    const QString tooLong = "C:\\" + QString(297, 'x') + "... is longer than 4096 characters.";
+    const QString tooLong = "\"C:\\" + QString(297, 'x') + "...\" is longer than 4096 characters.";
     return {
         {"copy alone", "--copy", form},
         {"copy without paths", "--copy=", form},
         {"copy without a source", "--copy=" + destination, form},
-        {"copy with an empty source", "--copy=" + destination + " \"\"", "\"\"" + noDriveNorShare},
-        {"copy with an empty destination", "--copy=\"\" " + source, "\"\"" + noDrive},
+        {"copy with an empty source", "--copy=" + destination + " \"\"", shown("") + noDriveNorShare},
+        {"copy with an empty destination", "--copy=\"\" " + source, shown("") + noDrive},
         {"copy with nothing behind the blank", "--copy=" + destination + ' ', form},
         {"copy without an equals sign", "--copy " + destination + ' ' + source, form},
         {"blank behind the equals sign of copy", "--copy= " + destination + ' ' + source, form},
@@ -306,38 +311,39 @@ QVector<HostileLine> copies()
         {"all in one pair of quotes", "--copy=\"C:\\H\\license\\license.dat C:\\new.dat\"", form},
         {"option in quotes", "\"--copy=C:\\H\\license\\license.dat\" " + source, form},
         {"destination is a directory", "--copy=\"C:\\Helper test\\HALCON-20.11\\license\\\" " + source,
-         "C:\\Helper test\\HALCON-20.11\\license\\" + noFile},
+         shown("C:\\Helper test\\HALCON-20.11\\license\\") + noFile},
         {"source is a directory", "--copy=" + destination + " \"C:\\Helper test\\\"",
-         "C:\\Helper test\\" + noFile},
+         shown("C:\\Helper test\\") + noFile},
         {"destination is the license directory",
          "--copy=\"C:\\Helper test\\HALCON-20.11\\license\" " + source,
-         "C:\\Helper test\\HALCON-20.11\\license" + notInLicense},
+         shown("C:\\Helper test\\HALCON-20.11\\license") + notInLicense},
         {"destination in another directory",
          "--copy=\"C:\\Helper test\\HALCON-20.11\\license.dat\" " + source,
-         "C:\\Helper test\\HALCON-20.11\\license.dat" + notInLicense},
+         shown("C:\\Helper test\\HALCON-20.11\\license.dat") + notInLicense},
         {"destination among the system's files", "--copy=\"C:\\windows\\system32\\license.dll\" " + source,
-         "C:\\windows\\system32\\license.dll" + notInLicense},
+         shown("C:\\windows\\system32\\license.dll") + notInLicense},
         {"destination below the license directory",
          "--copy=\"C:\\Helper test\\HALCON-20.11\\license\\sub\\license.dat\" " + source,
-         "C:\\Helper test\\HALCON-20.11\\license\\sub\\license.dat" + notInLicense},
+         shown("C:\\Helper test\\HALCON-20.11\\license\\sub\\license.dat") + notInLicense},
         {"destination below the license directory with slashes",
          "--copy=\"C:/Helper test/HALCON-20.11/license/sub/license.dat\" " + source,
-         "C:/Helper test/HALCON-20.11/license/sub/license.dat" + notInLicense},
+         shown("C:/Helper test/HALCON-20.11/license/sub/license.dat") + notInLicense},
         {"directory named licence",
          "--copy=\"C:\\Helper test\\HALCON-20.11\\licence\\license.dat\" " + source,
-         "C:\\Helper test\\HALCON-20.11\\licence\\license.dat" + notInLicense},
+         shown("C:\\Helper test\\HALCON-20.11\\licence\\license.dat") + notInLicense},
         {"directory named license and more",
          "--copy=\"C:\\Helper test\\HALCON-20.11\\licenses\\license.dat\" " + source,
-         "C:\\Helper test\\HALCON-20.11\\licenses\\license.dat" + notInLicense},
+         shown("C:\\Helper test\\HALCON-20.11\\licenses\\license.dat") + notInLicense},
         {"directory named license with a foreign letter",
          "--copy=\"C:\\Helper test\\HALCON-20.11\\l\u0456cense\\license.dat\" " + source,
-         "C:\\Helper test\\HALCON-20.11\\l\u0456cense\\license.dat" + notInLicense},
-        {"destination on the drive itself", "--copy=\"C:\\license\" " + source, "C:\\license" + notInLicense},
+         shown("C:\\Helper test\\HALCON-20.11\\l\u0456cense\\license.dat") + notInLicense},
+        {"destination on the drive itself", "--copy=\"C:\\license\" " + source,
+         shown("C:\\license") + notInLicense},
         {"destination too long", "--copy=\"C:\\" + QString(4096, 'x') + "\\license\\license.dat\" " + source,
          tooLong},
         {"source too long", "--copy=" + destination + " \"C:\\" + QString(4096, 'x') + '"', tooLong},
         {"source and destination on one relative path", "--copy=\"license\\a\" \"b\"",
-         "license\\a" + noDrive},
+         shown("license\\a") + noDrive},
     };
 }
 
@@ -422,7 +428,7 @@ QVector<HostileLine> paths()
     addPaths(lines, "library with half a surrogate pair", "destination with half a surrogate pair",
              "source with half a surrogate pair", "C:\\" + QString(QChar(0xDC00)) + "\\license\\", unclean);
     const auto source = [&lines](const char *name, const QString &path, const QString &why) {
-        lines.append({name, "--copy=" + destination + " \"" + path + '"', path + why});
+        lines.append({name, "--copy=" + destination + " \"" + path + '"', shown(path) + why});
     };
     source("source is a server", R"(\\server)", noFileOnAShare);
     source("source is a share", R"(\\server\share)", noFileOnAShare);

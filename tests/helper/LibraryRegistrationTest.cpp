@@ -44,8 +44,9 @@ void LibraryRegistrationTest::goesOnAfterAFailure()
         });
 
     QVERIFY(!summary.complete);
-    QCOMPARE(fromWide(summary.reason), QString("The registration of C:\\a.dll failed.\r\n"
-                                               "The registration of C:\\c.dll took too long and was ended."));
+    QCOMPARE(fromWide(summary.reason),
+             QString("The registration of \"C:\\a.dll\" failed.\r\n"
+                     "The registration of \"C:\\c.dll\" took too long and was ended."));
     QCOMPARE(tried.size(), 3);
 }
 
