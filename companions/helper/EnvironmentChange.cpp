@@ -28,46 +28,40 @@ StoredValue changed(const std::optional<StoredValue> &before, const EnvironmentA
 }
 
 /// False also when it throws: whatever goes wrong after the first change, the rest must be seen to.
-template <typename Change>
-bool succeeds(Change change)
+bool write(EnvironmentStore &store, const std::wstring &name, const std::optional<StoredValue> &value)
 {
     try {
-        return change();
+        return store.write(name, value);
     } catch (const std::exception &) {
         return false;
     }
 }
 
-bool restore(EnvironmentStore &store, const std::wstring &name, const std::optional<StoredValue> &before)
-{
-    return succeeds([&] { return before ? store.write(name, *before) : store.remove(name); });
-}
-
 } // namespace
 
-EnvironmentResult changeEnvironment(EnvironmentStore &store,
-                                    const std::vector<EnvironmentAssignment> &assignments)
+HelperExitCode changeEnvironment(EnvironmentStore &store,
+                                 const std::vector<EnvironmentAssignment> &assignments)
 {
     // All that takes memory comes before the first change.
     std::vector<std::optional<StoredValue>> before(assignments.size());
-    std::vector<StoredValue> after;
+    std::vector<std::optional<StoredValue>> after;
     for (std::size_t i = 0; i < assignments.size(); ++i) {
         if (!store.read(assignments[i].name, before[i])) {
-            return EnvironmentResult::restored;
+            return HelperExitCode::variablesRestored;
         }
         after.push_back(changed(before[i], assignments[i]));
     }
     for (std::size_t i = 0; i < assignments.size(); ++i) {
-        if (succeeds([&] { return store.write(assignments[i].name, after[i]); })) {
+        if (write(store, assignments[i].name, after[i])) {
             continue;
         }
-        EnvironmentResult result = EnvironmentResult::restored;
+        HelperExitCode result = HelperExitCode::variablesRestored;
         while (i-- > 0) {
-            if (!restore(store, assignments[i].name, before[i])) {
-                result = EnvironmentResult::notRestored;
+            if (!write(store, assignments[i].name, before[i])) {
+                result = HelperExitCode::variablesNotRestored;
             }
         }
         return result;
     }
-    return EnvironmentResult::done;
+    return HelperExitCode::done;
 }

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "companions/helper/HelperExitCode.h"
 #include "companions/helper/HelperRequest.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -23,20 +25,16 @@ public:
 
     /// Stores what is there in @p value, nothing when there is no such value. False when that cannot be found out.
     virtual bool read(const std::wstring &name, std::optional<StoredValue> &value) = 0;
-    /// Makes or replaces a value. False when that fails; then nothing has changed.
-    virtual bool write(const std::wstring &name, const StoredValue &value) = 0;
-    /// Removes a value that is there. False when that fails.
-    virtual bool remove(const std::wstring &name) = 0;
+    /// Makes or replaces a value, or removes one that is there. False when that fails; then nothing has changed.
+    virtual bool write(const std::wstring &name, const std::optional<StoredValue> &value) = 0;
 };
 
-enum class EnvironmentResult {
-    done,
-    restored,    ///< something failed, and all values are as they were
-    notRestored, ///< something failed, and so did putting a value back
-};
+/// The machine's variables in the registry; without their key, or without the right to change it, all that is asked of
+/// them fails. Windows only.
+std::unique_ptr<EnvironmentStore> machineEnvironment();
 
 /// Sets the variables in the order given. A value that is text keeps its type, with or without variables to expand;
-/// all others become plain text. When one cannot be set, those before it are put back as they were. Throws only before
-/// the first change.
-EnvironmentResult changeEnvironment(EnvironmentStore &store,
-                                    const std::vector<EnvironmentAssignment> &assignments);
+/// all others become plain text. When one cannot be set, those before it are put back as they were; the result tells
+/// whether all of them could be. Throws only before the first change.
+HelperExitCode changeEnvironment(EnvironmentStore &store,
+                                 const std::vector<EnvironmentAssignment> &assignments);

@@ -1,30 +1,12 @@
 #include "companions/helper/MachineSwitch.h"
 
+#include "companions/helper/EnvironmentChange.h"
 #include "companions/helper/HeldPath.h"
 #include "companions/helper/HelperPath.h"
 #include "companions/helper/LibraryRegistration.h"
-#include "companions/helper/RegistryEnvironment.h"
 
 #include <functional>
 #include <utility>
-
-namespace {
-
-HelperOutcome setVariables(const std::vector<EnvironmentAssignment> &assignments)
-{
-    RegistryEnvironment store;
-    switch (changeEnvironment(store, assignments)) {
-    case EnvironmentResult::done:
-        return {};
-    case EnvironmentResult::restored:
-        return {HelperExitCode::variablesRestored, {}};
-    case EnvironmentResult::notRestored:
-        break;
-    }
-    return {HelperExitCode::variablesNotRestored, {}};
-}
-
-} // namespace
 
 HelperOutcome switchMachine(const HelperRequest &request, std::chrono::milliseconds timeLimit)
 {
@@ -49,7 +31,7 @@ HelperOutcome switchMachine(const HelperRequest &request, std::chrono::milliseco
     const std::function registerOne = [&](const std::wstring &library) {
         return registerLibrary(regsvr32, withSingleBackslashes(library), timeLimit);
     };
-    HelperOutcome result = setVariables(request.environment);
+    HelperOutcome result{changeEnvironment(*machineEnvironment(), request.environment), {}};
     if (result.code == HelperExitCode::done) {
         RegistrationSummary summary = registerLibraries(request.libraries, registerOne);
         result.code = summary.complete ? HelperExitCode::done : HelperExitCode::librariesNotRegistered;

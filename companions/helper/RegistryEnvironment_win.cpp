@@ -1,68 +1,66 @@
-#include "companions/helper/RegistryEnvironment.h"
+#include "companions/helper/EnvironmentChange.h"
 
 #include <windows.h>
 
-/// An open registry key, closed with its owner; null when it could not be opened.
-class RegistryEnvironment::Key {
+namespace {
+
+class RegistryEnvironment : public EnvironmentStore {
 public:
-    Key()
+    RegistryEnvironment()
     {
-        const LSTATUS status = RegOpenKeyExW(
-            HKEY_LOCAL_MACHINE, L"SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment", 0,
-            KEY_QUERY_VALUE | KEY_SET_VALUE | KEY_WOW64_64KEY, &handle);
-        if (status != ERROR_SUCCESS) {
-            handle = nullptr;
+        if (RegOpenKeyExW(HKEY_LOCAL_MACHINE,
+                          L"SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment", 0,
+                          KEY_QUERY_VALUE | KEY_SET_VALUE | KEY_WOW64_64KEY, &key) != ERROR_SUCCESS) {
+            key = nullptr;
         }
     }
-    Key(const Key &) = delete;
-    Key &operator=(const Key &) = delete;
-    ~Key()
+    RegistryEnvironment(const RegistryEnvironment &) = delete;
+    RegistryEnvironment &operator=(const RegistryEnvironment &) = delete;
+    ~RegistryEnvironment() override
     {
-        if (handle != nullptr) {
-            RegCloseKey(handle);
+        if (key != nullptr) {
+            RegCloseKey(key);
         }
     }
-    HKEY get() const { return handle; }
+
+    bool read(const std::wstring &name, std::optional<StoredValue> &value) override
+    {
+        StoredValue found;
+        DWORD size = 0;
+        LSTATUS status = ERROR_MORE_DATA;
+        // Somebody may make the value longer between two calls.
+        while (status == ERROR_MORE_DATA) {
+            found.bytes.resize(size);
+            DWORD type = REG_NONE;
+            // Without a buffer the call would succeed whatever the size.
+            BYTE nothing = 0;
+            status = RegQueryValueExW(key, name.c_str(), nullptr, &type,
+                                      size == 0 ? &nothing : found.bytes.data(), &size);
+            found.type = type;
+        }
+        value.reset();
+        if (status == ERROR_SUCCESS) {
+            found.bytes.resize(size);
+            value = found;
+        }
+        return status == ERROR_SUCCESS || status == ERROR_FILE_NOT_FOUND;
+    }
+
+    bool write(const std::wstring &name, const std::optional<StoredValue> &value) override
+    {
+        const LSTATUS status = value ? RegSetValueExW(key, name.c_str(), 0, value->type, value->bytes.data(),
+                                                      static_cast<DWORD>(value->bytes.size()))
+                                     : RegDeleteValueW(key, name.c_str());
+        return status == ERROR_SUCCESS;
+    }
 
 private:
-    HKEY handle = nullptr;
+    HKEY key = nullptr;
 };
 
-RegistryEnvironment::RegistryEnvironment() : key(std::make_unique<Key>()) {}
+} // namespace
 
-RegistryEnvironment::~RegistryEnvironment() = default;
-
-bool RegistryEnvironment::read(const std::wstring &name, std::optional<StoredValue> &value)
+std::unique_ptr<EnvironmentStore> machineEnvironment()
 {
-    StoredValue found;
-    DWORD size = 0;
-    LSTATUS status = ERROR_MORE_DATA;
-    // Somebody may make the value longer between two calls.
-    while (status == ERROR_MORE_DATA) {
-        found.bytes.resize(size);
-        DWORD type = REG_NONE;
-        // Without a buffer the call would succeed whatever the size.
-        BYTE nothing = 0;
-        status = RegQueryValueExW(key->get(), name.c_str(), nullptr, &type,
-                                  size == 0 ? &nothing : found.bytes.data(), &size);
-        found.type = type;
-    }
-    if (status == ERROR_SUCCESS) {
-        found.bytes.resize(size);
-        value = found;
-    } else {
-        value.reset();
-    }
-    return status == ERROR_SUCCESS || status == ERROR_FILE_NOT_FOUND;
-}
-
-bool RegistryEnvironment::write(const std::wstring &name, const StoredValue &value)
-{
-    return RegSetValueExW(key->get(), name.c_str(), 0, value.type, value.bytes.data(),
-                          static_cast<DWORD>(value.bytes.size())) == ERROR_SUCCESS;
-}
-
-bool RegistryEnvironment::remove(const std::wstring &name)
-{
-    return RegDeleteValueW(key->get(), name.c_str()) == ERROR_SUCCESS;
+    return std::make_unique<RegistryEnvironment>();
 }

@@ -45,21 +45,18 @@ public:
         return unreadable.count(name) == 0 || fail();
     }
 
-    bool write(const std::wstring &name, const StoredValue &value) override
+    bool write(const std::wstring &name, const std::optional<StoredValue> &value) override
     {
-        calls.append("write " + fromWide(name));
+        calls.append((value ? "write " : "remove ") + fromWide(name));
         if (failingChanges.count(++changes) != 0) {
             return fail();
         }
-        values[name] = {value.type, QByteArray(reinterpret_cast<const char *>(value.bytes.data()),
-                                               static_cast<int>(value.bytes.size()))};
+        if (!value) {
+            return values.erase(name) == 1;
+        }
+        values[name] = {value->type, QByteArray(reinterpret_cast<const char *>(value->bytes.data()),
+                                                static_cast<int>(value->bytes.size()))};
         return true;
-    }
-
-    bool remove(const std::wstring &name) override
-    {
-        calls.append("remove " + fromWide(name));
-        return failingChanges.count(++changes) == 0 ? values.erase(name) == 1 : fail();
     }
 
 private:
@@ -121,7 +118,7 @@ void EnvironmentChangeTest::setsAll()
     FakeStore store;
     store.values = mixedValues();
 
-    QCOMPARE(changeEnvironment(store, assignments), EnvironmentResult::done);
+    QCOMPARE(changeEnvironment(store, assignments), HelperExitCode::done);
 
     QVERIFY(store.values == changedValues());
 }
@@ -146,7 +143,7 @@ void EnvironmentChangeTest::types()
     FakeStore store;
     store.values[L"HALCONROOT"] = {before, stored("old")};
 
-    QCOMPARE(changeEnvironment(store, {{L"HALCONROOT", L"new"}}), EnvironmentResult::done);
+    QCOMPARE(changeEnvironment(store, {{L"HALCONROOT", L"new"}}), HelperExitCode::done);
 
     QTEST(store.values[L"HALCONROOT"].first, "after");
     QCOMPARE(store.values[L"HALCONROOT"].second, stored("new"));
@@ -170,7 +167,7 @@ void EnvironmentChangeTest::nothingIsWrittenWhenAValueCannotBeRead()
         store.values = mixedValues();
         store.unreadable = {assignment.name};
 
-        QCOMPARE(changeEnvironment(store, assignments), EnvironmentResult::restored);
+        QCOMPARE(changeEnvironment(store, assignments), HelperExitCode::variablesRestored);
 
         QVERIFY(store.values == mixedValues());
         QVERIFY(store.calls.filter("write").isEmpty());
@@ -220,7 +217,7 @@ void EnvironmentChangeTest::putsBack()
         store.failingChanges = {failing};
         store.throws = throws;
 
-        QCOMPARE(changeEnvironment(store, assignments), EnvironmentResult::restored);
+        QCOMPARE(changeEnvironment(store, assignments), HelperExitCode::variablesRestored);
 
         QVERIFY(store.values == mixedValues());
         QTEST(QStringList(store.calls.mid(4)), "calls");
@@ -248,7 +245,7 @@ void EnvironmentChangeTest::cannotPutBack()
         store.failingChanges = {4, failing};
         store.throws = throws;
 
-        QCOMPARE(changeEnvironment(store, assignments), EnvironmentResult::notRestored);
+        QCOMPARE(changeEnvironment(store, assignments), HelperExitCode::variablesNotRestored);
 
         FakeStore::Values expected = mixedValues();
         expected[toWide(changed)] = changedValues()[toWide(changed)];

@@ -1,4 +1,4 @@
-#include "companions/helper/RegistryEnvironment.h"
+#include "companions/helper/EnvironmentChange.h"
 
 #include "tests/helper/HelperMachine.h"
 #include "tests/support/Registry.h"
@@ -50,16 +50,15 @@ public:
 
     bool read(const std::wstring &name, std::optional<StoredValue> &value) override
     {
-        return registry.read(name, value);
+        return registry->read(name, value);
     }
-    bool write(const std::wstring &name, const StoredValue &value) override
+    bool write(const std::wstring &name, const std::optional<StoredValue> &value) override
     {
-        return ++writes != failing && registry.write(name, value);
+        return ++writes != failing && registry->write(name, value);
     }
-    bool remove(const std::wstring &name) override { return registry.remove(name); }
 
 private:
-    RegistryEnvironment registry;
+    std::unique_ptr<EnvironmentStore> registry = machineEnvironment();
     int failing;
     int writes = 0;
 };
@@ -222,12 +221,12 @@ void HelperEnvironmentTest::putsBack()
     const Values before = values(environmentKey);
     FailingEnvironment store(4);
 
-    const EnvironmentResult result = changeEnvironment(store, {{L"HALCONROOT", L"C:\\H"},
-                                                               {L"HALCONARCH", L"x64-win64"},
-                                                               {L"HALCONIMAGES", L""},
-                                                               {L"HALCONEXAMPLES", L""}});
+    const HelperExitCode result = changeEnvironment(store, {{L"HALCONROOT", L"C:\\H"},
+                                                            {L"HALCONARCH", L"x64-win64"},
+                                                            {L"HALCONIMAGES", L""},
+                                                            {L"HALCONEXAMPLES", L""}});
 
-    QCOMPARE(result, EnvironmentResult::restored);
+    QCOMPARE(result, HelperExitCode::variablesRestored);
     QCOMPARE(values(environmentKey), before);
 }
 
