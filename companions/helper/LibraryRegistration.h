@@ -1,5 +1,6 @@
 #pragma once
 
+#include "companions/helper/HelperExitCode.h"
 #include "companions/helper/HelperRequest.h"
 
 #include <chrono>
@@ -14,29 +15,14 @@ std::wstring registrationCommandLine(const std::wstring &regsvr32, const std::ws
 /// the system has no directory for the architecture. Windows only.
 std::wstring registrationProgram(LibraryArchitecture architecture);
 
-enum class RegistrationResult {
-    registered,
-    notStarted,
-    failed,   ///< the program ended with another exit code than 0
-    timedOut, ///< the program took longer than it may, and was ended
-};
-
 /// Registers one library and waits for that. The program is given the machine's variables as they are now, and nothing
-/// of this process's own environment. Windows only.
-RegistrationResult registerLibrary(const std::wstring &regsvr32, const std::wstring &library,
-                                   std::chrono::milliseconds timeLimit);
+/// of this process's own environment. When the library is not registered, the result ends a sentence about its
+/// registration; otherwise it is empty. Windows only.
+std::wstring registerLibrary(const std::wstring &regsvr32, const std::wstring &library,
+                             std::chrono::milliseconds timeLimit);
 
-/// What the user is told of a library that is not registered, a sentence.
-std::wstring textOf(RegistrationResult result, const std::wstring &library);
-
-/// What became of several libraries.
-struct RegistrationSummary {
-    bool complete = true; ///< whether all of them are registered
-    std::wstring reason;  ///< sentences for the user, in lines; may be empty
-};
-
-/// Registers the libraries one after the other with @p registerOne, all of them even if one fails. What that throws is
-/// a failure; nothing is thrown here.
-RegistrationSummary
+/// Registers the libraries one after the other with @p registerOne, which says what went wrong as the function above
+/// does, all of them even if one fails. What that throws is a failure; nothing is thrown here.
+HelperOutcome
 registerLibraries(const std::vector<std::wstring> &libraries,
-                  const std::function<RegistrationResult(const std::wstring &library)> &registerOne) noexcept;
+                  const std::function<std::wstring(const std::wstring &library)> &registerOne) noexcept;

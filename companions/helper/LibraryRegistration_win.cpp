@@ -47,21 +47,20 @@ std::wstring registrationProgram(LibraryArchitecture architecture)
     return directory.empty() ? directory : directory + L"\\regsvr32.exe";
 }
 
-RegistrationResult registerLibrary(const std::wstring &regsvr32, const std::wstring &library,
-                                   std::chrono::milliseconds timeLimit)
+std::wstring registerLibrary(const std::wstring &regsvr32, const std::wstring &library,
+                             std::chrono::milliseconds timeLimit)
 {
     const WindowsHandle process = startHidden(regsvr32, registrationCommandLine(regsvr32, library));
     if (!process) {
-        return RegistrationResult::notStarted;
+        return L"could not be started";
     }
     if (WaitForSingleObject(process.get(), static_cast<DWORD>(timeLimit.count())) != WAIT_OBJECT_0) {
         TerminateProcess(process.get(), 1);
         // Until then the library may still be in use. A process that does not end is not waited for for ever.
         constexpr DWORD endLimit = 5000;
         WaitForSingleObject(process.get(), endLimit);
-        return RegistrationResult::timedOut;
+        return L"took too long and was ended";
     }
     DWORD exitCode = 1;
-    return GetExitCodeProcess(process.get(), &exitCode) != 0 && exitCode == 0 ? RegistrationResult::registered
-                                                                              : RegistrationResult::failed;
+    return GetExitCodeProcess(process.get(), &exitCode) != 0 && exitCode == 0 ? L"" : L"failed";
 }

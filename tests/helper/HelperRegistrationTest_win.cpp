@@ -356,11 +356,11 @@ void HelperRegistrationTest::timeLimit()
         }
     });
 
-    const RegistrationResult result =
+    const std::wstring result =
         registerLibrary(registrationProgram(LibraryArchitecture::x64), toWide(path("hanging.dll")), 5s);
     observer.join();
 
-    QCOMPARE(result, RegistrationResult::timedOut);
+    QCOMPARE(fromWide(result), QString("took too long and was ended"));
     QVERIFY(hung);
     QVERIFY(!hangs());
     QVERIFY(QFile::remove(path("hanging.dll")));
@@ -384,7 +384,7 @@ void HelperRegistrationTest::goesOnBehindTheTimeLimit()
 void HelperRegistrationTest::cannotBeStarted()
 {
     QCOMPARE(registerLibrary(L"C:\\windows\\system32\\missing.exe", toWide(path("halconx.dll")), 5s),
-             RegistrationResult::notStarted);
+             std::wstring(L"could not be started"));
     QVERIFY(registeredPath("halconx").isNull());
 }
 

@@ -15,7 +15,6 @@ private slots:
     void exitCodes();
     void registrationCommandLine_data();
     void registrationCommandLine();
-    void registrationTexts();
 };
 
 void HelperTextsTest::exitCodes_data()
@@ -75,19 +74,6 @@ void HelperTextsTest::registrationCommandLine()
     QFETCH(QString, library);
 
     QTEST(fromWide(::registrationCommandLine(toWide(program), toWide(library))), "commandLine");
-}
-
-void HelperTextsTest::registrationTexts()
-{
-    const std::wstring library = L"C:\\H\x202E\\halconx.dll";
-
-    QCOMPARE(fromWide(textOf(RegistrationResult::registered, library)), QString());
-    QCOMPARE(fromWide(textOf(RegistrationResult::notStarted, library)),
-             QString("The registration of \"C:\\H?\\halconx.dll\" could not be started."));
-    QCOMPARE(fromWide(textOf(RegistrationResult::failed, library)),
-             QString("The registration of \"C:\\H?\\halconx.dll\" failed."));
-    QCOMPARE(fromWide(textOf(RegistrationResult::timedOut, library)),
-             QString("The registration of \"C:\\H?\\halconx.dll\" took too long and was ended."));
 }
 
 QTEST_APPLESS_MAIN(HelperTextsTest)

@@ -20,14 +20,14 @@ void LibraryRegistrationTest::registersInOrder()
 {
     QStringList tried;
 
-    const RegistrationSummary summary =
+    const HelperOutcome outcome =
         registerLibraries({L"C:\\a.dll", L"C:\\b.dll"}, [&tried](const std::wstring &library) {
             tried.append(fromWide(library));
-            return RegistrationResult::registered;
+            return std::wstring();
         });
 
-    QVERIFY(summary.complete);
-    QCOMPARE(fromWide(summary.reason), QString());
+    QCOMPARE(outcome.code, HelperExitCode::done);
+    QCOMPARE(fromWide(outcome.reason), QString());
     QCOMPARE(tried, (QStringList{"C:\\a.dll", "C:\\b.dll"}));
 }
 
@@ -35,18 +35,17 @@ void LibraryRegistrationTest::goesOnAfterAFailure()
 {
     QStringList tried;
 
-    const RegistrationSummary summary =
-        registerLibraries({L"C:\\a.dll", L"C:\\b.dll", L"C:\\c.dll"}, [&tried](const std::wstring &library) {
+    const HelperOutcome outcome = registerLibraries(
+        {L"C:\\a.dll", L"C:\\b.dll", L"C:\\\x202E.dll"}, [&tried](const std::wstring &library) {
             tried.append(fromWide(library));
-            const RegistrationResult results[] = {RegistrationResult::failed, RegistrationResult::registered,
-                                                  RegistrationResult::timedOut};
+            const std::wstring results[] = {L"failed", L"", L"took too long and was ended"};
             return results[tried.size() - 1];
         });
 
-    QVERIFY(!summary.complete);
-    QCOMPARE(fromWide(summary.reason),
+    QCOMPARE(outcome.code, HelperExitCode::librariesNotRegistered);
+    QCOMPARE(fromWide(outcome.reason),
              QString("The registration of \"C:\\a.dll\" failed.\r\n"
-                     "The registration of \"C:\\c.dll\" took too long and was ended."));
+                     "The registration of \"C:\\?.dll\" took too long and was ended."));
     QCOMPARE(tried.size(), 3);
 }
 
@@ -55,26 +54,26 @@ void LibraryRegistrationTest::goesOnAfterAnException()
 {
     QStringList tried;
 
-    const RegistrationSummary summary = registerLibraries(
-        {L"C:\\a.dll", L"C:\\b.dll"}, [&tried](const std::wstring &library) -> RegistrationResult {
-            tried.append(fromWide(library));
-            if (tried.size() == 1) {
-                throw std::bad_alloc();
-            }
-            return RegistrationResult::registered;
-        });
+    const HelperOutcome outcome = registerLibraries({L"C:\\a.dll", L"C:\\b.dll"},
+                                                    [&tried](const std::wstring &library) -> std::wstring {
+                                                        tried.append(fromWide(library));
+                                                        if (tried.size() == 1) {
+                                                            throw std::bad_alloc();
+                                                        }
+                                                        return std::wstring();
+                                                    });
 
-    QVERIFY(!summary.complete);
-    QCOMPARE(fromWide(summary.reason), QString());
+    QCOMPARE(outcome.code, HelperExitCode::librariesNotRegistered);
+    QCOMPARE(fromWide(outcome.reason), QString());
     QCOMPARE(tried.size(), 2);
 }
 
 void LibraryRegistrationTest::noLibraries()
 {
-    const RegistrationSummary summary =
-        registerLibraries({}, [](const std::wstring &) { return RegistrationResult::failed; });
+    const HelperOutcome outcome =
+        registerLibraries({}, [](const std::wstring &) { return std::wstring(L"failed"); });
 
-    QVERIFY(summary.complete);
+    QCOMPARE(outcome.code, HelperExitCode::done);
 }
 
 QTEST_APPLESS_MAIN(LibraryRegistrationTest)
