@@ -1,11 +1,13 @@
 #include "companions/helper/LibraryRegistration.h"
 
 #include "companions/common/WindowsHandle.h"
-#include "companions/helper/MachineEnvironment.h"
 
 #include <windows.h>
 
+#include <userenv.h>
+
 #include <array>
+#include <memory>
 
 namespace {
 
@@ -16,12 +18,43 @@ std::wstring directoryFrom(UINT(WINAPI *function)(LPWSTR, UINT))
     return length > 0 && length < buffer.size() ? std::wstring(buffer.data(), length) : std::wstring();
 }
 
+template <typename Function>
+Function *functionOf(HMODULE library, const char *name)
+{
+    return library == nullptr
+               ? nullptr
+               : reinterpret_cast<Function *>(reinterpret_cast<void *>(GetProcAddress(library, name)));
+}
+
+struct DestroyBlock {
+    decltype(DestroyEnvironmentBlock) *destroy = nullptr;
+    void operator()(void *block) const { destroy(block); }
+};
+
+/// The variables of the machine, as Windows makes them for a process of its own: whoever started this process has no
+/// say in them. Null when Windows could not make them.
+std::unique_ptr<void, DestroyBlock> machineVariables()
+{
+    // Not among the libraries that the program starts with: those are looked for before it can say where.
+    const HMODULE library = LoadLibraryExW(L"userenv.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    auto *const create = functionOf<decltype(CreateEnvironmentBlock)>(library, "CreateEnvironmentBlock");
+    auto *const destroy = functionOf<decltype(DestroyEnvironmentBlock)>(library, "DestroyEnvironmentBlock");
+    // Windows takes where it lies itself from the variables of the process that asks, and makes other variables with it.
+    const std::wstring windows = directoryFrom(&GetSystemWindowsDirectoryW);
+    void *block = nullptr;
+    const bool made = create != nullptr && destroy != nullptr && windows.size() > 1 &&
+                      SetEnvironmentVariableW(L"SystemRoot", windows.c_str()) != 0 &&
+                      SetEnvironmentVariableW(L"SystemDrive", windows.substr(0, 2).c_str()) != 0 &&
+                      create(&block, nullptr, FALSE) != 0;
+    return {made ? block : nullptr, DestroyBlock{destroy}};
+}
+
 /// Starts a program in the system's directory, where it finds no files but the system's, without a window.
 WindowsHandle startHidden(const std::wstring &program, std::wstring commandLine)
 {
     const std::wstring directory = directoryFrom(&GetSystemDirectoryW);
-    const MachineEnvironment environment;
-    if (directory.empty() || environment.block() == nullptr) {
+    const auto variables = machineVariables();
+    if (directory.empty() || variables == nullptr) {
         return {};
     }
     STARTUPINFOW startup = {};
@@ -30,7 +63,7 @@ WindowsHandle startHidden(const std::wstring &program, std::wstring commandLine)
     startup.wShowWindow = SW_HIDE;
     PROCESS_INFORMATION process = {};
     if (CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE,
-                       CREATE_NO_WINDOW | CREATE_UNICODE_ENVIRONMENT, environment.block(), directory.c_str(),
+                       CREATE_NO_WINDOW | CREATE_UNICODE_ENVIRONMENT, variables.get(), directory.c_str(),
                        &startup, &process) == 0) {
         return {};
     }
