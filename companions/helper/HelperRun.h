@@ -1,16 +1,20 @@
 #pragma once
 
 #include "companions/helper/HelperExitCode.h"
+#include "companions/helper/HelperRequest.h"
 
 #include <chrono>
 #include <string>
 
-/// How long the registration of one library may take.
-constexpr std::chrono::seconds registrationTimeLimit{60};
+/// Does what @p commandLine, the program's own name in front, asks for, and tells the user of an error. Nothing is done
+/// unless this process can be secured first. Windows only.
+HelperExitCode runHelper(const std::wstring &commandLine);
 
-/// Does what @p commandLine, the program's own name in front, asks for, and tells the user of an error. Windows only.
-HelperExitCode runHelper(const std::wstring &commandLine,
-                         std::chrono::milliseconds timeLimit = registrationTimeLimit);
+/// Copies the file @p source over @p destination after looking at both; the paths have no faults. The new file is
+/// written beside the old one and takes its place as a whole at the end. Windows only.
+HelperOutcome replaceLicenseFile(const std::wstring &destination, const std::wstring &source);
 
-/// The same, once this process is secured: without that, nothing is done. Windows only.
-HelperExitCode runSecured(const std::wstring &commandLine);
+/// Sets the variables of @p request, then registers its libraries, all of them even if one fails. Looks at the
+/// libraries before it changes anything. @p timeLimit is for each library. Windows only.
+HelperOutcome switchMachine(const HelperRequest &request,
+                            std::chrono::milliseconds timeLimit = std::chrono::seconds(60));

@@ -1,67 +1,104 @@
 #include "companions/helper/HelperRun.h"
 
+#include "companions/common/Utf8Output.h"
+#include "companions/common/WindowsHandle.h"
 #include "companions/helper/HelperLine.h"
-#include "companions/helper/HelperOutput.h"
 #include "companions/helper/HelperTexts.h"
-#include "companions/helper/LicenseFile.h"
-#include "companions/helper/MachineSwitch.h"
-#include "companions/helper/ProcessSecurity.h"
+
+#include <windows.h>
 
 #include <exception>
 
 namespace {
 
-void tell(HelperExitCode code, const std::wstring &reason)
+/// From now on libraries are looked for in the system's directory alone, and no error waits for somebody to see it.
+/// Comes first: any other call might load a library.
+bool secureProcess()
 {
-    const std::wstring text = textOf(code) + (reason.empty() ? L"" : L"\r\n" + reason);
-    printText(HelperChannel::error, L"qz_com_helper: " + text + L"\r\n");
+    const bool restricted = SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32) != 0;
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
+    return restricted;
+}
+
+bool writeToParentConsole(const std::wstring &text)
+{
+    if (AttachConsole(ATTACH_PARENT_PROCESS) == 0 && GetLastError() != ERROR_ACCESS_DENIED) {
+        // There is none; a process that has one already is denied another.
+        return true;
+    }
+    const WindowsHandle console(CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE,
+                                            FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
+                                            nullptr));
+    DWORD written = 0;
+    return console &&
+           WriteConsoleW(console.get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr) != 0;
+}
+
+/// Writes @p text where the caller has redirected the channel to, or else to the console of the process that started
+/// this one. Without either it goes nowhere. False when writing fails.
+bool print(DWORD channel, const std::wstring &text)
+{
+    const HANDLE handle = GetStdHandle(channel);
+    const DWORD type = GetFileType(handle);
+    return type == FILE_TYPE_DISK || type == FILE_TYPE_PIPE ? writeUtf8(handle, text)
+                                                            : writeToParentConsole(text);
+}
+
+HelperOutcome printed(const std::wstring &text)
+{
+    return {print(STD_OUTPUT_HANDLE, text) ? HelperExitCode::done : HelperExitCode::internalError, {}};
+}
+
+/// Whether whoever started this process asked for a visible window. Without a word about it none is to be shown.
+bool isStartedVisibly()
+{
+    STARTUPINFOW startup = {};
+    GetStartupInfoW(&startup);
+    return (startup.dwFlags & STARTF_USESHOWWINDOW) != 0 && startup.wShowWindow != SW_HIDE;
+}
+
+void tell(const HelperOutcome &outcome)
+{
+    const std::wstring text =
+        textOf(outcome.code) + (outcome.reason.empty() ? L"" : L"\r\n" + outcome.reason);
+    print(STD_ERROR_HANDLE, L"qz_com_helper: " + text + L"\r\n");
     if (isStartedVisibly()) {
-        showErrorBox(text);
+        MessageBoxW(nullptr, text.c_str(), L"Corvanta for HALCON", MB_OK | MB_ICONERROR | MB_SETFOREGROUND);
     }
 }
 
-HelperExitCode fail(HelperExitCode code, const std::wstring &reason)
+HelperOutcome perform(const HelperReading &reading)
 {
-    try {
-        tell(code, reason);
-    } catch (const std::exception &) {
-        // What has been done is done, whether or not there is memory to tell of it.
+    if (!reading.request) {
+        return {HelperExitCode::refused, reading.refusal};
     }
-    return code;
-}
-
-HelperExitCode print(const std::wstring &text)
-{
-    return printText(HelperChannel::standard, text) ? HelperExitCode::done : HelperExitCode::internalError;
-}
-
-HelperExitCode conclude(const HelperOutcome &outcome)
-{
-    return outcome.code == HelperExitCode::done ? outcome.code : fail(outcome.code, outcome.reason);
+    switch (reading.request->action) {
+    case HelperAction::showHelp:
+        return printed(helpText());
+    case HelperAction::showVersion:
+        return printed(versionText());
+    case HelperAction::copyLicense:
+        return replaceLicenseFile(reading.request->destination, reading.request->source);
+    case HelperAction::setMachine:
+        break;
+    }
+    return switchMachine(*reading.request);
 }
 
 } // namespace
 
-HelperExitCode runHelper(const std::wstring &commandLine, std::chrono::milliseconds timeLimit)
+HelperExitCode runHelper(const std::wstring &commandLine)
 {
-    const HelperReading reading = readHelperArguments(argumentsOf(commandLine));
-    if (!reading.request) {
-        return fail(HelperExitCode::refused, reading.refusal);
+    if (!secureProcess()) {
+        return HelperExitCode::internalError;
     }
-    switch (reading.request->action) {
-    case HelperAction::showHelp:
-        return print(helpText());
-    case HelperAction::showVersion:
-        return print(versionText());
-    case HelperAction::copyLicense:
-        return conclude(replaceLicenseFile(reading.request->destination, reading.request->source));
-    case HelperAction::setMachine:
-        break;
+    const HelperOutcome outcome = perform(readHelperArguments(argumentsOf(commandLine)));
+    try {
+        if (outcome.code != HelperExitCode::done) {
+            tell(outcome);
+        }
+    } catch (const std::exception &) {
+        // What has been done is done, whether or not there is memory to tell of it.
     }
-    return conclude(switchMachine(*reading.request, timeLimit));
-}
-
-HelperExitCode runSecured(const std::wstring &commandLine)
-{
-    return secureProcess() ? runHelper(commandLine) : HelperExitCode::internalError;
+    return outcome.code;
 }

@@ -1,4 +1,4 @@
-#include "companions/helper/LicenseFile.h"
+#include "companions/helper/HelperRun.h"
 
 #include "companions/common/LicenseSize.h"
 #include "companions/helper/HeldPath.h"

@@ -1,4 +1,4 @@
-#include "companions/helper/MachineSwitch.h"
+#include "companions/helper/HelperRun.h"
 
 #include "companions/helper/EnvironmentChange.h"
 #include "companions/helper/HeldPath.h"

@@ -8,7 +8,7 @@ int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, PWSTR /*argu
 {
     HelperExitCode code = HelperExitCode::internalError;
     try {
-        code = runSecured(GetCommandLineW());
+        code = runHelper(GetCommandLineW());
     } catch (const std::exception &) {
         // Out of memory: the C library would show a box of its own.
     }

@@ -1,6 +1,5 @@
 #include "companions/helper/HelperRun.h"
 #include "companions/helper/LibraryRegistration.h"
-#include "companions/helper/LicenseFile.h"
 
 #include "tests/helper/HelperMachine.h"
 #include "tests/helper/WideText.h"
@@ -158,7 +157,7 @@ void HelperCallsTest::nothingIsDoneUnsecured()
 {
     const std::wstring line = toWide("qz_com_helper --copy=\"" + target + "\" \"" + source + "\"");
     restrictingFails = true;
-    QCOMPARE(runSecured(line), HelperExitCode::internalError);
+    QCOMPARE(runHelper(line), HelperExitCode::internalError);
     QCOMPARE(read(target), QByteArray("old"));
     restrictingFails = false;
 }
@@ -175,7 +174,7 @@ void HelperCallsTest::secureProcess()
     SetErrorMode(0);
 
     const std::wstring line = toWide("qz_com_helper --copy=\"" + target + "\" \"" + source + "\"");
-    QCOMPARE(runSecured(line), HelperExitCode::done);
+    QCOMPARE(runHelper(line), HelperExitCode::done);
 
     QCOMPARE(read(target), QByteArray("the new license"));
     QVERIFY(LoadLibraryW(L"planted.dll") == nullptr);

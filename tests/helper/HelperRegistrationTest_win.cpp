@@ -1,5 +1,5 @@
+#include "companions/helper/HelperRun.h"
 #include "companions/helper/LibraryRegistration.h"
-#include "companions/helper/MachineSwitch.h"
 
 #include "tests/helper/HelperMachine.h"
 #include "tests/helper/WideText.h"
