@@ -7,7 +7,7 @@ namespace {
 /// A path as it reads when each of its names is written in full.
 std::wstring withLongNames(const std::wstring &path)
 {
-    std::vector<wchar_t> buffer(HelperLimits::text * 2);
+    std::vector<wchar_t> buffer(longestText * 2);
     const DWORD length =
         GetLongPathNameW(literalPath(path).c_str(), buffer.data(), static_cast<DWORD>(buffer.size()));
     return length > 0 && length < buffer.size() ? std::wstring(buffer.data(), length) : std::wstring();
@@ -51,7 +51,7 @@ FileFacts factsOfFailure(std::uint32_t error)
 
 std::wstring finalPathOf(void *handle)
 {
-    std::vector<wchar_t> buffer(HelperLimits::text * 2);
+    std::vector<wchar_t> buffer(longestText * 2);
     const DWORD length = GetFinalPathNameByHandleW(handle, buffer.data(), static_cast<DWORD>(buffer.size()),
                                                    FILE_NAME_NORMALIZED);
     return length > 0 && length < buffer.size() ? std::wstring(buffer.data(), length) : std::wstring();

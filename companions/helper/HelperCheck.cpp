@@ -15,49 +15,31 @@ constexpr std::array<const wchar_t *, 4> variableNames{L"HALCONROOT", L"HALCONAR
 constexpr std::array<const wchar_t *, 4> libraryNames{L"halconx.dll", L"halconxxl.dll", L"hdevenginex.dll",
                                                       L"hdevenginexxl.dll"};
 
-std::wstring refusalOfVariable(const EnvironmentAssignment &assignment)
-{
-    if (std::find(variableNames.begin(), variableNames.end(), assignment.name) == variableNames.end()) {
-        return L"The variable " + shown(assignment.name) + L" is none of HALCON's.";
-    }
-    if (assignment.value.size() > HelperLimits::text) {
-        return L"The value of " + assignment.name + L" is longer than " +
-               std::to_wstring(HelperLimits::text) + L" characters.";
-    }
-    return isCleanText(assignment.value) ? std::wstring()
-                                         : L"The value of " + assignment.name +
-                                               L" holds control characters or halves of surrogate pairs.";
-}
-
 std::wstring refusalOfEnvironment(const std::vector<EnvironmentAssignment> &environment)
 {
     std::set<std::wstring> seen;
-    for (const EnvironmentAssignment &assignment : environment) {
-        std::wstring refusal = refusalOfVariable(assignment);
-        if (!refusal.empty()) {
-            return refusal;
+    for (const auto &[name, value] : environment) {
+        if (std::find(variableNames.begin(), variableNames.end(), name) == variableNames.end()) {
+            return L"The variable " + shown(name) + L" is none of HALCON's.";
         }
-        if (!seen.insert(assignment.name).second) {
-            return L"The variable " + assignment.name + L" is named twice.";
+        const std::wstring fault = faultOfText(value, longestText);
+        if (!fault.empty()) {
+            return L"The value of " + name + L' ' + fault + L'.';
+        }
+        if (!seen.insert(name).second) {
+            return L"The variable " + name + L" is named twice.";
         }
     }
     return {};
 }
 
-std::wstring refusalOfPath(const std::wstring &path, PathRoot root, std::size_t longest)
-{
-    if (path.size() > longest) {
-        return sentence(path, L"is longer than " + std::to_wstring(longest) + L" characters");
-    }
-    const std::wstring fault = faultOfPath(path, root);
-    return fault.empty() ? fault : sentence(path, fault);
-}
-
 std::wstring refusalOfLibraries(const std::vector<std::wstring> &libraries)
 {
+    // regsvr32 loads none with a longer one.
+    constexpr std::size_t longestPath = 259;
     std::set<const wchar_t *> seen;
     for (const std::wstring &library : libraries) {
-        std::wstring refusal = refusalOfPath(library, PathRoot::drive, HelperLimits::libraryPath);
+        std::wstring refusal = refusalOfPath(library, PathRoot::drive, longestPath);
         if (!refusal.empty()) {
             return refusal;
         }
@@ -76,9 +58,9 @@ std::wstring refusalOfLibraries(const std::vector<std::wstring> &libraries)
 
 std::wstring refusalOfCopy(const std::wstring &destination, const std::wstring &source)
 {
-    std::wstring refusal = refusalOfPath(destination, PathRoot::drive, HelperLimits::text);
+    std::wstring refusal = refusalOfPath(destination, PathRoot::drive, longestText);
     if (refusal.empty()) {
-        refusal = refusalOfPath(source, PathRoot::driveOrShare, HelperLimits::text);
+        refusal = refusalOfPath(source, PathRoot::driveOrShare, longestText);
     }
     if (refusal.empty() &&
         !sameName(fileNameOf(directoryOf(withSingleBackslashes(destination))), L"license")) {

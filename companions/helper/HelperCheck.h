@@ -6,14 +6,8 @@
 #include <cstdint>
 #include <string>
 
-namespace HelperLimits {
-
-/// Of a variable's value and of a path, in characters.
-constexpr std::size_t text = 4096;
-/// Of a library's path: regsvr32 loads none with a longer one.
-constexpr std::size_t libraryPath = 259;
-
-} // namespace HelperLimits
+/// How many characters a variable's value and a path may have.
+constexpr std::size_t longestText = 4096;
 
 /// What there is under a path.
 struct FileFacts {

@@ -35,18 +35,14 @@ bool movesText(wchar_t character)
 
 bool hasLoneHalf(const std::wstring &text)
 {
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (isSecondHalf(text[i])) {
+    bool inPair = false;
+    for (const wchar_t character : text) {
+        if (isSecondHalf(character) != inPair) {
             return true;
         }
-        if (isFirstHalf(text[i])) {
-            ++i;
-            if (i == text.size() || !isSecondHalf(text[i])) {
-                return true;
-            }
-        }
+        inPair = isFirstHalf(character);
     }
-    return false;
+    return inPair;
 }
 
 bool isPlainPart(const std::wstring &part)
@@ -55,23 +51,21 @@ bool isPlainPart(const std::wstring &part)
            part.back() != L' ';
 }
 
-constexpr const wchar_t *separators = L"\\/";
-
 bool isSeparator(wchar_t character)
 {
     return character == L'\\' || character == L'/';
 }
 
+/// The names of a path that ends in one.
 std::vector<std::wstring> partsOf(const std::wstring &path)
 {
-    std::vector<std::wstring> parts;
-    std::size_t begin = 0;
-    while (begin < path.size()) {
-        const std::size_t end = std::min(path.find_first_of(separators, begin), path.size());
-        if (end != begin) {
-            parts.push_back(path.substr(begin, end - begin));
+    std::vector<std::wstring> parts(1);
+    for (const wchar_t character : path) {
+        if (!isSeparator(character)) {
+            parts.back() += character;
+        } else if (!parts.back().empty()) {
+            parts.emplace_back();
         }
-        begin = end + 1;
     }
     return parts;
 }
@@ -95,33 +89,38 @@ bool isShareOfFiles(const std::wstring &share)
 
 } // namespace
 
-bool isCleanText(const std::wstring &text)
+std::wstring faultOfText(const std::wstring &text, std::size_t longest)
 {
-    return std::none_of(text.begin(), text.end(), isControl) && !hasLoneHalf(text);
+    if (text.size() > longest) {
+        return L"is longer than " + std::to_wstring(longest) + L" characters";
+    }
+    const bool clean = std::none_of(text.begin(), text.end(), isControl) && !hasLoneHalf(text);
+    return clean ? L"" : L"holds control characters or halves of surrogate pairs";
 }
 
-std::wstring faultOfPath(const std::wstring &path, PathRoot root)
+std::wstring refusalOfPath(const std::wstring &path, PathRoot root, std::size_t longest)
 {
+    const std::wstring fault = faultOfText(path, longest);
+    if (!fault.empty()) {
+        return sentence(path, fault);
+    }
     const bool share = root == PathRoot::driveOrShare && beginsAsShare(path);
     if (!share && !beginsWithDrive(path)) {
-        return root == PathRoot::drive ? L"does not begin with a drive letter"
-                                       : L"begins neither with a drive letter nor with a share";
+        return sentence(path, root == PathRoot::drive
+                                  ? L"does not begin with a drive letter"
+                                  : L"begins neither with a drive letter nor with a share");
     }
     if (isSeparator(path.back())) {
-        return L"ends in a separator and names no file";
-    }
-    if (!isCleanText(path)) {
-        return L"holds control characters or halves of surrogate pairs";
+        return sentence(path, L"ends in a separator and names no file");
     }
     const std::vector<std::wstring> parts = partsOf(path);
     const auto odd = std::find_if_not(share ? parts.begin() : parts.begin() + 1, parts.end(), isPlainPart);
     if (odd != parts.end()) {
-        return L"has the part " + shown(*odd) + L", which is no plain name";
+        return sentence(path, L"has the part " + shown(*odd) + L", which is no plain name");
     }
     // A server that begins so names one of Windows' redirectors instead, and the share is the next part.
-    const bool redirector = share && parts[0].front() == L';';
-    if (share && (parts.size() < 3 || redirector || !isShareOfFiles(parts[1]))) {
-        return L"names no file on a share";
+    if (share && (parts.size() < 3 || parts[0].front() == L';' || !isShareOfFiles(parts[1]))) {
+        return sentence(path, L"names no file on a share");
     }
     return {};
 }
@@ -142,8 +141,7 @@ std::wstring fileNameOf(const std::wstring &path)
 
 std::wstring directoryOf(const std::wstring &path)
 {
-    const std::size_t end = path.rfind(L'\\');
-    return end == std::wstring::npos ? std::wstring() : path.substr(0, end);
+    return path.substr(0, path.rfind(L'\\'));
 }
 
 bool sameName(const std::wstring &one, const std::wstring &other)

@@ -1,23 +1,21 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
-/// Whether @p text holds nothing but what a name on this system can hold: no control characters, and no halves of
-/// surrogate pairs.
-bool isCleanText(const std::wstring &text);
+/// What keeps @p text from being a value or a path, as the end of a sentence that begins with it; nothing when it may be
+/// one. It is not longer than that, and has no control characters and no halves of surrogate pairs.
+std::wstring faultOfText(const std::wstring &text, std::size_t longest);
 
-/// With what a path may begin.
-enum class PathRoot {
-    drive,        ///< a drive letter and a colon
-    driveOrShare, ///< that, or two separators, a server and a share
-};
+/// With what a path may begin: a drive letter and a colon, or two separators, a server and a share as well.
+enum class PathRoot { drive, driveOrShare };
 
-/// What keeps @p path from naming a file in one way only, as the end of a sentence that begins with the path; nothing
-/// when it does. Behind its root come names after separators. There are no parts "." or "..", no wildcards, no alternate
-/// streams, no device paths, and no names that Windows would cut (those that end in a blank or a dot). Slashes separate
-/// as backslashes do, and several in a row like one, because directories are sometimes written with slashes or with one
+/// What keeps @p path from naming a file in one way only, a sentence that begins with the path; nothing when it does.
+/// Behind its root come names after separators. There are no parts "." or "..", no wildcards, no alternate streams, no
+/// device paths, and no names that Windows would cut (those that end in a space or a dot). Slashes separate as
+/// backslashes do, and several in a row like one, because directories are sometimes written with slashes or with one
 /// more separator at their ends; a path must not end in one.
-std::wstring faultOfPath(const std::wstring &path, PathRoot root);
+std::wstring refusalOfPath(const std::wstring &path, PathRoot root, std::size_t longest);
 
 /// A path without a fault with single backslashes between its parts and no slashes.
 std::wstring withSingleBackslashes(const std::wstring &path);
@@ -31,8 +29,8 @@ std::wstring directoryOf(const std::wstring &path);
 /// Whether two names are the same but for the case of the letters A to Z.
 bool sameName(const std::wstring &one, const std::wstring &other);
 
-/// @p text, whatever it is, as a sentence can have it: in quotes, shortened when it is very long, and with question marks
-/// for what could make it look like something else, such as quotes and marks of direction.
+/// @p text, whatever it is, as a sentence can have it: in quotes, shortened when it is very long, and with question
+/// marks for what could make it look like something else, such as quotes and marks of direction.
 std::wstring shown(const std::wstring &text);
 
 /// A sentence that says @p end of a path.
