@@ -2,26 +2,64 @@
 
 #include <windows.h>
 
+#include <utility>
+
 namespace {
 
-/// A path as it reads when each of its names is written in full.
-std::wstring withLongNames(const std::wstring &path)
+/// What @p write puts into a buffer; empty when it fails or would put more.
+template <typename Write>
+std::wstring textFrom(Write write)
 {
     std::vector<wchar_t> buffer(longestText * 2);
-    const DWORD length =
-        GetLongPathNameW(literalPath(path).c_str(), buffer.data(), static_cast<DWORD>(buffer.size()));
-    return length > 0 && length < buffer.size() ? std::wstring(buffer.data(), length) : std::wstring();
+    const DWORD length = write(buffer.data(), static_cast<DWORD>(buffer.size()));
+    return length < buffer.size() ? std::wstring(buffer.data(), length) : std::wstring();
 }
 
-FileFacts::Kind kindOf(HANDLE handle, DWORD attributes)
+/// Where what is open really lies, as a literal path.
+std::wstring finalPathOf(HANDLE handle)
 {
-    if (GetFileType(handle) != FILE_TYPE_DISK) {
-        return FileFacts::Kind::other;
-    }
-    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? FileFacts::Kind::directory : FileFacts::Kind::file;
+    return textFrom([handle](wchar_t *buffer, DWORD size) {
+        return GetFinalPathNameByHandleW(handle, buffer, size, FILE_NAME_NORMALIZED);
+    });
 }
 
-constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+/// A path as it reads when each of its names is written in full, as a literal path.
+std::wstring withLongNames(const std::wstring &path)
+{
+    return textFrom([literal = literalPath(path)](wchar_t *buffer, DWORD size) {
+        return GetLongPathNameW(literal.c_str(), buffer, size);
+    });
+}
+
+/// Whether two paths are known and the same but for upper and lower case, as Windows compares names.
+bool samePath(const std::wstring &one, const std::wstring &other)
+{
+    return !one.empty() && CompareStringOrdinal(one.c_str(), static_cast<int>(one.size()), other.c_str(),
+                                                static_cast<int>(other.size()), TRUE) == CSTR_EQUAL;
+}
+
+OpenedPath openSharing(DWORD share, const std::wstring &path, Links links, DWORD access)
+{
+    const DWORD flags = FILE_FLAG_BACKUP_SEMANTICS | SECURITY_SQOS_PRESENT | SECURITY_IDENTIFICATION |
+                        (links == Links::asTheyAre ? FILE_FLAG_OPEN_REPARSE_POINT : 0);
+    OpenedPath opened{WindowsHandle(CreateFileW(literalPath(path).c_str(), access, share, nullptr,
+                                                OPEN_EXISTING, flags, nullptr)),
+                      {}};
+    FileFacts &facts = opened.facts;
+    HANDLE handle = opened.handle.get();
+    BY_HANDLE_FILE_INFORMATION information = {};
+    if (opened.handle && GetFileType(handle) != FILE_TYPE_DISK) {
+        facts.kind = FileFacts::Kind::other;
+    } else if (!opened.handle || GetFileInformationByHandle(handle, &information) == 0) {
+        facts.error = GetLastError();
+    } else {
+        const bool directory = (information.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        facts.kind = directory ? FileFacts::Kind::directory : FileFacts::Kind::file;
+        facts.reparsePoint = (information.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+        facts.elsewhere = links == Links::asTheyAre && !samePath(finalPathOf(handle), withLongNames(path));
+    }
+    return opened;
+}
 
 } // namespace
 
@@ -30,93 +68,33 @@ std::wstring literalPath(const std::wstring &path)
     return path.compare(0, 2, L"\\\\") == 0 ? L"\\\\?\\UNC\\" + path.substr(2) : L"\\\\?\\" + path;
 }
 
-WindowsHandle openPath(const std::wstring &path, Links links, std::uint32_t access, std::uint32_t share,
-                       std::uint32_t &error)
+OpenedPath openPath(const std::wstring &path, Links links, std::uint32_t access)
 {
-    const DWORD flags = FILE_FLAG_BACKUP_SEMANTICS | SECURITY_SQOS_PRESENT | SECURITY_IDENTIFICATION |
-                        (links == Links::asTheyAre ? FILE_FLAG_OPEN_REPARSE_POINT : 0);
-    WindowsHandle handle(
-        CreateFileW(literalPath(path).c_str(), access, share, nullptr, OPEN_EXISTING, flags, nullptr));
-    error = handle ? ERROR_SUCCESS : GetLastError();
-    return handle;
-}
-
-FileFacts factsOfFailure(std::uint32_t error)
-{
-    FileFacts facts;
-    facts.kind = error == ERROR_FILE_NOT_FOUND ? FileFacts::Kind::missing : FileFacts::Kind::unreadable;
-    facts.error = error;
-    return facts;
-}
-
-std::wstring finalPathOf(void *handle)
-{
-    std::vector<wchar_t> buffer(longestText * 2);
-    const DWORD length = GetFinalPathNameByHandleW(handle, buffer.data(), static_cast<DWORD>(buffer.size()),
-                                                   FILE_NAME_NORMALIZED);
-    return length > 0 && length < buffer.size() ? std::wstring(buffer.data(), length) : std::wstring();
-}
-
-bool samePath(const std::wstring &one, const std::wstring &other)
-{
-    return CompareStringOrdinal(one.c_str(), static_cast<int>(one.size()), other.c_str(),
-                                static_cast<int>(other.size()), TRUE) == CSTR_EQUAL;
-}
-
-FileFacts factsOf(void *handle) noexcept
-{
-    BY_HANDLE_FILE_INFORMATION information = {};
-    FileFacts facts;
-    if (GetFileInformationByHandle(handle, &information) == 0) {
-        facts.kind =
-            GetFileType(handle) == FILE_TYPE_DISK ? FileFacts::Kind::unreadable : FileFacts::Kind::other;
-        facts.error = GetLastError();
-        return facts;
-    }
-    facts.kind = kindOf(handle, information.dwFileAttributes);
-    facts.reparsePoint = (information.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-    facts.volume = information.dwVolumeSerialNumber;
-    return facts;
-}
-
-FileFacts factsOf(void *handle, const std::wstring &path)
-{
-    FileFacts facts = factsOf(handle);
-    const std::wstring finalPath = finalPathOf(handle);
-    facts.elsewhere = finalPath.empty() || !samePath(finalPath, withLongNames(path));
-    return facts;
-}
-
-FileFacts factsOf(const std::wstring &path, Links links)
-{
-    std::uint32_t error = ERROR_SUCCESS;
-    const WindowsHandle handle = openPath(path, links, FILE_READ_ATTRIBUTES, shareAll, error);
-    return handle ? factsOf(handle.get(), path) : factsOfFailure(error);
+    return openSharing(FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, path, links, access);
 }
 
 HeldPath::HeldPath(const std::wstring &path)
 {
-    // The root of the drive, which nobody can rename, comes first.
+    // Nobody can rename the root of the drive.
     std::size_t end = path.find(L'\\');
-    while (reached && end != std::wstring::npos) {
+    do {
         end = path.find(L'\\', end + 1);
-        reached = holdPart(path.substr(0, end));
-    }
+        const std::wstring part = path.substr(0, end);
+        // Only one who reads or writes takes part in sharing: a look alone would keep nobody off.
+        OpenedPath opened =
+            openSharing(FILE_SHARE_READ | FILE_SHARE_WRITE, part, Links::asTheyAre, GENERIC_READ);
+        reason = refusalOfDirectory(part, opened.facts);
+        handles.push_back(std::move(opened.handle));
+    } while (reason.empty() && end != std::wstring::npos);
 }
 
-bool HeldPath::holdPart(const std::wstring &path)
+bool HeldPath::contains(void *file, const std::wstring &name) const
 {
-    endPath = path;
-    std::uint32_t error = ERROR_SUCCESS;
-    // Only one who reads or writes takes part in sharing: reading the attributes alone would keep nobody off.
-    WindowsHandle handle =
-        openPath(path, Links::asTheyAre, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, error);
-    endFacts = handle ? factsOf(handle.get(), path) : factsOfFailure(error);
-    handles.push_back(std::move(handle));
-    return refusalOfDirectory(endPath, endFacts).empty();
-}
-
-void *HeldPath::handle() const
-{
-    return reached && !handles.empty() ? handles.back().get() : nullptr;
+    HANDLE directory = handles.back().get();
+    BY_HANDLE_FILE_INFORMATION ofFile = {};
+    BY_HANDLE_FILE_INFORMATION ofDirectory = {};
+    return reason.empty() && samePath(finalPathOf(file), finalPathOf(directory) + L'\\' + name) &&
+           GetFileInformationByHandle(file, &ofFile) != 0 &&
+           GetFileInformationByHandle(directory, &ofDirectory) != 0 &&
+           ofFile.dwVolumeSerialNumber == ofDirectory.dwVolumeSerialNumber;
 }

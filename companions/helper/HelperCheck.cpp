@@ -9,6 +9,10 @@
 
 namespace {
 
+// Windows' own numbers for what is missing, itself or a directory on its way.
+constexpr std::uint32_t fileNotFound = 2;
+constexpr std::uint32_t pathNotFound = 3;
+
 constexpr std::array<const wchar_t *, 4> variableNames{L"HALCONROOT", L"HALCONARCH", L"HALCONIMAGES",
                                                        L"HALCONEXAMPLES"};
 
@@ -69,17 +73,6 @@ std::wstring refusalOfCopy(const std::wstring &destination, const std::wstring &
     return refusal;
 }
 
-/// Of what is not there or could not be looked at.
-std::wstring refusalOfNothing(const std::wstring &path, const FileFacts &facts)
-{
-    // What Windows says when a directory above is missing.
-    constexpr std::uint32_t pathNotFound = 3;
-    if (facts.kind == FileFacts::Kind::missing || facts.error == pathNotFound) {
-        return sentence(path, L"does not exist");
-    }
-    return facts.kind == FileFacts::Kind::unreadable ? refusalOfReading(path, facts.error) : std::wstring();
-}
-
 std::wstring refusalOfDetour(const std::wstring &path, const FileFacts &facts)
 {
     if (facts.reparsePoint) {
@@ -108,29 +101,25 @@ std::wstring refusalOfFile(const std::wstring &path, const FileFacts &facts)
         return sentence(path, L"is a directory");
     case FileFacts::Kind::other:
         return sentence(path, L"is no file on a disk");
-    case FileFacts::Kind::missing:
-    case FileFacts::Kind::unreadable:
+    case FileFacts::Kind::unknown:
         break;
     }
-    return refusalOfNothing(path, facts);
+    return refusalOfReading(path, facts.error);
 }
 
 std::wstring refusalOfDirectory(const std::wstring &path, const FileFacts &facts)
 {
-    std::wstring refusal = refusalOfNothing(path, facts);
-    if (!refusal.empty()) {
-        return refusal;
+    if (facts.kind == FileFacts::Kind::unknown) {
+        return refusalOfReading(path, facts.error);
     }
-    std::wstring detour = refusalOfDetour(path, facts);
-    if (!detour.empty()) {
-        return detour;
-    }
-    return facts.kind == FileFacts::Kind::directory ? std::wstring() : sentence(path, L"is not a directory");
+    const std::wstring detour = refusalOfDetour(path, facts);
+    return detour.empty() && facts.kind != FileFacts::Kind::directory ? sentence(path, L"is not a directory")
+                                                                      : detour;
 }
 
 std::wstring refusalOfDestination(const std::wstring &path, const FileFacts &facts)
 {
-    if (facts.kind == FileFacts::Kind::missing) {
+    if (facts.kind == FileFacts::Kind::unknown && facts.error == fileNotFound) {
         return {};
     }
     const std::wstring detour = refusalOfDetour(path, facts);
@@ -149,5 +138,7 @@ std::wstring refusalOfSize(const std::wstring &path, std::int64_t size)
 
 std::wstring refusalOfReading(const std::wstring &path, std::uint32_t error)
 {
-    return sentence(path, L"cannot be read (Windows' error " + std::to_wstring(error) + L")");
+    return sentence(path, error == fileNotFound || error == pathNotFound
+                              ? L"does not exist"
+                              : L"cannot be read (Windows' error " + std::to_wstring(error) + L")");
 }

@@ -12,17 +12,16 @@ constexpr std::size_t longestText = 4096;
 /// What there is under a path.
 struct FileFacts {
     enum class Kind {
-        missing,
+        unknown, ///< it could not be opened; it may be missing
         directory,
         file,
-        other,      ///< something that is neither, such as a device
-        unreadable, ///< it could not be opened
+        other, ///< something that is neither, such as a device
     };
-    Kind kind = Kind::unreadable;
-    std::uint32_t error = 0; ///< Windows' number for why it could not be opened
+    Kind kind = Kind::unknown;
+    std::uint32_t error = 0; ///< Windows' number for why it is unknown
     bool reparsePoint = false;
-    bool elsewhere = false;   ///< what was opened lies under another path than the one that was asked for
-    std::uint32_t volume = 0; ///< the number of the volume it lies on
+    bool elsewhere =
+        false; ///< it does not lie under the path that was asked for, as far as Windows says where
 };
 
 // Each of the following gives the reason to refuse, a sentence for the user that names the path, or nothing.
@@ -42,5 +41,5 @@ std::wstring refusalOfDestination(const std::wstring &path, const FileFacts &fac
 /// A licence file of this size, in bytes.
 std::wstring refusalOfSize(const std::wstring &path, std::int64_t size);
 
-/// A file of which Windows read nothing for the reason with this number.
+/// What Windows did not open or read for the reason with this number.
 std::wstring refusalOfReading(const std::wstring &path, std::uint32_t error);

@@ -23,7 +23,7 @@ HelperOutcome switchMachine(const HelperRequest &request, std::chrono::milliseco
         files.push_back(regsvr32);
     }
     for (const std::wstring &file : files) {
-        const std::wstring refusal = refusalOfFile(file, factsOf(file, Links::followed));
+        const std::wstring refusal = refusalOfFile(file, openPath(file, Links::followed).facts);
         if (!refusal.empty()) {
             return {HelperExitCode::refused, refusal};
         }

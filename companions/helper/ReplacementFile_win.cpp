@@ -6,25 +6,14 @@
 
 namespace {
 
-/// Whether a new file has come into the directory: by its path and, because a whole volume can be made to appear in an
-/// empty directory, by its volume.
-bool liesIn(const HeldPath &directory, HANDLE file, const std::wstring &name)
-{
-    const std::wstring path = finalPathOf(file);
-    return samePath(path, finalPathOf(directory.handle()) + L'\\' + name) &&
-           factsOf(file).volume == directory.facts().volume;
-}
-
 /// A file that is read-only cannot be replaced. What is under the path itself is changed, never what that leads to, nor
 /// a file with a second name, which would lose the mark as well.
 void makeWritable(const std::wstring &path)
 {
-    std::uint32_t error = ERROR_SUCCESS;
-    const WindowsHandle file = openPath(path, Links::asTheyAre, FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES,
-                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, error);
+    const OpenedPath file = openPath(path, Links::asTheyAre, FILE_WRITE_ATTRIBUTES);
     BY_HANDLE_FILE_INFORMATION information = {};
-    if (!file || !refusalOfDestination(path, factsOf(file.get(), path)).empty() ||
-        GetFileInformationByHandle(file.get(), &information) == 0 || information.nNumberOfLinks != 1 ||
+    if (!file.handle || !refusalOfDestination(path, file.facts).empty() ||
+        GetFileInformationByHandle(file.handle.get(), &information) == 0 || information.nNumberOfLinks != 1 ||
         (information.dwFileAttributes & FILE_ATTRIBUTE_READONLY) == 0) {
         return;
     }
@@ -32,7 +21,7 @@ void makeWritable(const std::wstring &path)
     const DWORD attributes = information.dwFileAttributes & ~DWORD{FILE_ATTRIBUTE_READONLY};
     FILE_BASIC_INFO basic = {};
     basic.FileAttributes = attributes != 0 ? attributes : DWORD{FILE_ATTRIBUTE_NORMAL};
-    SetFileInformationByHandle(file.get(), FileBasicInfo, &basic, sizeof(basic));
+    SetFileInformationByHandle(file.handle.get(), FileBasicInfo, &basic, sizeof(basic));
 }
 
 } // namespace
@@ -46,7 +35,7 @@ ReplacementFile::ReplacementFile(const HeldPath &directory, const std::wstring &
                                      nullptr, CREATE_NEW,
                                      FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
     if (file) {
-        where = liesIn(directory, file.get(), name) ? Place::inDirectory : Place::elsewhere;
+        where = directory.contains(file.get(), name) ? Place::inDirectory : Place::elsewhere;
     }
 }
 

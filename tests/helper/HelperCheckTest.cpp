@@ -67,9 +67,9 @@ void HelperCheckTest::whatIsThere_data()
 
     row("file", facts(Kind::file), "", noDirectory, "");
     row("directory", facts(Kind::directory), isDirectory, "", isDirectory);
-    row("missing", facts(Kind::missing, 2), missing, missing, "");
-    row("directory above missing", facts(Kind::unreadable, 3), missing, missing, missing);
-    row("unreadable", facts(Kind::unreadable, 5), unreadable, unreadable, unreadable);
+    row("missing", facts(Kind::unknown, 2), missing, missing, "");
+    row("directory above missing", facts(Kind::unknown, 3), missing, missing, missing);
+    row("unreadable", facts(Kind::unknown, 5), unreadable, unreadable, unreadable);
     row("device", facts(Kind::other), device, noDirectory, device);
     // How a file that is only read is reached does not count.
     row("link to a file", reparsePoint(Kind::file), "", link, link);
