@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <string>
 
-/// What keeps @p text from being a value or a path, as the end of a sentence that begins with it; nothing when it may be
-/// one. It is not longer than that, and has no control characters and no halves of surrogate pairs.
+/// What keeps @p text from being a value or a path, as the end of a sentence that begins with it; nothing if it has at
+/// most @p longest characters, none of them a control character and none half a surrogate pair.
 std::wstring faultOfText(const std::wstring &text, std::size_t longest);
 
 /// With what a path may begin: a drive letter and a colon, or two separators, a server and a share as well.

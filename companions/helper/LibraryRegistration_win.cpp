@@ -15,7 +15,7 @@ std::wstring directoryFrom(UINT(WINAPI *function)(LPWSTR, UINT))
 {
     std::array<wchar_t, MAX_PATH> buffer = {};
     const UINT length = function(buffer.data(), static_cast<UINT>(buffer.size()));
-    return length > 0 && length < buffer.size() ? std::wstring(buffer.data(), length) : std::wstring();
+    return length < buffer.size() ? std::wstring(buffer.data(), length) : std::wstring();
 }
 
 template <typename Function>
@@ -39,7 +39,7 @@ std::unique_ptr<void, DestroyBlock> machineVariables()
     const HMODULE library = LoadLibraryExW(L"userenv.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     auto *const create = functionOf<decltype(CreateEnvironmentBlock)>(library, "CreateEnvironmentBlock");
     auto *const destroy = functionOf<decltype(DestroyEnvironmentBlock)>(library, "DestroyEnvironmentBlock");
-    // Windows takes where it lies itself from the variables of the process that asks, and makes other variables with it.
+    // Windows takes where it lies from the variables of the process that asks, and makes others with it.
     const std::wstring windows = directoryFrom(&GetSystemWindowsDirectoryW);
     void *block = nullptr;
     const bool made = create != nullptr && destroy != nullptr && windows.size() > 1 &&
