@@ -35,7 +35,7 @@ public:
         return result;
     }
 
-    /// The text between two quotes, behind which a blank or the end must come; neither is consumed.
+    /// The text between two quotes, behind which a space or the end must come; neither is consumed.
     std::optional<std::wstring> takeQuoted()
     {
         if (!take(L"\"")) {
@@ -119,7 +119,7 @@ std::wstring argumentsOf(const std::wstring &commandLine)
         return {};
     }
     std::wstring rest = commandLine.substr(quoted ? nameEnd + 1 : nameEnd);
-    // Without a blank the name goes on behind its quotes for some readers and ends there for others. The quote stays
+    // Without a space the name goes on behind its quotes for some readers and ends there for others. The quote stays
     // then: no arguments begin with one.
     if (quoted && !rest.empty() && rest.front() != L' ' && rest.front() != L'\t') {
         return L'"' + rest;

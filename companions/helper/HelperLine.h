@@ -4,11 +4,11 @@
 
 #include <string>
 
-/// What follows the program's own name in @p commandLine, without the blanks around it. The name is told apart as
-/// Windows does it: in quotes to the next quote, otherwise to the next blank or tab.
+/// What follows the program's own name in @p commandLine, without the spaces around it. The name is told apart as
+/// Windows does it: in quotes to the next quote, otherwise to the next space or tab.
 std::wstring argumentsOf(const std::wstring &commandLine);
 
-/// Reads the arguments, which must be one of these as a whole, with single blanks where blanks stand:
+/// Reads the arguments, which must be one of these as a whole, with single spaces where spaces stand:
 ///
 ///     --env NAME="VALUE" [--env NAME="VALUE"]... [--x86|--x64 ["LIBRARY"]...]
 ///     --copy="DESTINATION" "SOURCE"
