@@ -17,7 +17,10 @@ endif()
 
 if(WIN32 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # The same bytes wherever and whenever they are built; the build id tells which debug information belongs to them.
-  target_compile_options(corvanta_settings INTERFACE "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
+  # Absolute, as it stays apart from the build directory, to which debuggers relate what is not.
+  target_compile_options(corvanta_settings INTERFACE
+    "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=/corvanta"
+    "$<$<BOOL:${CMAKE_PREFIX_PATH}>:-ffile-prefix-map=${CMAKE_PREFIX_PATH}=/qt>")
   target_link_options(corvanta_settings INTERFACE -Wl,--no-insert-timestamp -Wl,--build-id)
 endif()
 
