@@ -1,0 +1,94 @@
+; Included by setup.nsi: the uninstaller. It removes what it knows of, never a whole directory, because /D= may have
+; named one with other things in it.
+
+Var IsUpgrade  ; 1 when a newer version is about to take the place of this one
+Var IsEntered  ; 1 when Windows's list of apps names this very directory
+
+!ifdef SIGN
+  !uninstfinalize '"${SIGN}" "%1"' = 0
+!endif
+
+; Which of the two it was installed for, by what Windows's list of apps says.
+Function un.ReadMode
+  SetShellVarContext all
+  ReadRegStr $0 HKLM "${ENTRY}" InstallLocation
+  ${If} $0 == $INSTDIR
+    StrCpy $IsEntered 1
+    Return
+  ${EndIf}
+  ReadRegStr $0 HKCU "${ENTRY}" InstallLocation
+  ${If} $0 == $INSTDIR
+    StrCpy $IsEntered 1
+    StrCpy $IsForUser 1
+    SetShellVarContext current
+  ${EndIf}
+FunctionEnd
+
+Function un.GetRightsForMachine
+  !insertmacro GetRights
+  ${If} $0 == Admin
+    Return
+  ${EndIf}
+  StrCpy $0 ""
+  ${If} $IsElevated == ""
+    ; The one in its place, not the copy that NSIS has made of it where the user can write.
+    StrCpy $1 "$INSTDIR\uninstall.exe"
+    StrCpy $2 "$Parameters /Elevated"
+    ${If} $EXEDIR == $INSTDIR
+      ; Told to stay there, by _?=, so that somebody can wait for it.
+      StrCpy $2 "$2 _?=$INSTDIR"
+    ${EndIf}
+    !insertmacro RunElevated
+  ${EndIf}
+  ${If} $0 == ""
+    !insertmacro Refuse ${EXIT_RIGHTS} "Only an administrator can remove ${NAME}: it is installed for all users of \
+      this machine."
+  ${EndIf}
+  SetErrorLevel $0
+  Quit
+FunctionEnd
+
+Function un.onInit
+  ${GetParameters} $Parameters
+  ${GetOptions} $Parameters "/Elevated" $0
+  ${IfNot} ${Errors}
+    StrCpy $IsElevated 1
+  ${EndIf}
+  ${GetOptions} $Parameters "/Upgrade" $0
+  ${IfNot} ${Errors}
+    StrCpy $IsUpgrade 1
+  ${EndIf}
+  Call un.ReadMode
+  ${If} $IsForUser == ""
+    Call un.GetRightsForMachine
+  ${EndIf}
+FunctionEnd
+
+Section Uninstall
+  StrCpy $1 $INSTDIR
+  Call un.RefuseWhileRunning
+
+  SetOutPath $TEMP ; a process's working directory cannot be removed
+  Delete "$INSTDIR\qz_com_helper.txt"
+  Delete "$INSTDIR\uninstall.exe"
+  ${If} $IsUpgrade == ""
+    ; A newer version leaves it: somebody may have put it there.
+    Delete "$INSTDIR\vswhere.exe"
+  ${EndIf}
+  !insertmacro RemoveFiles
+  RMDir "$INSTDIR"
+
+  ; A newer version keeps its place in the Start menu, and in the list of apps until it is complete.
+  ${If} $IsUpgrade == ""
+  ${AndIf} $IsEntered == 1
+    Delete "$SMPROGRAMS\${NAME}\${NAME}.lnk"
+    Delete "$SMPROGRAMS\${NAME}\Guide to ${NAME}.lnk"
+    RMDir "$SMPROGRAMS\${NAME}"
+    DeleteRegKey SHCTX "${ENTRY}"
+    ${If} $IsForUser == 1
+      ; Of these a user need not have any before, unlike the machine.
+      DeleteRegKey /ifempty HKCU "${UNINSTALL}"
+      RMDir "$LOCALAPPDATA\Programs"
+    ${EndIf}
+  ${EndIf}
+SectionEnd
