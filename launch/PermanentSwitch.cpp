@@ -69,6 +69,11 @@ QStringList plannedLines(const HalconInstallation &installation, const QString &
     }
     lines.append(QObject::tr("executing helper process with elevated rights: %1 %2")
                      .arg(helperExecutablePath(), arguments));
+    // Before the user agrees to what cannot be done.
+    const QString missing = reasonForMissingHelper();
+    if (!missing.isEmpty()) {
+        lines.append(missing);
+    }
     return lines;
 }
 
@@ -105,7 +110,7 @@ bool permanentSwitch(const HalconInstallation &installation, bool perform, bool 
     bool succeeded = true;
 
     if (perform) {
-        const int result = runElevated(helperExecutablePath(), arguments, true, true);
+        const int result = runHelper(arguments, true);
         if (result != 0) {
             report.append(QObject::tr("helper process returned with value %1. This indicates an error in the "
                                       "execution!")

@@ -61,11 +61,15 @@ bool copyElevated(const QString &from, const QString &target, QStringList &error
     const QString arguments = QStringLiteral("--copy=\"%1\" \"%2\"").arg(native(target), native(from));
     logger.log(QStringLiteral("executing helper process with elevated rights: %1 %2")
                    .arg(helperExecutablePath(), arguments));
-    const int result = runElevated(helperExecutablePath(), arguments, false, true);
+    const int result = runHelper(arguments, false);
     if (result != 0) {
         errors.append(
             QObject::tr("helper process returned with value %1. This indicates an error in its execution!")
                 .arg(result));
+        const QString missing = reasonForMissingHelper();
+        if (!missing.isEmpty()) {
+            errors.append(missing);
+        }
     }
     return result == 0;
 }

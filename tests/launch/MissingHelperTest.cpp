@@ -1,0 +1,123 @@
+#include "launch/ElevatedHelper.h"
+#include "launch/PermanentSwitch.h"
+#include "license/LicenseCopy.h"
+#include "tests/fakes/ElevatedHelperFake.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+const QString reason =
+    "The program is installed for you alone, and so without its helper: what acts with administrator "
+    "rights has to lie where only administrators can write. Install the program for all users to do "
+    "this.";
+const QStringList besideTheProgram{"qz_com_helper.exe", "qz_com_helper.txt"};
+
+QString path(const QString &name)
+{
+    return QCoreApplication::applicationDirPath() + '/' + name;
+}
+
+void put(const QString &name)
+{
+    QFile file(path(name));
+    QVERIFY(file.open(QFile::WriteOnly));
+}
+
+} // namespace
+
+/// An installation for one user alone: no helper, and a file in its place.
+class MissingHelperTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void reasonIsGiven_data();
+    void reasonIsGiven();
+    void permanentSwitchSaysSoBeforeAndAfter();
+    void licenseCopySaysSo();
+};
+
+void MissingHelperTest::init()
+{
+    cleanup();
+    // What would be seen if the helper were started.
+    ElevatedHelperFake::reset();
+}
+
+void MissingHelperTest::cleanup()
+{
+    for (const QString &name : besideTheProgram) {
+        QFile::remove(path(name));
+    }
+}
+
+void MissingHelperTest::reasonIsGiven_data()
+{
+    QTest::addColumn<QStringList>("files");
+    QTest::addColumn<QString>("given");
+
+    QTest::newRow("no helper and nothing in its place") << QStringList() << "";
+    QTest::newRow("helper") << QStringList{besideTheProgram.at(0)} << "";
+    QTest::newRow("file in its place") << QStringList{besideTheProgram.at(1)} << reason;
+    QTest::newRow("both, after it was put there by hand") << besideTheProgram << "";
+}
+
+void MissingHelperTest::reasonIsGiven()
+{
+    QFETCH(QStringList, files);
+    for (const QString &name : files) {
+        put(name);
+    }
+
+    QTEST(reasonForMissingHelper(), "given");
+    // The shell is asked for it unless there is a reason not to.
+    QFETCH(QString, given);
+    QCOMPARE(runHelper("arguments", true), given.isEmpty() ? 0 : -1);
+    QCOMPARE(ElevatedHelperFake::starts().size(), given.isEmpty() ? 1 : 0);
+}
+
+void MissingHelperTest::permanentSwitchSaysSoBeforeAndAfter()
+{
+    put(besideTheProgram.at(1));
+    HalconInstallation installation(20, 11, 1, 0);
+    installation.arch = "x64-win64";
+    const QString broadcast = "broadcast environment updated message (WM_SETTINGCHANGE)";
+
+    QStringList planned;
+    QVERIFY(permanentSwitch(installation, false, false, false, &planned));
+    QCOMPARE(planned.size(), 7);
+    QVERIFY(planned.at(4).startsWith("executing helper process with elevated rights: "));
+    QCOMPARE(planned.mid(5), (QStringList{reason, broadcast}));
+
+    QStringList done;
+    QVERIFY(!permanentSwitch(installation, true, false, false, &done));
+    QCOMPARE(done.mid(0, 6), planned.mid(0, 6));
+    QCOMPARE(done.mid(6),
+             (QStringList{"helper process returned with value -1. This indicates an error in the execution!",
+                          broadcast}));
+    QCOMPARE(ElevatedHelperFake::starts().size(), 0);
+}
+
+void MissingHelperTest::licenseCopySaysSo()
+{
+    put(besideTheProgram.at(1));
+    const QTemporaryDir directory;
+    QStringList errors;
+
+    // There is no directory to copy it to.
+    QVERIFY(!copyLicenseFile(directory.filePath("gone.dat"), "contents", directory.filePath("none/gone.dat"),
+                             &errors));
+    QCOMPARE(errors,
+             (QStringList{"helper process returned with value -1. This indicates an error in its execution!",
+                          reason}));
+    QCOMPARE(ElevatedHelperFake::starts().size(), 0);
+}
+
+QTEST_GUILESS_MAIN(MissingHelperTest)
+
+#include "MissingHelperTest.moc"
