@@ -8,22 +8,6 @@ source "$(dirname "${BASH_SOURCE[0]}")/expectations"
 
 program=$1 stand_ins=$2 machine=$3
 
-# export_registry DIRECTORY: exports both hives into it, each value behind its key. What the program stores on purpose,
-# its settings, is left out, and so is what Wine keeps of itself.
-export_registry() {
-  local hive file
-  mkdir "$1"
-  for hive in HKLM HKCU; do
-    file=$WINEPREFIX/drive_c/$hive.reg
-    timeout 100 wine reg export $hive "C:\\$hive.reg" /y >/dev/null || give_up "$hive could not be exported"
-    iconv -f UTF-16 -t UTF-8 "$file" | tr -d '\r' |
-      awk '/^\[/ { key = $0; own = /^\[HKEY_CURRENT_USER\\Software\\(Quorvik Solutions|Wine)(\\|\])/ }
-           !own { print (/^\[/ ? "" : key) $0 }' >"$1/$hive"
-    rm "$file"
-    [ "$(wc -l <"$1/$hive")" -gt 100 ] || give_up "the export of $hive is too short"
-  done
-}
-
 # What is there and what is missing differs from key to key.
 if [ "$machine" = filled ]; then
   cat >"$TEST_DIRECTORY/table" <<'TABLE'
@@ -40,17 +24,7 @@ else
 fi
 "$tools/demo-machine/make" "$WINEPREFIX" "$stand_ins" "$TEST_DIRECTORY/table" || give_up "no demo machine"
 
-# Wine enters the display into the registry when the first window is shown.
-wine "$stand_ins/hdevelop.exe" &
-settling=$!
-wait_for_record "the start of the stand-in"
-for _ in $(seq 100); do
-  window=$(visible_titles)
-  [ -z "$window" ] || break
-  sleep 0.2
-done
-close_window "$window"
-wait_for_end $settling
+show_first_window "$stand_ins/hdevelop.exe"
 
 export_registry "$TEST_DIRECTORY/before"
 if [ "$machine" = filled ]; then
