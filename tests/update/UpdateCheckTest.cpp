@@ -126,7 +126,15 @@ void UpdateCheckTest::request()
     QCOMPARE(server.requests().size(), 1);
     const WebRequest request = server.requests().constFirst();
     QCOMPARE(request.line, QByteArray("GET /file.json?a=1&b=%20 HTTP/1.1"));
+    // The users are told that this is all.
+    QStringList names;
+    for (const QByteArray &header : request.headers) {
+        names.append(header.left(header.indexOf(':')));
+    }
+    names.sort();
+    QCOMPARE(names, (QStringList{"Accept-Encoding", "Accept-Language", "Connection", "Host", "User-Agent"}));
     QCOMPARE(request.header("Host"), server.url(QString()).authority().toUtf8());
+    QCOMPARE(request.header("User-Agent"), QByteArray("Mozilla/5.0"));
     QCOMPARE(check.downloadedData(), QByteArray("contents"));
 }
 
