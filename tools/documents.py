@@ -28,7 +28,8 @@ def prose(text):
         else:
             lines.append("" if fence or line.startswith("    ") else line)
     # A code span may go on in the next line.
-    return re.sub(r"(`+)(?!`)(.+?)(?<!`)\1(?!`)", lambda code: re.sub(r"[^\n]", " ", code[0]), "\n".join(lines), flags=re.S)
+    span = r"(`+)(?!`)(.+?)(?<!`)\1(?!`)"
+    return re.sub(span, lambda code: re.sub(r"[^\n]", " ", code[0]), "\n".join(lines), flags=re.S)
 
 
 def links(text):
