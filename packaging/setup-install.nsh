@@ -94,15 +94,25 @@ Function RefuseDowngrade
   ${EndIf}
 FunctionEnd
 
+; NSIS passes over a directory that is no whole path, and over the switch when it is not the last one or stands in quotes.
+; Quotes around the directory it takes away, and with them halves of letters that are not ASCII.
+Function RefuseOddDirectory
+  System::Call 'kernel32::GetCommandLineW() w .r0'
+  ${WordFind} "$0" "/D=" "E+1}" $1
+  ${If} ${Errors}
+    Return
+  ${EndIf}
+  ${WordFind} "$1" "$\"" "E+1{" $2
+  ${IfNot} ${Errors}
+  ${OrIf} $INSTDIR == ""
+    !insertmacro Refuse ${EXIT_DIRECTORY} "/D= takes a whole path, such as C:\Tools\${NAME}. It has to be the last \
+      switch, and there must be no quotes, however many spaces the path has."
+  ${EndIf}
+FunctionEnd
+
 Function ChooseDirectory
+  Call RefuseOddDirectory
   ${If} $INSTDIR == ""
-    ; NSIS passes over a directory that is no whole path, and over the switch when there are quotes around it.
-    System::Call 'kernel32::GetCommandLineW() w .r0'
-    ${WordFind} "$0" "/D=" "E+1{" $1
-    ${IfNot} ${Errors}
-      !insertmacro Refuse ${EXIT_DIRECTORY} "/D= takes a whole path, such as C:\Tools\${NAME}. It has to be the last \
-        switch, and there must be no quotes, however many spaces the path has."
-    ${EndIf}
     ${If} $InstalledDir != ""
       StrCpy $INSTDIR $InstalledDir
     ${ElseIf} $IsForUser == 1
