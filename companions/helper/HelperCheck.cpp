@@ -19,16 +19,23 @@ constexpr std::array<const wchar_t *, 4> variableNames{L"HALCONROOT", L"HALCONAR
 constexpr std::array<const wchar_t *, 4> libraryNames{L"halconx.dll", L"halconxxl.dll", L"hdevenginex.dll",
                                                       L"hdevenginexxl.dll"};
 
+std::wstring refusalOfValue(const EnvironmentAssignment &assignment)
+{
+    const std::wstring fault = faultOfText(assignment.value, longestText);
+    return fault.empty() ? std::wstring() : L"The value of " + assignment.name + L' ' + fault + L'.';
+}
+
 std::wstring refusalOfEnvironment(const std::vector<EnvironmentAssignment> &environment)
 {
     std::set<std::wstring> seen;
-    for (const auto &[name, value] : environment) {
+    for (const EnvironmentAssignment &assignment : environment) {
+        const std::wstring &name = assignment.name;
         if (std::find(variableNames.begin(), variableNames.end(), name) == variableNames.end()) {
             return L"The variable " + shown(name) + L" is none of HALCON's.";
         }
-        const std::wstring fault = faultOfText(value, longestText);
-        if (!fault.empty()) {
-            return L"The value of " + name + L' ' + fault + L'.';
+        std::wstring refusal = refusalOfValue(assignment);
+        if (!refusal.empty()) {
+            return refusal;
         }
         if (!seen.insert(name).second) {
             return L"The variable " + name + L" is named twice.";

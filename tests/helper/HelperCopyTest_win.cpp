@@ -406,8 +406,7 @@ void HelperCopyTest::failedCopyKeepsTheOldFile()
     QCOMPARE(result.exitCode, 6);
     QCOMPARE(QString::fromUtf8(result.errors), "qz_com_helper: The licence file could not be copied. The old "
                                                "one, if there was one, holds what it held.\r\n\"" +
-                                                   named +
-                                                   "\\license.dat\" could not be replaced.\r\n");
+                                                   named + "\\license.dat\" could not be replaced.\r\n");
     QCOMPARE(open.readAll(), QByteArray("the old license"));
     QCOMPARE(QDir(directory).entryList(QDir::Files | QDir::Hidden | QDir::System),
              QStringList{"license.dat"});
