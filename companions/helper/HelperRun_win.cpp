@@ -99,6 +99,7 @@ HelperExitCode runHelper(const std::wstring &commandLine)
         }
     } catch (const std::exception &) {
         // What has been done is done, whether or not there is memory to tell of it.
+        return outcome.code;
     }
     return outcome.code;
 }

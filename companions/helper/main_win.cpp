@@ -6,11 +6,10 @@
 
 int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, PWSTR /*arguments*/, int /*show*/)
 {
-    HelperExitCode code = HelperExitCode::internalError;
     try {
-        code = runHelper(GetCommandLineW());
+        return static_cast<int>(runHelper(GetCommandLineW()));
     } catch (const std::exception &) {
         // Out of memory: the C library would show a box of its own.
+        return static_cast<int>(HelperExitCode::internalError);
     }
-    return static_cast<int>(code);
 }
