@@ -3,6 +3,7 @@
 #include "tests/support/AccessibleControls.h"
 #include "tests/support/MarkingTranslator.h"
 #include "tests/support/MessageBoxes.h"
+#include "tests/support/Patience.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QClipboard>
@@ -224,7 +225,7 @@ void DebugLogTest::endIsFollowed()
                browser->viewport()->height();
     };
     // The text is laid out anew for the window's width.
-    QTRY_COMPARE(down->maximum(), end());
+    EVENTUALLY_COMPARE(down->maximum(), end());
     down->setValue(down->maximum());
     for (int line = 0; line < 3; ++line) {
         const int before = end();

@@ -4,6 +4,7 @@
 #include "tests/app/TabStops.h"
 #include "tests/card/CardMachine.h"
 #include "tests/card/CardShape.h"
+#include "tests/support/Patience.h"
 
 #include <QMainWindow>
 #include <QScreen>
@@ -151,7 +152,7 @@ void KeyboardFocusFrameTest::goesWithTheFocus()
     other.show();
     other.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&other));
-    QTRY_VERIFY(!window.frame->isVisible());
+    EVENTUALLY_VERIFY(!window.frame->isVisible());
 }
 
 void KeyboardFocusFrameTest::isBroughtIntoSight_data()
@@ -187,8 +188,8 @@ void KeyboardFocusFrameTest::followsTheControl()
     QCOMPARE(window.frame->geometry(), window.around(*list));
     const QRect before = window.frame->geometry();
     window.resize(large.width() + 200, large.height());
-    QTRY_VERIFY(window.around(*list) != before);
-    QTRY_COMPARE(window.frame->geometry(), window.around(*list));
+    EVENTUALLY_VERIFY(window.around(*list) != before);
+    EVENTUALLY_COMPARE(window.frame->geometry(), window.around(*list));
 }
 
 void KeyboardFocusFrameTest::isCutOffWithTheControl()

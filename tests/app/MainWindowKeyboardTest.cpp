@@ -7,6 +7,7 @@
 #include "tests/app/WindowMachine.h"
 #include "tests/card/CardShape.h"
 #include "tests/support/AccessibleControls.h"
+#include "tests/support/Patience.h"
 
 #include <QScrollArea>
 #include <QScrollBar>
@@ -87,7 +88,7 @@ void MainWindowKeyboardTest::pageKeysScroll()
     window.resize(1000, 500);
     QVERIFY(QTest::qWaitForWindowActive(&window));
     const QScrollBar *bar = window.findChild<QScrollArea *>("saHalconVersions")->verticalScrollBar();
-    QTRY_VERIFY(bar->maximum() > 0);
+    EVENTUALLY_VERIFY(bar->maximum() > 0);
     QTest::keyClick(window.windowHandle(), Qt::Key_PageDown);
     QVERIFY(bar->value() > 0);
 }

@@ -3,6 +3,7 @@
 #include "tests/app/UpdateMachine.h"
 #include "tests/support/DialogUser.h"
 #include "tests/support/Messages.h"
+#include "tests/support/Patience.h"
 #include "tests/support/ProjectVersion.h"
 #include "tests/support/RichText.h"
 #include "update/UpdateCheck.h"
@@ -85,7 +86,7 @@ void MainWindowNewsTest::cardsTellOfUpdates()
         before.insert(version, details(window, version)->toHtml());
     }
     const auto now = [&](const QString &version) { return details(window, version)->toHtml(); };
-    QTRY_VERIFY(now("20.11.0 Progress") != before.value("20.11.0 Progress"));
+    EVENTUALLY_VERIFY(now("20.11.0 Progress") != before.value("20.11.0 Progress"));
 
     const auto updated = [&](const QString &version, const QString &latest) {
         return digested(withUpdate(before.value(version), latest), *details(window, version));
@@ -121,7 +122,7 @@ void MainWindowNewsTest::comparingAgainAddsNoSecondLine()
     const LogLines log;
     for (int comparison = 1; comparison <= 3; ++comparison) {
         click(window, halconBox);
-        QTRY_COMPARE(log.lines().count("  version: 13.0"), comparison);
+        EVENTUALLY_COMPARE(log.lines().count("  version: 13.0"), comparison);
         QCOMPARE(browser->toHtml(), updated);
         click(window, halconBox);
     }
@@ -144,7 +145,7 @@ void MainWindowNewsTest::missingDirectoriesStayMarked()
                                "\"Update available!\" bold underlined #ff0000 -> " +
                                    MakerAddresses::halconDownloads(),
                                "\"\n\""};
-    QTRY_COMPARE(richTextRuns(*text), expected);
+    EVENTUALLY_COMPARE(richTextRuns(*text), expected);
     QCOMPARE(details(window, "13.0.0")->toPlainText(),
              QString("Details:\nVersion: 13.0.0\nInstallDir: C:\\13.0 (not found)\nExampleRoot: (not found)\n"
                      "Latest version: 13.0.1 Update available!\n"));
@@ -163,7 +164,7 @@ void MainWindowNewsTest::newestComparisonCounts()
         machine->server.setAnswer(releaseList, WebAnswer::ok(listOf({release("13.0", revision, "steady")})));
         const int sofar = log.lines().count("  version: 13.0");
         click(window, halconBox);
-        QTRY_COMPARE(log.lines().count("  version: 13.0"), sofar + 1);
+        EVENTUALLY_COMPARE(log.lines().count("  version: 13.0"), sofar + 1);
         click(window, halconBox);
     };
     compareWith("0");
@@ -209,7 +210,7 @@ void MainWindowNewsTest::failuresGoToTheLog()
     const MainWindow window;
     const QString before = details(window, "13.0.0")->toHtml();
     const LogLines log;
-    QTRY_COMPARE(log.lines(), lines);
+    EVENTUALLY_COMPARE(log.lines(), lines);
     QCOMPARE(details(window, "13.0.0")->toHtml(), before);
     QVERIFY(QApplication::activeModalWidget() == nullptr);
     QCOMPARE(WindowMachine::stored(option), QVariant("true"));
@@ -257,9 +258,9 @@ void MainWindowNewsTest::dialogTellsOfANewProgram()
         dialog.close();
     });
     click(window, corvantaBox);
-    QTRY_VERIFY(user.wasUsed());
+    EVENTUALLY_VERIFY(user.wasUsed());
     QCOMPARE(log.lines(), QStringList{"MessageDialog: " + html});
-    QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
+    EVENTUALLY_VERIFY(QApplication::activeModalWidget() == nullptr);
     QVERIFY(window.isVisible());
 }
 
@@ -280,7 +281,7 @@ void MainWindowNewsTest::oldProgramIsNoNews()
     const LogLines log;
     // The window has been told before the spy.
     QSignalSpy ended(window.findChild<UpdateCheck *>(), &UpdateCheck::downloaded);
-    QVERIFY(ended.wait());
+    QVERIFY(ended.wait(patienceMilliseconds));
     QCOMPARE(log.lines(), QStringList());
     QVERIFY(QApplication::activeModalWidget() == nullptr);
 }

@@ -1,5 +1,6 @@
 #include "app/ApplicationIdentity.h"
 #include "tests/app/UpdateMachine.h"
+#include "tests/support/Patience.h"
 
 #include <QtTest>
 
@@ -107,7 +108,7 @@ void MainWindowPresetsTest::presetChecksAtStart()
 {
     Registry::setString(machineKey, updateCheckHalcon, "true");
     const MainWindow window;
-    QTRY_COMPARE(machine->server.targets(), QList<QByteArray>{releaseList});
+    EVENTUALLY_COMPARE(machine->server.targets(), QList<QByteArray>{releaseList});
 }
 
 void MainWindowPresetsTest::choiceIsStoredForTheUserAlone_data()

@@ -7,6 +7,7 @@
 #include "tests/app/WindowMachine.h"
 #include "tests/recent/HDevelopSettings.h"
 #include "tests/recent/ShownPrograms.h"
+#include "tests/support/Patience.h"
 #include "tests/support/ProjectVersion.h"
 #include "tests/support/Registry.h"
 #include "tests/support/RichText.h"
@@ -356,7 +357,7 @@ void MainWindowTest::f4PutsTheListInTheMiddle()
     window.showNormal();
     for (const QSize &size : {QSize(900, 700), QSize(1200, 800)}) {
         window.resize(size);
-        QTRY_COMPARE(window.size(), size);
+        EVENTUALLY_COMPARE(window.size(), size);
         QTest::keyClick(&window, Qt::Key_F4);
         const auto *frame = window.findChild<RecentProgramsFrame *>();
         QCOMPARE(frame->size(), QSize(400, 178));

@@ -3,6 +3,7 @@
 #include "app/MakerAddresses.h"
 #include "tests/app/UpdateMachine.h"
 #include "tests/support/Messages.h"
+#include "tests/support/Patience.h"
 #include "update/UpdateCheck.h"
 
 #include <QtTest>
@@ -78,7 +79,7 @@ QList<QByteArray> MainWindowUpdatesTest::askedBefore()
     const QByteArray address = webServer + "/own";
     const UpdateCheck own(QUrl::fromEncoded(address), nullptr);
     QSignalSpy ended(&own, &UpdateCheck::downloaded);
-    if (!ended.wait()) {
+    if (!ended.wait(patienceMilliseconds)) {
         qFatal("no answer to the test's own request");
     }
     QList<QByteArray> targets = machine->server.targets();
@@ -127,7 +128,7 @@ void MainWindowUpdatesTest::storedOptionAsksAtStart()
     Registry::setString(settingsKey, option, "true");
     const LogLines log;
     const MainWindow window;
-    QTRY_COMPARE(log.lines().filter("Could not fetch ").size(), 1);
+    EVENTUALLY_COMPARE(log.lines().filter("Could not fetch ").size(), 1);
     QCOMPARE(askedBefore(), QList<QByteArray>{target});
 }
 
@@ -138,7 +139,7 @@ void MainWindowUpdatesTest::bothOptionsAskAtStartInOrder()
     Registry::setString(settingsKey, updateCheckHalcon, "true");
     Registry::setString(settingsKey, updateCheckCorvanta, "true");
     const MainWindow window;
-    QTRY_COMPARE(machine->server.targets().size(), 2);
+    EVENTUALLY_COMPARE(machine->server.targets().size(), 2);
     QCOMPARE(asked, (QList<QByteArray>{releaseList, ownRelease}));
     QNetworkProxy::setApplicationProxy(machine->server.asProxy());
 }
@@ -160,10 +161,10 @@ void MainWindowUpdatesTest::tickingAsksAtOnce()
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     click(window, box);
-    QTRY_COMPARE(machine->server.targets(), QList<QByteArray>{target});
+    EVENTUALLY_COMPARE(machine->server.targets(), QList<QByteArray>{target});
     click(window, box);
     click(window, box);
-    QTRY_COMPARE(machine->server.targets(), (QList<QByteArray>{target, target}));
+    EVENTUALLY_COMPARE(machine->server.targets(), (QList<QByteArray>{target, target}));
 }
 
 void MainWindowUpdatesTest::onlyCheckedAsks()
@@ -184,15 +185,15 @@ void MainWindowUpdatesTest::everyTickComparesAnew()
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     const LogLines log;
     click(window, halconBox);
-    QTRY_COMPARE(machine->server.targets().size(), 1);
+    EVENTUALLY_COMPARE(machine->server.targets().size(), 1);
     machine->server.setAnswer(releaseList, WebAnswer::ok(listOf({release("13.0", "1", "steady")})));
     click(window, halconBox);
     click(window, halconBox);
     const QString found = "update check found remotely available HALCON version";
-    QTRY_COMPARE(log.lines().count(found), 1);
+    EVENTUALLY_COMPARE(log.lines().count(found), 1);
     // The first download ends last, and what the latest one has brought is compared once more.
     machine->server.proceed();
-    QTRY_COMPARE(log.lines().count(found), 2);
+    EVENTUALLY_COMPARE(log.lines().count(found), 2);
     QCOMPARE(log.lines().filter("revision"), (QStringList{"  revision: 1", "  revision: 1"}));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCOMPARE(window.findChildren<UpdateCheck *>().size(), 2);
@@ -206,14 +207,14 @@ void MainWindowUpdatesTest::everyTickAsksForTheProgramAnew()
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     const LogLines log;
     click(window, corvantaBox);
-    QTRY_COMPARE(machine->server.targets().size(), 1);
+    EVENTUALLY_COMPARE(machine->server.targets().size(), 1);
     machine->server.setAnswer(ownRelease, WebAnswer::ok("no JSON either"));
     click(window, corvantaBox);
     click(window, corvantaBox);
     const QString failed = "Could not parse Corvanta for HALCON version update information file";
-    QTRY_COMPARE(log.lines(), QStringList{failed});
+    EVENTUALLY_COMPARE(log.lines(), QStringList{failed});
     machine->server.proceed();
-    QTRY_COMPARE(log.lines(), (QStringList{failed, failed}));
+    EVENTUALLY_COMPARE(log.lines(), (QStringList{failed, failed}));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCOMPARE(window.findChildren<UpdateCheck *>().size(), 2);
 }
@@ -225,11 +226,11 @@ void MainWindowUpdatesTest::untickingLetsADownloadGoOn()
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     click(window, halconBox);
-    QTRY_COMPARE(machine->server.targets().size(), 1);
+    EVENTUALLY_COMPARE(machine->server.targets().size(), 1);
     click(window, halconBox);
     QCOMPARE(WindowMachine::stored(updateCheckHalcon), QVariant("false"));
     machine->server.proceed();
-    QTRY_VERIFY(details(window, "13.0.0")->toPlainText().contains("Update available!"));
+    EVENTUALLY_VERIFY(details(window, "13.0.0")->toPlainText().contains("Update available!"));
 }
 
 void MainWindowUpdatesTest::windowStaysUsable()
@@ -239,12 +240,12 @@ void MainWindowUpdatesTest::windowStaysUsable()
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     click(window, halconBox);
-    QTRY_COMPARE(machine->server.targets().size(), 1);
+    EVENTUALLY_COMPARE(machine->server.targets().size(), 1);
     QTest::keyClick(&window, Qt::Key_F12);
     QVERIFY(window.findChild<DebugDialog *>()->isVisible());
     click(window, corvantaBox);
-    QTRY_COMPARE(machine->server.targets(), (QList<QByteArray>{releaseList, ownRelease}));
-    QTRY_COMPARE(machine->server.openConnections(), 1);
+    EVENTUALLY_COMPARE(machine->server.targets(), (QList<QByteArray>{releaseList, ownRelease}));
+    EVENTUALLY_COMPARE(machine->server.openConnections(), 1);
 }
 
 void MainWindowUpdatesTest::windowIsClosedDuringADownload()
@@ -256,10 +257,10 @@ void MainWindowUpdatesTest::windowIsClosedDuringADownload()
     const LogLines log;
     {
         const MainWindow window;
-        QTRY_COMPARE(machine->server.targets().size(), 2);
+        EVENTUALLY_COMPARE(machine->server.targets().size(), 2);
     }
     const int lines = log.lines().size();
-    QTRY_COMPARE(machine->server.openConnections(), 0);
+    EVENTUALLY_COMPARE(machine->server.openConnections(), 0);
     QCOMPARE(log.lines().size(), lines);
 }
 

@@ -2,6 +2,7 @@
 #include "tests/card/Desktop.h"
 #include "tests/support/EchoChild.h"
 #include "tests/support/MessageBoxes.h"
+#include "tests/support/Patience.h"
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
@@ -80,7 +81,7 @@ void CardExplorerTest::initTestCase()
 void CardExplorerTest::cleanupTestCase()
 {
     // As long as a child is ending, its program cannot be removed.
-    QTRY_VERIFY(QFile::remove(explorer()) || !QFile::exists(explorer()));
+    EVENTUALLY_VERIFY(QFile::remove(explorer()) || !QFile::exists(explorer()));
 }
 
 void CardExplorerTest::directoryLinks_data()

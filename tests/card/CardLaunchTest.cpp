@@ -4,6 +4,7 @@
 #include "tests/card/Desktop.h"
 #include "tests/fakes/ProcessStartFake.h"
 #include "tests/support/MessageBoxes.h"
+#include "tests/support/Patience.h"
 
 #include <QPointer>
 #include <QtTest>
@@ -106,7 +107,7 @@ void CardLaunchTest::missingVelloxaIsAdvertised()
     QCOMPARE(boxes.shown().size(), 0);
 
     dialog->close();
-    QTRY_VERIFY(dialog.isNull());
+    EVENTUALLY_VERIFY(dialog.isNull());
 }
 
 void CardLaunchTest::otherLinksGoToTheDesktop()

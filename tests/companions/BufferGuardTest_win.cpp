@@ -1,9 +1,9 @@
+#include "tests/support/Patience.h"
+
 #include <QProcess>
 #include <QtTest>
 
 namespace {
-
-constexpr int timeoutMilliseconds = 20000;
 
 /// Windows' name for the end of a program that has noticed an overflow is STATUS_STACK_BUFFER_OVERRUN.
 constexpr auto overrun = static_cast<int>(0xC0000409U);
@@ -15,7 +15,7 @@ int runCareless(const QStringList &arguments, QByteArray *output = nullptr, QByt
 {
     QProcess process;
     process.start(CARELESS_EXECUTABLE, arguments);
-    if (!process.waitForFinished(timeoutMilliseconds)) {
+    if (!process.waitForFinished(patienceMilliseconds)) {
         return -1;
     }
     if (output != nullptr) {

@@ -1,12 +1,11 @@
 #include "tests/companions/TestConsole.h"
+#include "tests/support/Patience.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
-
-constexpr int timeoutMilliseconds = 20000;
 
 struct Result {
     int exitCode = -1; ///< stays so when the program did not start or did not end by itself
@@ -26,7 +25,7 @@ Result runHuebox(const QString &arguments, QProcess::ProcessChannelMode channels
     process.setWorkingDirectory(directory);
     process.start();
     Result result;
-    if (process.waitForFinished(timeoutMilliseconds) && process.exitStatus() == QProcess::NormalExit) {
+    if (process.waitForFinished(patienceMilliseconds) && process.exitStatus() == QProcess::NormalExit) {
         result.exitCode = process.exitCode();
         result.output = process.readAllStandardOutput();
         result.errors = process.readAllStandardError();

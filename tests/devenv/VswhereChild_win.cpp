@@ -1,4 +1,5 @@
 #include "tests/devenv/VswhereChild.h"
+#include "tests/support/Patience.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -87,14 +88,13 @@ QString VswhereChild::path()
 bool VswhereChild::removeFrom(const QString &path)
 {
     // The file of a program cannot be removed before it has ended.
-    constexpr int timeoutMilliseconds = 40000;
     return QTest::qWaitFor(
         [&path] {
             QFile::remove(path);
             QDir().rmdir(path);
             return !QFileInfo::exists(path);
         },
-        timeoutMilliseconds);
+        patienceMilliseconds);
 }
 
 void VswhereChild::moveTo(const QString &otherPath) const

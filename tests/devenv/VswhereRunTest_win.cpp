@@ -4,6 +4,7 @@
 #include "tests/devenv/VswhereChild.h"
 #include "tests/devenv/VswhereReports.h"
 #include "tests/support/Messages.h"
+#include "tests/support/Patience.h"
 
 #include <QtTest>
 
@@ -241,7 +242,7 @@ void VswhereRunTest::neverEnds()
     QCOMPARE(child.runs().size(), 1);
     // Proves that a running process would be seen.
     QVERIFY(isRunning(quint32(QCoreApplication::applicationPid())));
-    QTRY_VERIFY(!isRunning(child.runs().constFirst().processId));
+    EVENTUALLY_VERIFY(!isRunning(child.runs().constFirst().processId));
 }
 
 void VswhereRunTest::cannotBeStarted_data()

@@ -1,4 +1,5 @@
 #include "tests/helper/HelperMachine.h"
+#include "tests/support/Patience.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -86,13 +87,9 @@ HelperResult run(const QString &arguments, Window window)
         created->startupInfo->dwFlags |= window == Window::unsaid ? 0 : STARTF_USESHOWWINDOW;
         created->startupInfo->wShowWindow = window == Window::visible ? SW_SHOW : SW_HIDE;
     });
-    // Of some thousand programs, whichever they are, Wine cannot start one at the first attempt.
-    for (int attempt = 0; attempt < 3 && !process.waitForStarted(); ++attempt) {
-        process.start();
-    }
+    process.start();
     HelperResult result;
-    constexpr int limit = 30000;
-    if (process.waitForFinished(limit) && process.exitStatus() == QProcess::NormalExit) {
+    if (process.waitForFinished(patienceMilliseconds) && process.exitStatus() == QProcess::NormalExit) {
         result.exitCode = process.exitCode();
         result.output = process.readAllStandardOutput();
         result.errors = process.readAllStandardError();

@@ -1,5 +1,6 @@
 #include "tests/companions/TestConsole.h"
 #include "tests/helper/HelperMachine.h"
+#include "tests/support/Patience.h"
 #include "tests/support/ProjectVersion.h"
 
 #include <QFile>
@@ -106,7 +107,7 @@ DWORD runByShell(const wchar_t *arguments)
     info.nShow = SW_HIDE;
     DWORD code = 999;
     if (ShellExecuteExW(&info) != 0) {
-        WaitForSingleObject(info.hProcess, 30000);
+        WaitForSingleObject(info.hProcess, patienceMilliseconds);
         GetExitCodeProcess(info.hProcess, &code);
         CloseHandle(info.hProcess);
     }
@@ -211,7 +212,7 @@ void HelperProgramTest::printsIntoAFile()
     process.setNativeArguments("--version");
     process.setStandardOutputFile("C:\\version.txt");
     process.start();
-    QVERIFY(process.waitForFinished());
+    QVERIFY(process.waitForFinished(patienceMilliseconds));
 
     QFile file("C:\\version.txt");
     QVERIFY(file.open(QFile::ReadOnly));
@@ -227,7 +228,7 @@ void HelperProgramTest::printsOnAConsole()
         process.setNativeArguments(arguments);
         process.setProcessChannelMode(QProcess::ForwardedChannels);
         process.start();
-        return process.waitForFinished() ? process.exitCode() : -1;
+        return process.waitForFinished(patienceMilliseconds) ? process.exitCode() : -1;
     };
 
     QCOMPARE(start("--version"), 0);

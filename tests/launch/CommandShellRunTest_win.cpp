@@ -4,14 +4,13 @@
 #include "launch/CommandShell.h"
 #include "tests/companions/TestConsole.h"
 #include "tests/support/EchoChild.h"
+#include "tests/support/Patience.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
-
-constexpr int timeoutMilliseconds = 20000;
 
 QString colourTool()
 {
@@ -27,7 +26,7 @@ QStringList answerTo(const QString &command)
     interpreter.setNativeArguments("/C \"" + command + " & rem\"");
     interpreter.setProcessChannelMode(QProcess::MergedChannels);
     interpreter.start();
-    if (!interpreter.waitForFinished(timeoutMilliseconds)) {
+    if (!interpreter.waitForFinished(patienceMilliseconds)) {
         qFatal("no answer to %s", qPrintable(command));
     }
     QStringList lines = QString::fromLatin1(interpreter.readAll()).split("\r\n");
@@ -166,7 +165,7 @@ void CommandShellRunTest::run(const QStringList &lines)
     QVERIFY2(startShell(installation, visualStudio, &errors), qPrintable(errors.join('\n')));
 
     const QStringList screen = lines + QStringList{"", prompt + '>'};
-    QTRY_COMPARE_WITH_TIMEOUT(console.lines(), screen, timeoutMilliseconds);
+    EVENTUALLY_COMPARE(console.lines(), screen);
     colours.clear();
     for (int line = 0; line < lines.size(); ++line) {
         colours += console.attributes(line, 1);
@@ -177,7 +176,7 @@ void CommandShellRunTest::run(const QStringList &lines)
     console.type("report");
     QVERIFY(child.waitForRecord(found));
     console.type("exit");
-    QTRY_COMPARE_WITH_TIMEOUT(console.otherProcesses(), 0, timeoutMilliseconds);
+    EVENTUALLY_COMPARE(console.otherProcesses(), 0);
     // The title is "HALCON 20.11.1 (x64-win64) ": the blank before the next command belongs to it.
     QCOMPARE(found.currentDirectory, prompt);
     QCOMPARE(found.variable("HALCONROOT"), installation.installDir);

@@ -2,6 +2,7 @@
 
 #include "companions/common/WindowsHandle.h"
 #include "launch/CommandShell.h"
+#include "tests/support/Patience.h"
 
 #include <QtTest>
 
@@ -10,8 +11,6 @@
 #include <tlhelp32.h>
 
 namespace {
-
-constexpr int timeoutMilliseconds = 20000;
 
 /// The command interpreter that this program has started, or 0.
 DWORD interpreterProcess()
@@ -74,8 +73,8 @@ void CommandShellWindowTest::windowOfItsOwn()
 
     const EndedProcess shell(interpreterProcess());
     HWND window = nullptr;
-    QTRY_VERIFY_WITH_TIMEOUT((window = FindWindowW(nullptr, title)) != nullptr, timeoutMilliseconds);
-    QTRY_VERIFY_WITH_TIMEOUT(IsWindowVisible(window) != 0, timeoutMilliseconds);
+    EVENTUALLY_VERIFY((window = FindWindowW(nullptr, title)) != nullptr);
+    EVENTUALLY_VERIFY(IsWindowVisible(window) != 0);
     QVERIFY(shell.isRunning());
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tests/support/EchoChild.h"
+#include "tests/support/Patience.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -38,9 +39,8 @@ public:
     static void remove()
     {
         // As long as a child is ending, its program cannot be removed.
-        constexpr int timeoutMilliseconds = 20000;
         if (!QTest::qWaitFor([] { return QFile::remove(helperFile()) || !QFile::exists(helperFile()); },
-                             timeoutMilliseconds)) {
+                             patienceMilliseconds)) {
             qFatal("could not remove %s", qPrintable(helperFile()));
         }
     }

@@ -1,13 +1,12 @@
 #include "launch/EnvironmentBroadcast.h"
 #include "tests/launch/EnvironmentBroadcastWindow.h"
+#include "tests/support/Patience.h"
 
 #include <QtTest>
 
 #include <windows.h>
 
 namespace {
-
-constexpr int hangTimeoutMilliseconds = 20000;
 
 HWND hangingWindow()
 {
@@ -56,7 +55,7 @@ void EnvironmentBroadcastTest::windowThatHangs()
 {
     const EnvironmentBroadcastWindow hanging(EnvironmentBroadcastWindow::Manner::Hangs);
     EnvironmentBroadcastWindow listening;
-    QTRY_VERIFY_WITH_TIMEOUT(IsHungAppWindow(hangingWindow()) != 0, hangTimeoutMilliseconds);
+    EVENTUALLY_VERIFY(IsHungAppWindow(hangingWindow()) != 0);
 
     QVERIFY(broadcastEnvironmentChange());
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/Patience.h"
+
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStringList>
@@ -17,7 +19,7 @@ public:
     {
         process.start(QStringLiteral(BROADCAST_WINDOW_EXECUTABLE),
                       {manner == Manner::Hangs ? "hang" : "listen"});
-        if (!QTest::qWaitFor([this] { return process.canReadLine(); }, timeoutMilliseconds) ||
+        if (!QTest::qWaitFor([this] { return process.canReadLine(); }, patienceMilliseconds) ||
             process.readLine().trimmed() != "ready") {
             qFatal("no window in another process: %s", qPrintable(process.errorString()));
         }
@@ -27,14 +29,14 @@ public:
     ~EnvironmentBroadcastWindow()
     {
         process.kill();
-        process.waitForFinished();
+        process.waitForFinished(patienceMilliseconds);
     }
 
     /// Closes a listening window. All that it has heard, a line for each message.
     QStringList closeAndTakeLines()
     {
         process.terminate();
-        if (!process.waitForFinished(timeoutMilliseconds)) {
+        if (!process.waitForFinished(patienceMilliseconds)) {
             return {"(did not end)"};
         }
         return QString::fromLatin1(process.readAll())
@@ -42,7 +44,5 @@ public:
     }
 
 private:
-    static constexpr int timeoutMilliseconds = 20000;
-
     QProcess process;
 };

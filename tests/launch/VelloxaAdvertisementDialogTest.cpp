@@ -3,6 +3,7 @@
 #include "app/MakerAddresses.h"
 #include "tests/support/AccessibleControls.h"
 #include "tests/support/MarkingTranslator.h"
+#include "tests/support/Patience.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QDesktopServices>
@@ -195,7 +196,7 @@ void VelloxaAdvertisementDialogTest::linkOpensInTheSystemsBrowser()
     QTest::mouseClick(browser()->viewport(), Qt::LeftButton, Qt::NoModifier,
                       browser()->cursorRect(cursor).center());
 
-    QTRY_COMPARE(systemsBrowser.addresses, QList<QUrl>{QUrl(MakerAddresses::velloxaDownloads())});
+    EVENTUALLY_COMPARE(systemsBrowser.addresses, QList<QUrl>{QUrl(MakerAddresses::velloxaDownloads())});
     QCOMPARE(browser()->toPlainText(), before);
 }
 
@@ -210,7 +211,7 @@ void VelloxaAdvertisementDialogTest::modelessAndGoneWithItsWindow()
     QVERIFY(!shown->isModal());
 
     shown->close();
-    QTRY_VERIFY(shown.isNull());
+    EVENTUALLY_VERIFY(shown.isNull());
 }
 
 void VelloxaAdvertisementDialogTest::translated()

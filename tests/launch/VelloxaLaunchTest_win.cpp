@@ -3,6 +3,7 @@
 #include "tests/support/CurrentDrive.h"
 #include "tests/support/EchoChild.h"
 #include "tests/support/Messages.h"
+#include "tests/support/Patience.h"
 #include "tests/support/Registry.h"
 
 #include <QTemporaryDir>
@@ -193,7 +194,7 @@ void VelloxaLaunchTest::programAppearsLaterAndIsKept()
     }
 
     // A program that still runs cannot be removed.
-    QVERIFY(QTest::qWaitFor([this] { return QFile::remove(path("velloxa.exe")); }));
+    QVERIFY(QTest::qWaitFor([this] { return QFile::remove(path("velloxa.exe")); }, patienceMilliseconds));
     QCOMPARE(velloxaExecutable64(), path("velloxa.exe"));
     const LogLines log;
     QStringList errors;

@@ -66,9 +66,14 @@ class LicenseOwnPlaceTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { license = std::make_unique<OnlyLicense>(); }
+    void cleanupTestCase() { license.reset(); }
     void stays_data();
     void stays();
     void otherFilesAreNotTheSame();
+
+private:
+    std::unique_ptr<OnlyLicense> license;
 };
 
 void LicenseOwnPlaceTest::stays_data()
@@ -87,9 +92,8 @@ void LicenseOwnPlaceTest::stays()
 {
     QFETCH(QString, way);
     QFETCH(bool, toTheTarget);
-    const OnlyLicense license;
-    const QString other = license.path(way);
-    QVERIFY(other != license.path());
+    const QString other = license->path(way);
+    QVERIFY(other != license->path());
     QFile reached(other);
     QVERIFY2(reached.open(QFile::ReadOnly), qPrintable(other));
     QCOMPARE(reached.readAll(), QByteArray("the only one"));
@@ -97,11 +101,11 @@ void LicenseOwnPlaceTest::stays()
     const LogLines log;
     QStringList errors;
 
-    QVERIFY(copyLicenseFile(toTheTarget ? license.path() : other, "dropped",
-                            toTheTarget ? other : license.path(), &errors));
+    QVERIFY(copyLicenseFile(toTheTarget ? license->path() : other, "dropped",
+                            toTheTarget ? other : license->path(), &errors));
 
-    QCOMPARE(license.files.read("H/license/the only license.dat"), QByteArray("the only one"));
-    QCOMPARE(QDir(license.files.path("H/license")).entryList(QDir::Files).size(), 1);
+    QCOMPARE(license->files.read("H/license/the only license.dat"), QByteArray("the only one"));
+    QCOMPARE(QDir(license->files.path("H/license")).entryList(QDir::Files).size(), 1);
     QCOMPARE(errors, QStringList());
     QCOMPARE(log.lines(), QStringList());
 }
@@ -109,15 +113,14 @@ void LicenseOwnPlaceTest::stays()
 /// Otherwise nothing would ever be copied.
 void LicenseOwnPlaceTest::otherFilesAreNotTheSame()
 {
-    const OnlyLicense license;
-    license.files.write("H/license/copy.dat", "the only one");
+    license->files.write("H/license/copy.dat", "the only one");
 
-    QVERIFY(!isSameFile(license.path(), license.files.path("H/license/copy.dat")));
+    QVERIFY(!isSameFile(license->path(), license->files.path("H/license/copy.dat")));
     QVERIFY(!isSameFile("W:\\license\\copy.dat", "W:\\license\\the only license.dat"));
-    QVERIFY(!isSameFile(license.path(), license.files.path("missing.dat")));
-    QVERIFY(!isSameFile(license.files.path("missing.dat"), license.path()));
-    QVERIFY(!isSameFile(license.files.path("missing.dat"), license.files.path("missing.dat")));
-    QVERIFY(isSameFile(license.path("share"), license.path("drive letter")));
+    QVERIFY(!isSameFile(license->path(), license->files.path("missing.dat")));
+    QVERIFY(!isSameFile(license->files.path("missing.dat"), license->path()));
+    QVERIFY(!isSameFile(license->files.path("missing.dat"), license->files.path("missing.dat")));
+    QVERIFY(isSameFile(license->path("share"), license->path("drive letter")));
 }
 
 QTEST_GUILESS_MAIN(LicenseOwnPlaceTest)

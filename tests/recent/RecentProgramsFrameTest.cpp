@@ -5,6 +5,7 @@
 #include "tests/support/AccessibleControls.h"
 #include "tests/support/MarkingTranslator.h"
 #include "tests/support/Messages.h"
+#include "tests/support/Patience.h"
 #include "tests/support/WidgetTree.h"
 
 #include <QLayout>
@@ -249,7 +250,7 @@ void RecentProgramsFrameTest::longPathsFit()
              qPrintable(QString("%1 < %2").arg(row.width()).arg(document.idealWidth())));
     QCOMPARE(row.height(), lineHeight);
     // What does not fit the frame can be scrolled to.
-    QTRY_VERIFY(list(frame)->horizontalScrollBar()->maximum() > 0);
+    EVENTUALLY_VERIFY(list(frame)->horizontalScrollBar()->maximum() > 0);
 }
 
 void RecentProgramsFrameTest::notReadAnewWhenShownAgain()

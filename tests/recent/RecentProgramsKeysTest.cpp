@@ -1,6 +1,7 @@
 #include "recent/RecentProgramsFrame.h"
 #include "tests/recent/HDevelopSettings.h"
 #include "tests/recent/ShownPrograms.h"
+#include "tests/support/Patience.h"
 
 #include <QHeaderView>
 #include <QtTest>
@@ -378,14 +379,14 @@ void RecentProgramsKeysTest::restoredWindowKeepsTheFocus()
     other->setFocus();
 
     window->showMinimized();
-    QTRY_VERIFY(window->isMinimized());
+    EVENTUALLY_VERIFY(window->isMinimized());
     window->showNormal();
     // As a click in the task bar does.
     window->activateWindow();
 
     QVERIFY(QTest::qWaitForWindowActive(window.data()));
     QVERIFY(frame->isVisible());
-    QTRY_COMPARE(QApplication::focusWidget(), other);
+    EVENTUALLY_COMPARE(QApplication::focusWidget(), other);
 }
 
 QTEST_MAIN(RecentProgramsKeysTest)

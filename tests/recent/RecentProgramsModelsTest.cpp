@@ -3,6 +3,7 @@
 #include "tests/recent/HDevelopSettings.h"
 #include "tests/recent/ShownPrograms.h"
 #include "tests/support/Messages.h"
+#include "tests/support/Patience.h"
 
 #include <QAbstractItemModelTester>
 #include <QtTest>
@@ -237,7 +238,7 @@ void RecentProgramsModelsTest::drawnAlikeHoweverMany()
         searchLine(frame)->setText("hdev");
         letDraw();
 
-        QTRY_VERIFY(delegate.paints > 0);
+        EVENTUALLY_VERIFY(delegate.paints > 0);
         sizes.append(delegate.sizeHints);
     }
     QCOMPARE(sizes.at(0), sizes.at(1));

@@ -1,4 +1,5 @@
 #include "tests/support/EchoChild.h"
+#include "tests/support/Patience.h"
 
 #include <QDir>
 #include <QFile>
@@ -9,8 +10,6 @@ namespace {
 
 constexpr auto recordVariable = "ECHO_CHILD_RECORD";
 constexpr auto exitCodeVariable = "ECHO_CHILD_EXIT_CODE";
-constexpr int timeoutMilliseconds = 20000;
-
 EchoRecord parse(const QByteArray &data)
 {
     const QString text(reinterpret_cast<const QChar *>(data.constData()), data.size() / int(sizeof(QChar)));
@@ -76,12 +75,12 @@ bool EchoChild::waitForRecord(EchoRecord &record) const
 {
     // The record is whole as soon as it is there, but for a moment its writer may still keep others from it.
     QFile file(recordPath());
-    if (!QTest::qWaitFor([&file] { return file.open(QFile::ReadOnly); }, timeoutMilliseconds)) {
+    if (!QTest::qWaitFor([&file] { return file.open(QFile::ReadOnly); }, patienceMilliseconds)) {
         return false;
     }
     record = parse(file.readAll());
     file.close();
-    return QTest::qWaitFor([&file] { return file.remove(); }, timeoutMilliseconds);
+    return QTest::qWaitFor([&file] { return file.remove(); }, patienceMilliseconds);
 }
 
 QString EchoChild::recordPath() const

@@ -58,7 +58,7 @@ struct WebAnswer {
 ///     server.setAnswer("http://www.nobody.example/file", WebAnswer::ok("contents"));
 ///     QNetworkProxy::setApplicationProxy(server.asProxy());
 ///     ...
-///     QTRY_COMPARE(server.targets(), QList<QByteArray>{"http://www.nobody.example/file"});
+///     EVENTUALLY_COMPARE(server.targets(), QList<QByteArray>{"http://www.nobody.example/file"});
 ///
 /// Targets without an answer get "404 Not Found" without a body.
 class WebServer : public QObject {

@@ -1,3 +1,4 @@
+#include "tests/support/Patience.h"
 #include "tests/support/WineFiles.h"
 
 #include <QDir>
@@ -50,7 +51,8 @@ void makeSymbolicLink(const QString &target, const QString &link)
     const QFileInfo info(link);
     require(QProcess::startDetached("Z:/bin/ln", {"-s", target, info.fileName()}, info.path()),
             "starting ln");
-    require(QTest::qWaitFor([&link] { return QFileInfo::exists(link); }), "linking " + link);
+    require(QTest::qWaitFor([&link] { return QFileInfo::exists(link); }, patienceMilliseconds),
+            "linking " + link);
 }
 
 void removeSymbolicLink(const QString &link)
@@ -58,14 +60,16 @@ void removeSymbolicLink(const QString &link)
     // Wine's own removing would fail or follow the link.
     const QFileInfo info(link);
     require(QProcess::startDetached("Z:/bin/rm", {info.fileName()}, info.path()), "starting rm");
-    require(QTest::qWaitFor([&link] { return !QFileInfo::exists(link); }), "removing " + link);
+    require(QTest::qWaitFor([&link] { return !QFileInfo::exists(link); }, patienceMilliseconds),
+            "removing " + link);
 }
 
 void removeOpenDirectory(const QString &directory)
 {
     const QFileInfo info(directory);
     require(QProcess::startDetached("Z:/bin/rmdir", {info.fileName()}, info.path()), "starting rmdir");
-    require(QTest::qWaitFor([&directory] { return !QFileInfo::exists(directory); }), "removing " + directory);
+    require(QTest::qWaitFor([&directory] { return !QFileInfo::exists(directory); }, patienceMilliseconds),
+            "removing " + directory);
 }
 
 QString onAnotherDrive(const QString &path)
@@ -84,13 +88,20 @@ Mapping::Mapping(const QString &root, const QString &directory)
     require(QProcess::startDetached("Z:/bin/sh", {"-c", "mkdir -p \"${1%/*}\" && ln -s \"$2\" \"$1\"", "sh",
                                                   link, inTheFileSystemBelow(directory)}),
             "starting sh");
-    require(QTest::qWaitFor([this] { return QFileInfo::exists(name); }), "mapping " + root);
+    require(QTest::qWaitFor([this] { return QFileInfo::exists("Z:" + link); }, patienceMilliseconds),
+            "mapping " + root);
+    require(QFileInfo::exists(name), "finding " + name);
+    // Wine looks at most once a second which drives there are, and tells a file's volume by the drive: two looks at a
+    // file must not have that between them.
+    QTest::qWait(1100);
 }
 
 Mapping::~Mapping()
 {
     require(QProcess::startDetached("Z:/bin/rm", {link}), "starting rm");
-    require(QTest::qWaitFor([this] { return !QFileInfo::exists(name); }), "removing " + name);
+    // Wine would look for a share that is gone on the network, and wait.
+    require(QTest::qWaitFor([this] { return !QFileInfo::exists("Z:" + link); }, patienceMilliseconds),
+            "removing " + name);
 }
 
 } // namespace WineFiles

@@ -1,5 +1,6 @@
 #include "update/UpdateCheck.h"
 
+#include "tests/support/Patience.h"
 #include "tests/support/WebServer.h"
 
 #include <QtTest>
@@ -31,7 +32,7 @@ void UpdateCheckProxyTest::request()
     UpdateCheck check(QUrl(address), nullptr);
     QSignalSpy downloaded(&check, &UpdateCheck::downloaded);
 
-    QTRY_COMPARE(downloaded.count(), 1);
+    EVENTUALLY_COMPARE(downloaded.count(), 1);
 
     QCOMPARE(server.requests().size(), 1);
     const WebRequest request = server.requests().constFirst();
@@ -74,8 +75,8 @@ void UpdateCheckProxyTest::proxyThatRefuses()
     UpdateCheck check(QUrl(address), nullptr);
     QSignalSpy downloaded(&check, &UpdateCheck::downloaded);
 
-    QTRY_COMPARE(downloaded.count(), 1);
-    QTRY_COMPARE(server.openConnections(), 0);
+    EVENTUALLY_COMPARE(downloaded.count(), 1);
+    EVENTUALLY_COMPARE(server.openConnections(), 0);
 
     QCOMPARE(check.downloadedData(), data);
     QCOMPARE(downloaded.count(), 1);

@@ -1,5 +1,6 @@
 #include "update/UpdateCheck.h"
 
+#include "tests/support/Patience.h"
 #include "tests/support/WebServer.h"
 
 #include <QNetworkReply>
@@ -121,7 +122,7 @@ void UpdateCheckTest::request()
 
     UpdateCheck check(server.url("/file.json?a=1&b=%20"), nullptr);
     QSignalSpy downloaded(&check, &UpdateCheck::downloaded);
-    QTRY_COMPARE(downloaded.count(), 1);
+    EVENTUALLY_COMPARE(downloaded.count(), 1);
 
     QCOMPARE(server.requests().size(), 1);
     const WebRequest request = server.requests().constFirst();
@@ -187,8 +188,8 @@ void UpdateCheckTest::answers()
     UpdateCheck check(server.url(path), nullptr);
     QSignalSpy downloaded(&check, &UpdateCheck::downloaded);
 
-    QTRY_COMPARE(downloaded.count(), 1);
-    QTRY_COMPARE(server.openConnections(), 0);
+    EVENTUALLY_COMPARE(downloaded.count(), 1);
+    EVENTUALLY_COMPARE(server.openConnections(), 0);
 
     QVERIFY2(check.downloadedData() == data, check.downloadedData().left(1000));
     QCOMPARE(downloaded.count(), 1);
@@ -218,8 +219,8 @@ void UpdateCheckTest::redirects()
     UpdateCheck check(server.url(path), nullptr);
     QSignalSpy downloaded(&check, &UpdateCheck::downloaded);
 
-    QTRY_COMPARE(downloaded.count(), 1);
-    QTRY_COMPARE(server.openConnections(), 0);
+    EVENTUALLY_COMPARE(downloaded.count(), 1);
+    EVENTUALLY_COMPARE(server.openConnections(), 0);
 
     QCOMPARE(check.downloadedData(), body);
     QCOMPARE(server.targets(), QList<QByteArray>{path});
@@ -241,7 +242,7 @@ void UpdateCheckTest::nothingToTalkTo()
     QSignalSpy downloaded(&check, &UpdateCheck::downloaded);
 
     // Never from within the constructor: nobody could have connected by then.
-    QTRY_COMPARE(downloaded.count(), 1);
+    EVENTUALLY_COMPARE(downloaded.count(), 1);
 
     QCOMPARE(check.downloadedData(), QByteArray());
 }
@@ -255,20 +256,20 @@ void UpdateCheckTest::dataComeAllAtOnce()
     UpdateCheck check(server.url(path), nullptr);
     QSignalSpy downloaded(&check, &UpdateCheck::downloaded);
     QCOMPARE(check.downloadedData(), QByteArray());
-    QTRY_COMPARE(server.targets(), QList<QByteArray>{path});
+    EVENTUALLY_COMPARE(server.targets(), QList<QByteArray>{path});
 
     for (int piece = 0; piece < 3; ++piece) {
         server.proceed();
         // Until another download has ended, the piece has arrived as well.
         UpdateCheck other(server.url("/other"), nullptr);
         QSignalSpy otherDownloaded(&other, &UpdateCheck::downloaded);
-        QTRY_COMPARE(otherDownloaded.count(), 1);
+        EVENTUALLY_COMPARE(otherDownloaded.count(), 1);
         QCOMPARE(check.downloadedData(), QByteArray());
         QCOMPARE(downloaded.count(), 0);
     }
     server.proceed();
 
-    QTRY_COMPARE(downloaded.count(), 1);
+    EVENTUALLY_COMPARE(downloaded.count(), 1);
     QCOMPARE(check.downloadedData(), QByteArray("contents"));
 }
 
@@ -278,7 +279,7 @@ void UpdateCheckTest::dataAreACopy()
     server.setAnswer(path, WebAnswer::ok("contents"));
     UpdateCheck check(server.url(path), nullptr);
     QSignalSpy downloaded(&check, &UpdateCheck::downloaded);
-    QTRY_COMPARE(downloaded.count(), 1);
+    EVENTUALLY_COMPARE(downloaded.count(), 1);
 
     check.downloadedData().clear();
     QByteArray data = check.downloadedData();
@@ -293,12 +294,12 @@ void UpdateCheckTest::silentServer()
     server.setAnswer(path, WebAnswer::silent());
     UpdateCheck check(server.url(path), nullptr);
     QSignalSpy downloaded(&check, &UpdateCheck::downloaded);
-    QTRY_COMPARE(server.targets(), QList<QByteArray>{path});
+    EVENTUALLY_COMPARE(server.targets(), QList<QByteArray>{path});
 
     QTimer timer;
     QSignalSpy ticks(&timer, &QTimer::timeout);
     timer.start(1);
-    QTRY_VERIFY(ticks.count() >= 20);
+    EVENTUALLY_VERIFY(ticks.count() >= 20);
 
     QCOMPARE(downloaded.count(), 0);
     QCOMPARE(check.downloadedData(), QByteArray());
@@ -315,14 +316,14 @@ void UpdateCheckTest::sideBySide()
     UpdateCheck second(server.url("/second"), nullptr);
     QSignalSpy secondDownloaded(&second, &UpdateCheck::downloaded);
 
-    QTRY_COMPARE(secondDownloaded.count(), 1);
+    EVENTUALLY_COMPARE(secondDownloaded.count(), 1);
     QCOMPARE(second.downloadedData(), QByteArray("of the second"));
     QCOMPARE(firstDownloaded.count(), 0);
     QCOMPARE(first.downloadedData(), QByteArray());
 
-    QTRY_COMPARE(server.requests().size(), 2);
+    EVENTUALLY_COMPARE(server.requests().size(), 2);
     server.proceed();
-    QTRY_COMPARE(firstDownloaded.count(), 1);
+    EVENTUALLY_COMPARE(firstDownloaded.count(), 1);
     QCOMPARE(first.downloadedData(), QByteArray("of the first"));
     QCOMPARE(second.downloadedData(), QByteArray("of the second"));
     QCOMPARE(secondDownloaded.count(), 1);
@@ -358,7 +359,7 @@ void UpdateCheckTest::destroyedWhileUnderWay()
     int downloaded = 0;
     connect(check, &UpdateCheck::downloaded, this, [&downloaded] { ++downloaded; });
     if (waitsForRequest) {
-        QTRY_COMPARE(server.targets(), QList<QByteArray>{path});
+        EVENTUALLY_COMPARE(server.targets(), QList<QByteArray>{path});
         QCoreApplication::processEvents();
     }
 
@@ -371,8 +372,8 @@ void UpdateCheckTest::destroyedWhileUnderWay()
     QVERIFY(check.isNull());
     // The server sees the other's end behind everything else that has been sent.
     UpdateCheck next(server.url("/next"), nullptr);
-    QTRY_VERIFY(server.targets().contains("/next"));
-    QTRY_COMPARE(server.openConnections(), 0);
+    EVENTUALLY_VERIFY(server.targets().contains("/next"));
+    EVENTUALLY_COMPARE(server.openConnections(), 0);
     QCOMPARE(downloaded, 0);
 }
 
@@ -387,7 +388,7 @@ void UpdateCheckTest::destroyedByWhoIsTold()
         check->deleteLater();
     });
 
-    QTRY_VERIFY(check.isNull());
+    EVENTUALLY_VERIFY(check.isNull());
 
     QCOMPARE(data, QByteArray("contents"));
 }
@@ -406,7 +407,7 @@ void UpdateCheckTest::endOfTheProgram()
         QCOMPARE(downloaded.count(), 0);
         QCOMPARE(server.openConnections(), 1);
     }
-    QTRY_COMPARE(server.openConnections(), 0);
+    EVENTUALLY_COMPARE(server.openConnections(), 0);
 }
 
 void UpdateCheckTest::endedReplies_data()
@@ -440,7 +441,7 @@ void UpdateCheckTest::endedReplies()
 
     QCOMPARE(dataWhenTold, QList<QByteArray>{contents});
     QVERIFY2(!reply.isNull(), "It is still in the middle of its signal.");
-    QTRY_VERIFY(reply.isNull());
+    EVENTUALLY_VERIFY(reply.isNull());
     QCOMPARE(check.downloadedData(), contents);
     QCOMPARE(dataWhenTold.size(), 1);
 }
