@@ -1,0 +1,112 @@
+"""Calls ./test -R in a made-up tree, in which a build copies shell scripts."""
+import os
+import pathlib
+import shutil
+import subprocess
+import tempfile
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+TIERS = ("host", "windows")
+
+FILES = {
+    "CMakePresets.json": """{
+  "version": 5,
+  "configurePresets": [
+    {"name": "host", "generator": "Ninja", "binaryDir": "${sourceDir}/build/host"},
+    {"name": "windows", "inherits": "host", "binaryDir": "${sourceDir}/build/windows"}
+  ],
+  "buildPresets": [{"name": "host", "configurePreset": "host"}, {"name": "windows", "configurePreset": "windows"}],
+  "testPresets": [{"name": "host", "configurePreset": "host"}, {"name": "windows", "configurePreset": "windows"}]
+}
+""",
+    "CMakeLists.txt": """cmake_minimum_required(VERSION 3.25)
+project(made-up LANGUAGES NONE)
+enable_testing()
+file(WRITE "${CMAKE_BINARY_DIR}/facts" "")
+get_filename_component(tier "${CMAKE_BINARY_DIR}" NAME)
+file(MAKE_DIRECTORY "${CMAKE_BINARY_DIR}/a" "${CMAKE_BINARY_DIR}/bin")
+function(copied target path)
+  set(path "${CMAKE_BINARY_DIR}/${path}")
+  add_custom_command(OUTPUT "${path}" COMMAND ${CMAKE_COMMAND} -E copy "${CMAKE_SOURCE_DIR}/${target}" "${path}")
+  add_custom_target(${target} ALL DEPENDS "${path}")
+endfunction()
+foreach(name IN ITEMS good bad unbuildable)
+  copied(${name} a/${name})
+  add_test(NAME a.${name} COMMAND "${CMAKE_BINARY_DIR}/a/${name}")
+endforeach()
+copied(demo bin/demo-program)
+if(tier STREQUAL "windows")
+  add_test(NAME b.shown COMMAND "${CMAKE_SOURCE_DIR}/shown" "${CMAKE_BINARY_DIR}/bin")
+else()
+  add_test(NAME b.read COMMAND "${CMAKE_SOURCE_DIR}/good")
+endif()
+""",
+    "good": "#!/bin/sh\n",
+    "bad": "#!/bin/sh\nexit 1\n",
+    "demo": "#!/bin/sh\n",
+    # Where results are remembered, tests that have passed are not run.
+    "shown": "#!/bin/sh\n[ -z \"$TEST_RESULTS\" ] && exec \"$1/demo-program\"\n",
+    "tools/packages": "dpkg\n",
+    ".gitignore": "/build/\n",
+    "tools/qt-windows/build": "#!/bin/sh\necho /nonexistent\n",
+}
+
+CASES = [
+    # arguments, exit code, what is said
+    (["-R", "a.good", "host"], 0, "1 passed, 0 failed"),
+    (["-R", "good|shown"], 0, "3 passed, 0 failed"),
+    (["--again", "-R", "shown", "windows"], 0, "1 passed, 0 failed"),
+    (["windows", "-R", "good|bad"], 1, "1 passed, 1 failed"),
+    (["-R", "read"], 0, "No windows test fits 'read'\n1 passed, 0 failed"),
+    (["-R", "other"], 1, "test: no test fits 'other'"),
+    (["-R", "(", "host"], 1, "test: '(' is no regular expression"),
+    (["-R", "unbuildable", "host"], 1, "test: the host build does not compile; the compiler's messages are above"),
+    (["-R"], 2, "test: -R needs a regular expression; see --help"),
+    (["-R", ""], 2, "test: -R needs a regular expression; see --help"),
+    (["-r", "good"], 2, "test: unknown argument '-r'; see --help"),
+    (["host", "windows"], 2, "test: name one tier, or none for both; see --help"),
+]
+
+
+class TestScriptTest(unittest.TestCase):
+    def setUp(self):
+        directory = tempfile.TemporaryDirectory()
+        self.addCleanup(directory.cleanup)
+        self.tree = pathlib.Path(directory.name, "a tree")
+        for name, text in FILES.items():
+            file = self.tree / name
+            file.parent.mkdir(parents=True, exist_ok=True)
+            file.write_text(text)
+            file.chmod(0o755)
+        for name in ("test", "tools/common"):
+            shutil.copy(ROOT / name, self.tree / name)
+        # Results are remembered in a repository only.
+        subprocess.run(["git", "init", "-q", self.tree], check=True)
+
+    def call(self, *arguments):
+        environment = {name: value for name, value in os.environ.items() if name != "TEST_RESULTS"}
+        return subprocess.run([self.tree / "test", *arguments], env=environment, text=True, stdout=subprocess.PIPE,
+                              stderr=subprocess.STDOUT)
+
+    def test_calls(self):
+        for arguments, status, said in CASES:
+            with self.subTest(arguments=arguments):
+                result = self.call(*arguments)
+                self.assertTrue(result.stdout.endswith(f"{said}\n"), result.stdout)
+                self.assertEqual(result.returncode, status)
+
+    def test_builds_what_it_runs(self):
+        self.call("-R", "good")
+        for tier in TIERS:
+            built = [file.name for folder in ("a", "bin") for file in (self.tree / "build" / tier / folder).iterdir()]
+            self.assertEqual(built, ["good"])
+
+    def test_help(self):
+        result = self.call("--help")
+        self.assertIn("\n  -R PATTERN ", result.stdout)
+        self.assertEqual(result.returncode, 0)
+
+
+if __name__ == "__main__":
+    unittest.main()
