@@ -1,6 +1,6 @@
 #include "app/DebugDialog.h"
 
-#include "app/DebugLogger.h"
+#include "base/DebugLogger.h"
 #include "ui_DebugDialog.h"
 
 #include <QAbstractTextDocumentLayout>

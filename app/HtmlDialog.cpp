@@ -1,7 +1,7 @@
 #include "app/HtmlDialog.h"
 
-#include "app/DebugLogger.h"
 #include "app/InertDocument.h"
+#include "base/DebugLogger.h"
 
 #include <QDesktopServices>
 #include <QDialog>

@@ -1,12 +1,12 @@
 #include "app/MainWindow.h"
 
 #include "app/DebugDialog.h"
-#include "app/DebugLogger.h"
 #include "app/ErrorDialog.h"
 #include "app/KeyboardFocusFrame.h"
 #include "app/MainWindowTexts.h"
 #include "app/MakerAddresses.h"
 #include "app/MessageDialog.h"
+#include "base/DebugLogger.h"
 #include "card/CardColumn.h"
 #include "card/SingleHalconVersionFrame.h"
 #include "discovery/RegistryDiscovery.h"

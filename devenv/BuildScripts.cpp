@@ -1,6 +1,6 @@
 #include "devenv/BuildScripts.h"
 
-#include "app/DebugLogger.h"
+#include "base/DebugLogger.h"
 
 #include <QFileInfo>
 

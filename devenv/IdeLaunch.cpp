@@ -1,6 +1,6 @@
 #include "devenv/IdeLaunch.h"
 
-#include "app/DebugLogger.h"
+#include "base/DebugLogger.h"
 #include "launch/ProcessStart.h"
 
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #include "devenv/VisualStudioDetection.h"
 
-#include "app/DebugLogger.h"
+#include "base/DebugLogger.h"
 #include "base/RegistryReader.h"
 #include "devenv/BuildScripts.h"
 #include "devenv/IdeLaunch.h"

@@ -1,6 +1,6 @@
 #include "discovery/RegistryDiscovery.h"
 
-#include "app/DebugLogger.h"
+#include "base/DebugLogger.h"
 #include "base/RegistryReader.h"
 #include "discovery/VersionNames.h"
 

@@ -1,6 +1,6 @@
 #include "discovery/VersionNames.h"
 
-#include "app/DebugLogger.h"
+#include "base/DebugLogger.h"
 
 #include <QRegularExpression>
 

@@ -1,6 +1,6 @@
 #include "launch/ProcessStart.h"
 
-#include "app/DebugLogger.h"
+#include "base/DebugLogger.h"
 #include "companions/common/WindowsHandle.h"
 
 #include <QObject>

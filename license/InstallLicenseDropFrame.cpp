@@ -1,6 +1,6 @@
 #include "license/InstallLicenseDropFrame.h"
 
-#include "app/DebugLogger.h"
+#include "base/DebugLogger.h"
 #include "companions/common/LicenseSize.h"
 
 #include <QBuffer>

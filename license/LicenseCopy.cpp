@@ -1,6 +1,6 @@
 #include "license/LicenseCopy.h"
 
-#include "app/DebugLogger.h"
+#include "base/DebugLogger.h"
 #include "launch/ElevatedHelper.h"
 #include "license/SameFile.h"
 

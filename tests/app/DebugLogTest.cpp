@@ -1,5 +1,5 @@
 #include "app/DebugDialog.h"
-#include "app/DebugLogger.h"
+#include "base/DebugLogger.h"
 #include "tests/support/AccessibleControls.h"
 #include "tests/support/MarkingTranslator.h"
 #include "tests/support/MessageBoxes.h"

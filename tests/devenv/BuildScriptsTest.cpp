@@ -1,5 +1,5 @@
 #include "devenv/BuildScripts.h"
-#include "app/DebugLogger.h"
+#include "base/DebugLogger.h"
 #include "tests/devenv/RecordLines.h"
 #include "tests/support/Messages.h"
 

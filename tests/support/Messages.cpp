@@ -1,6 +1,6 @@
 #include "tests/support/Messages.h"
 
-#include "app/DebugLogger.h"
+#include "base/DebugLogger.h"
 
 namespace {
 

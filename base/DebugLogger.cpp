@@ -1,4 +1,4 @@
-#include "app/DebugLogger.h"
+#include "base/DebugLogger.h"
 
 DebugLogger &DebugLogger::instance()
 {
