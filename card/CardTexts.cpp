@@ -1,6 +1,6 @@
 #include "card/CardTexts.h"
 
-#include "app/HtmlLink.h"
+#include "base/HtmlLink.h"
 
 #include <QCoreApplication>
 #include <QHash>

@@ -1,6 +1,6 @@
 #include "devenv/Vswhere.h"
 
-#include "app/ProgramDirectory.h"
+#include "base/ProgramDirectory.h"
 
 #include <QDebug>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #include "launch/CommandShell.h"
 
-#include "app/ProgramDirectory.h"
+#include "base/ProgramDirectory.h"
 #include "launch/ProcessStart.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "launch/ElevatedHelper.h"
 
-#include "app/ProgramDirectory.h"
+#include "base/ProgramDirectory.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

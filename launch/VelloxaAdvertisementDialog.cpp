@@ -1,7 +1,7 @@
 #include "launch/VelloxaAdvertisementDialog.h"
 
-#include "app/HtmlLink.h"
 #include "app/MakerAddresses.h"
+#include "base/HtmlLink.h"
 #include "ui_VelloxaAdvertisementDialog.h"
 
 VelloxaAdvertisementDialog::VelloxaAdvertisementDialog(QWidget *parent)

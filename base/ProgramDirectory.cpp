@@ -1,4 +1,4 @@
-#include "app/ProgramDirectory.h"
+#include "base/ProgramDirectory.h"
 
 #include <QCoreApplication>
 #include <QDir>
