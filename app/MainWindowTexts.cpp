@@ -1,7 +1,7 @@
 #include "app/MainWindowTexts.h"
 
-#include "app/MakerAddresses.h"
 #include "base/HtmlLink.h"
+#include "base/MakerAddresses.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>

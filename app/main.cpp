@@ -1,5 +1,5 @@
-#include "app/ApplicationIdentity.h"
 #include "app/MainWindow.h"
+#include "base/ApplicationIdentity.h"
 
 #include <QApplication>
 #include <QIcon>

@@ -1,4 +1,4 @@
-# Who makes the program, for app/MakerAddresses.h. The defaults are names reserved for examples, so that no build
+# Who makes the program, for base/MakerAddresses.h. The defaults are names reserved for examples, so that no build
 # talks to a stranger's server.
 set(CORVANTA_WEB_DOMAIN "quorvik.example" CACHE STRING "The maker's web domain, without www")
 set(CORVANTA_SHOP_DOMAIN "shop.quorvik.example" CACHE STRING "Domain of the maker's product shop, without www")

@@ -1,7 +1,7 @@
 #include "launch/VelloxaAdvertisementDialog.h"
 
-#include "app/MakerAddresses.h"
 #include "base/HtmlLink.h"
+#include "base/MakerAddresses.h"
 #include "ui_VelloxaAdvertisementDialog.h"
 
 VelloxaAdvertisementDialog::VelloxaAdvertisementDialog(QWidget *parent)

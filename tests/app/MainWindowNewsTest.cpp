@@ -1,5 +1,5 @@
-#include "app/ApplicationIdentity.h"
 #include "app/MessageDialog.h"
+#include "base/ApplicationIdentity.h"
 #include "tests/app/UpdateMachine.h"
 #include "tests/support/DialogUser.h"
 #include "tests/support/Messages.h"

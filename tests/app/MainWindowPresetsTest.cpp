@@ -1,4 +1,4 @@
-#include "app/ApplicationIdentity.h"
+#include "base/ApplicationIdentity.h"
 #include "tests/app/UpdateMachine.h"
 #include "tests/support/Patience.h"
 

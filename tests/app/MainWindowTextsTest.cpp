@@ -1,6 +1,6 @@
 #include "app/MainWindowTexts.h"
-#include "app/ApplicationIdentity.h"
-#include "app/MakerAddresses.h"
+#include "base/ApplicationIdentity.h"
+#include "base/MakerAddresses.h"
 #include "tests/support/MarkingTranslator.h"
 #include "tests/support/ProjectVersion.h"
 #include "update/HalconReleases.h"

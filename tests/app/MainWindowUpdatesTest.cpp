@@ -1,6 +1,6 @@
-#include "app/ApplicationIdentity.h"
 #include "app/DebugDialog.h"
-#include "app/MakerAddresses.h"
+#include "base/ApplicationIdentity.h"
+#include "base/MakerAddresses.h"
 #include "tests/app/UpdateMachine.h"
 #include "tests/support/Messages.h"
 #include "tests/support/Patience.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/MainWindow.h"
-#include "app/MakerAddresses.h"
+#include "base/MakerAddresses.h"
 #include "card/SingleHalconVersionFrame.h"
 #include "tests/app/WindowMachine.h"
 #include "tests/support/WebServer.h"

@@ -1,4 +1,4 @@
-#include "app/ApplicationIdentity.h"
+#include "base/ApplicationIdentity.h"
 #include "launch/ElevatedHelper.h"
 #include "tests/card/CardLicenseUser.h"
 #include "tests/launch/ElevatedHelperProgram.h"

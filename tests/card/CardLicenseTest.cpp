@@ -1,4 +1,4 @@
-#include "app/ApplicationIdentity.h"
+#include "base/ApplicationIdentity.h"
 #include "tests/card/CardLicenseUser.h"
 #include "tests/support/Messages.h"
 

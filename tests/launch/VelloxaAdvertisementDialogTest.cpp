@@ -1,6 +1,6 @@
 #include "launch/VelloxaAdvertisementDialog.h"
 
-#include "app/MakerAddresses.h"
+#include "base/MakerAddresses.h"
 #include "tests/support/AccessibleControls.h"
 #include "tests/support/MarkingTranslator.h"
 #include "tests/support/Patience.h"

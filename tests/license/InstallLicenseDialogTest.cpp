@@ -1,5 +1,5 @@
 #include "license/InstallLicenseDialog.h"
-#include "app/ApplicationIdentity.h"
+#include "base/ApplicationIdentity.h"
 #include "license/InstallLicenseDropFrame.h"
 #include "tests/license/Drops.h"
 #include "tests/support/AccessibleControls.h"

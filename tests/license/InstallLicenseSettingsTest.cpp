@@ -1,4 +1,4 @@
-#include "app/ApplicationIdentity.h"
+#include "base/ApplicationIdentity.h"
 #include "license/InstallLicenseDialog.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "update/OwnRelease.h"
 
-#include "app/MakerAddresses.h"
+#include "base/MakerAddresses.h"
 
 #include <QtTest>
 
