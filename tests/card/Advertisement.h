@@ -1,6 +1,6 @@
 #pragma once
 
-#include "launch/VelloxaAdvertisementDialog.h"
+#include "card/VelloxaAdvertisementDialog.h"
 
 #include <QApplication>
 

@@ -1,4 +1,4 @@
-#include "launch/VelloxaAdvertisementDialog.h"
+#include "card/VelloxaAdvertisementDialog.h"
 
 #include "base/MakerAddresses.h"
 #include "tests/support/AccessibleControls.h"

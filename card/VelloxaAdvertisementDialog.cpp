@@ -1,4 +1,4 @@
-#include "launch/VelloxaAdvertisementDialog.h"
+#include "card/VelloxaAdvertisementDialog.h"
 
 #include "base/HtmlLink.h"
 #include "base/MakerAddresses.h"
