@@ -3,7 +3,7 @@
 #include "base/DebugLogger.h"
 #include "base/RegistryReader.h"
 #include "devenv/BuildScripts.h"
-#include "devenv/IdeLaunch.h"
+#include "devenv/IdeSearch.h"
 #include "devenv/Vswhere.h"
 
 #include <QDebug>

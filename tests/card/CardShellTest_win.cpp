@@ -1,6 +1,6 @@
 #include "card/SingleHalconVersionFrame.h"
-#include "devenv/IdeLaunch.h"
 #include "launch/CommandShell.h"
+#include "launch/IdeLaunch.h"
 #include "tests/card/BoxLines.h"
 #include "tests/card/CardStudios.h"
 #include "tests/card/HalconVariables.h"

@@ -1,4 +1,4 @@
-#include "devenv/IdeLaunch.h"
+#include "launch/IdeLaunch.h"
 
 #include "tests/fakes/ProcessStartFake.h"
 
@@ -35,7 +35,7 @@ VisualStudioVersion visualStudio(const QString &idePath)
 } // namespace
 
 /// What is started as the IDE.
-class IdeStartTest : public QObject {
+class IdeLaunchTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -46,12 +46,12 @@ private slots:
     void failureWithoutErrorList();
 };
 
-void IdeStartTest::init()
+void IdeLaunchTest::init()
 {
     ProcessStartFake::reset();
 }
 
-void IdeStartTest::started_data()
+void IdeLaunchTest::started_data()
 {
     QTest::addColumn<QString>("idePath");
 
@@ -64,7 +64,7 @@ void IdeStartTest::started_data()
     QTest::newRow("no IDE is tried all the same") << "";
 }
 
-void IdeStartTest::started()
+void IdeLaunchTest::started()
 {
     QFETCH(QString, idePath);
     QStringList errors{"earlier line"};
@@ -81,7 +81,7 @@ void IdeStartTest::started()
     QCOMPARE(errors, QStringList{"earlier line"});
 }
 
-void IdeStartTest::failure()
+void IdeLaunchTest::failure()
 {
     ProcessStartFake::failWith("CreateProcess failed: no such file");
     QStringList errors{"earlier line"};
@@ -92,7 +92,7 @@ void IdeStartTest::failure()
     QCOMPARE(ProcessStartFake::starts().size(), 1);
 }
 
-void IdeStartTest::failureWithoutErrorList()
+void IdeLaunchTest::failureWithoutErrorList()
 {
     ProcessStartFake::failWith("CreateProcess failed: no such file");
 
@@ -101,6 +101,6 @@ void IdeStartTest::failureWithoutErrorList()
     QCOMPARE(ProcessStartFake::starts().size(), 1);
 }
 
-QTEST_GUILESS_MAIN(IdeStartTest)
+QTEST_GUILESS_MAIN(IdeLaunchTest)
 
-#include "IdeStartTest.moc"
+#include "IdeLaunchTest.moc"

@@ -1,4 +1,4 @@
-#include "devenv/IdeLaunch.h"
+#include "devenv/IdeSearch.h"
 #include "tests/devenv/RecordLines.h"
 #include "tests/support/CurrentDrive.h"
 #include "tests/support/Messages.h"
@@ -32,7 +32,7 @@ VisualStudioVersion product(const QString &productDir, bool express)
 
 } // namespace
 
-class IdeLaunchTest : public QObject {
+class IdeSearchTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -57,17 +57,17 @@ private:
     QString startDirectory;
 };
 
-void IdeLaunchTest::init()
+void IdeSearchTest::init()
 {
     startDirectory = QDir::currentPath();
 }
 
-void IdeLaunchTest::cleanup()
+void IdeSearchTest::cleanup()
 {
     QDir::setCurrent(startDirectory);
 }
 
-void IdeLaunchTest::candidates_data()
+void IdeSearchTest::candidates_data()
 {
     QTest::addColumn<bool>("express");
     QTest::addColumn<QStringList>("installed");
@@ -95,7 +95,7 @@ void IdeLaunchTest::candidates_data()
         << true << none << "" << QStringList{"wdexpress", "vcexpress", "devenv"};
 }
 
-void IdeLaunchTest::candidates()
+void IdeSearchTest::candidates()
 {
     QFETCH(bool, express);
     QFETCH(QStringList, installed);
@@ -121,7 +121,7 @@ void IdeLaunchTest::candidates()
     QCOMPARE(log.lines(), logLines);
 }
 
-void IdeLaunchTest::directoryIsNoIde()
+void IdeSearchTest::directoryIsNoIde()
 {
     const QTemporaryDir directory;
     const QString ideDir = directory.path() + "/Common7/IDE/";
@@ -142,14 +142,14 @@ void IdeLaunchTest::directoryIsNoIde()
                           ideDir + "devenv.exe does NOT exist"}));
 }
 
-void IdeLaunchTest::nothingFoundKeepsEarlierValues_data()
+void IdeSearchTest::nothingFoundKeepsEarlierValues_data()
 {
     QTest::addColumn<bool>("express");
     QTest::newRow("other") << false;
     QTest::newRow("Express") << true;
 }
 
-void IdeLaunchTest::nothingFoundKeepsEarlierValues()
+void IdeSearchTest::nothingFoundKeepsEarlierValues()
 {
     QFETCH(bool, express);
     const QTemporaryDir directory;
@@ -164,7 +164,7 @@ void IdeLaunchTest::nothingFoundKeepsEarlierValues()
     QCOMPARE(log.lines().last(), directory.path() + "/Common7/IDE/devenv.exe does NOT exist");
 }
 
-void IdeLaunchTest::foundReplacesEarlierValues()
+void IdeSearchTest::foundReplacesEarlierValues()
 {
     const QTemporaryDir directory;
     QVERIFY(addIdes(directory.path(), {"vcexpress.exe"}));
@@ -176,7 +176,7 @@ void IdeLaunchTest::foundReplacesEarlierValues()
     QCOMPARE(record.idePath, directory.path() + "/Common7/IDE/vcexpress.exe");
 }
 
-void IdeLaunchTest::otherFieldsStay()
+void IdeSearchTest::otherFieldsStay()
 {
     const QTemporaryDir directory;
     QVERIFY(addIdes(directory.path(), {"devenv.exe"}));
@@ -188,7 +188,7 @@ void IdeLaunchTest::otherFieldsStay()
                           directory.path() + "/Common7/IDE/devenv.exe", true}}));
 }
 
-void IdeLaunchTest::directoryNames_data()
+void IdeSearchTest::directoryNames_data()
 {
     QTest::addColumn<QString>("name");
 
@@ -201,7 +201,7 @@ void IdeLaunchTest::directoryNames_data()
     QTest::newRow("beyond the basic plane") << "\U0001f52c";
 }
 
-void IdeLaunchTest::directoryNames()
+void IdeSearchTest::directoryNames()
 {
     QFETCH(QString, name);
     const QTemporaryDir directory;
@@ -216,7 +216,7 @@ void IdeLaunchTest::directoryNames()
     QCOMPARE(log.lines(), QStringList{productDir + "/Common7/IDE/devenv.exe exists"});
 }
 
-void IdeLaunchTest::spellingsOfTheDirectory_data()
+void IdeSearchTest::spellingsOfTheDirectory_data()
 {
     QTest::addColumn<QString>(
         "pattern"); // %1 is the directory above the product's, without a separator at its end
@@ -226,7 +226,7 @@ void IdeLaunchTest::spellingsOfTheDirectory_data()
     QTest::newRow("up and down again") << "%1\\VC\\..\\VS";
 }
 
-void IdeLaunchTest::spellingsOfTheDirectory()
+void IdeSearchTest::spellingsOfTheDirectory()
 {
     QFETCH(QString, pattern);
     const QTemporaryDir directory;
@@ -240,7 +240,7 @@ void IdeLaunchTest::spellingsOfTheDirectory()
     QCOMPARE(log.lines(), QStringList{directory.path() + "/VS/Common7/IDE/devenv.exe exists"});
 }
 
-void IdeLaunchTest::upperCaseFile()
+void IdeSearchTest::upperCaseFile()
 {
     const QTemporaryDir directory;
     QVERIFY(addIdes(directory.path(), {"DEVENV.EXE"}));
@@ -250,7 +250,7 @@ void IdeLaunchTest::upperCaseFile()
     QCOMPARE(record.idePath, directory.path() + "/Common7/IDE/devenv.exe");
 }
 
-void IdeLaunchTest::relativeDirectory()
+void IdeSearchTest::relativeDirectory()
 {
     const QTemporaryDir directory;
     QVERIFY(addIdes(directory.path() + "/products/VS", {"devenv.exe"}));
@@ -262,7 +262,7 @@ void IdeLaunchTest::relativeDirectory()
     QVERIFY(QDir::setCurrent(startDirectory));
 }
 
-void IdeLaunchTest::noDirectory()
+void IdeSearchTest::noDirectory()
 {
     VisualStudioVersion record = product("", true);
     const LogLines log;
@@ -275,6 +275,6 @@ void IdeLaunchTest::noDirectory()
     QCOMPARE(log.lines(), expected);
 }
 
-QTEST_GUILESS_MAIN(IdeLaunchTest)
+QTEST_GUILESS_MAIN(IdeSearchTest)
 
-#include "IdeLaunchTest.moc"
+#include "IdeSearchTest.moc"

@@ -1,7 +1,6 @@
-#include "devenv/IdeLaunch.h"
+#include "devenv/IdeSearch.h"
 
 #include "base/DebugLogger.h"
-#include "launch/ProcessStart.h"
 
 #include <QFileInfo>
 #include <QStringList>
@@ -33,10 +32,4 @@ void findIdeExecutable(VisualStudioVersion &version)
         }
         DebugLogger::instance().log(file.absoluteFilePath() + QStringLiteral(" does NOT exist"));
     }
-}
-
-bool startDevEnv(const HalconInstallation &installation, const VisualStudioVersion &visualStudio,
-                 QStringList *errors)
-{
-    return startProcess(visualStudio.idePath, QString(), installation, errors);
 }

@@ -1,4 +1,6 @@
-#include "devenv/IdeLaunch.h"
+#include "launch/IdeLaunch.h"
+
+#include "devenv/IdeSearch.h"
 #include "tests/launch/SystemErrors.h"
 #include "tests/support/EchoChild.h"
 #include "tests/support/Messages.h"
@@ -43,7 +45,7 @@ quint32 errorOfStartWithoutExecutable()
 } // namespace
 
 /// The start of a real program as the IDE.
-class IdeStartTest : public QObject {
+class IdeLaunchTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -54,7 +56,7 @@ private slots:
     void noIdeAndNoErrorList();
 };
 
-void IdeStartTest::started_data()
+void IdeLaunchTest::started_data()
 {
     QTest::addColumn<QString>("product");
 
@@ -64,7 +66,7 @@ void IdeStartTest::started_data()
     QTest::newRow("not ASCII") << "Gr\u00f6\u00dfe \u5bf8\u6cd5 \u0420\u0430\u0437\u043c\u0435\u0440";
 }
 
-void IdeStartTest::started()
+void IdeLaunchTest::started()
 {
     QFETCH(QString, product);
     const QTemporaryDir directory;
@@ -94,7 +96,7 @@ void IdeStartTest::started()
     QCOMPARE(errors, QStringList{"earlier line"});
 }
 
-void IdeStartTest::ideThatWasRemoved()
+void IdeLaunchTest::ideThatWasRemoved()
 {
     const QTemporaryDir directory;
     VisualStudioVersion record = visualStudio(directory.filePath("VS"));
@@ -108,7 +110,7 @@ void IdeStartTest::ideThatWasRemoved()
     QCOMPARE(errors, (QStringList{"earlier line", createProcessErrorLine(WindowsError::fileNotFound)}));
 }
 
-void IdeStartTest::noIde()
+void IdeLaunchTest::noIde()
 {
     const quint32 error = errorOfStartWithoutExecutable();
     QVERIFY(error != 0);
@@ -122,7 +124,7 @@ void IdeStartTest::noIde()
     QCOMPARE(log.lines(), QStringList{"CreateProcess:  "});
 }
 
-void IdeStartTest::noIdeAndNoErrorList()
+void IdeLaunchTest::noIdeAndNoErrorList()
 {
     const LogLines log;
 
@@ -131,6 +133,6 @@ void IdeStartTest::noIdeAndNoErrorList()
     QCOMPARE(log.lines(), QStringList{"CreateProcess:  "});
 }
 
-QTEST_GUILESS_MAIN(IdeStartTest)
+QTEST_GUILESS_MAIN(IdeLaunchTest)
 
-#include "IdeStartTest_win.moc"
+#include "IdeLaunchTest_win.moc"
