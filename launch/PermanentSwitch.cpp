@@ -1,9 +1,9 @@
 #include "launch/PermanentSwitch.h"
 
+#include "base/LastWindowsError.h"
 #include "base/RegistryReader.h"
 #include "launch/ElevatedHelper.h"
 #include "launch/EnvironmentBroadcast.h"
-#include "launch/ProcessStart.h"
 
 #include <QFileInfo>
 #include <QObject>

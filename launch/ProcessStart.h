@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/LastWindowsError.h"
 #include "discovery/HalconInstallation.h"
 
 #include <QMap>
@@ -23,7 +24,3 @@ std::shared_ptr<char16_t[]> buildEnvironmentBlock(const QMap<QString, QString> &
 /// created; then a line that says why is appended to @p errors, unless that is null.
 bool startProcess(const QString &executable, const QString &arguments, const HalconInstallation &installation,
                   QStringList *errors);
-
-/// The system's text for the calling thread's last Windows error, or "Unknown Error" and its number. To be called
-/// before anything else that could set the last error.
-QString lastWindowsErrorText();

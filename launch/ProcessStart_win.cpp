@@ -47,17 +47,3 @@ bool startProcess(const QString &executable, const QString &arguments, const Hal
     const WindowsHandle threadHandle(process.hThread);
     return true;
 }
-
-QString lastWindowsErrorText()
-{
-    const DWORD code = GetLastError();
-    wchar_t *text = nullptr;
-    // With FORMAT_MESSAGE_ALLOCATE_BUFFER the buffer parameter takes the address of the buffer that is made.
-    FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_IGNORE_INSERTS |
-                       FORMAT_MESSAGE_FROM_SYSTEM,
-                   nullptr, code, 0, reinterpret_cast<wchar_t *>(&text), 0, nullptr);
-    QString result =
-        text != nullptr ? QString::fromWCharArray(text).trimmed() : QObject::tr("Unknown Error %1").arg(code);
-    LocalFree(text);
-    return result;
-}

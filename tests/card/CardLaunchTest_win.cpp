@@ -2,9 +2,9 @@
 #include "tests/card/BoxLines.h"
 #include "tests/card/CardButtons.h"
 #include "tests/card/HalconVariables.h"
-#include "tests/launch/SystemErrors.h"
 #include "tests/support/EchoChild.h"
 #include "tests/support/MessageBoxes.h"
+#include "tests/support/SystemErrors.h"
 
 #include <QTemporaryDir>
 #include <QtTest>

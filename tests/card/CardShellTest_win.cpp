@@ -4,11 +4,11 @@
 #include "tests/card/BoxLines.h"
 #include "tests/card/CardStudios.h"
 #include "tests/card/HalconVariables.h"
-#include "tests/launch/SystemErrors.h"
 #include "tests/support/EchoChild.h"
 #include "tests/support/MarkingTranslator.h"
 #include "tests/support/MessageBoxes.h"
 #include "tests/support/Messages.h"
+#include "tests/support/SystemErrors.h"
 
 #include <QListWidget>
 #include <QPushButton>

@@ -2,7 +2,7 @@
 
 #include "launch/EnvironmentBroadcast.h"
 #include "launch/PermanentSwitch.h"
-#include "tests/launch/SystemErrors.h"
+#include "tests/support/SystemErrors.h"
 
 #include <QtTest>
 

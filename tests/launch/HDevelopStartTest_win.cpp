@@ -1,7 +1,7 @@
 #include "launch/HDevelopLaunch.h"
-#include "tests/launch/SystemErrors.h"
 #include "tests/support/EchoChild.h"
 #include "tests/support/Messages.h"
+#include "tests/support/SystemErrors.h"
 
 #include <QTemporaryDir>
 #include <QtTest>

@@ -1,9 +1,9 @@
 #include "launch/IdeLaunch.h"
 
 #include "devenv/IdeSearch.h"
-#include "tests/launch/SystemErrors.h"
 #include "tests/support/EchoChild.h"
 #include "tests/support/Messages.h"
+#include "tests/support/SystemErrors.h"
 
 #include <QDir>
 #include <QTemporaryDir>

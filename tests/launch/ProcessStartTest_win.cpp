@@ -1,9 +1,9 @@
 #include "launch/ProcessStart.h"
-#include "tests/launch/SystemErrors.h"
 #include "tests/support/CurrentDirectory.h"
 #include "tests/support/EchoChild.h"
 #include "tests/support/MarkingTranslator.h"
 #include "tests/support/Messages.h"
+#include "tests/support/SystemErrors.h"
 
 #include <QTemporaryDir>
 #include <QtTest>

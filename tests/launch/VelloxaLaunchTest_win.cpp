@@ -1,10 +1,10 @@
 #include "launch/VelloxaLaunch.h"
-#include "tests/launch/SystemErrors.h"
 #include "tests/support/CurrentDrive.h"
 #include "tests/support/EchoChild.h"
 #include "tests/support/Messages.h"
 #include "tests/support/Patience.h"
 #include "tests/support/Registry.h"
+#include "tests/support/SystemErrors.h"
 
 #include <QTemporaryDir>
 #include <QtTest>

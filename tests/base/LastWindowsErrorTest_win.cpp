@@ -1,12 +1,12 @@
-#include "launch/ProcessStart.h"
-#include "tests/launch/SystemErrors.h"
+#include "base/LastWindowsError.h"
 #include "tests/support/MarkingTranslator.h"
+#include "tests/support/SystemErrors.h"
 
 #include <QtTest>
 
 #include <windows.h>
 
-class LastErrorTextTest : public QObject {
+class LastWindowsErrorTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -15,7 +15,7 @@ private slots:
     void codeWithoutText();
 };
 
-void LastErrorTextTest::systemText_data()
+void LastWindowsErrorTest::systemText_data()
 {
     QTest::addColumn<quint32>("code");
 
@@ -25,7 +25,7 @@ void LastErrorTextTest::systemText_data()
     QTest::newRow("text with a place to be filled in") << WindowsError::badExeFormat;
 }
 
-void LastErrorTextTest::systemText()
+void LastWindowsErrorTest::systemText()
 {
     QFETCH(quint32, code);
     const QString raw = rawSystemErrorText(code);
@@ -36,7 +36,7 @@ void LastErrorTextTest::systemText()
     QCOMPARE(lastWindowsErrorText(), raw.trimmed());
 }
 
-void LastErrorTextTest::codeWithoutText()
+void LastWindowsErrorTest::codeWithoutText()
 {
     QCOMPARE(rawSystemErrorText(WindowsError::withoutText), QString());
 
@@ -49,6 +49,6 @@ void LastErrorTextTest::codeWithoutText()
     QCOMPARE(lastWindowsErrorText(), "[Unknown Error 12345]");
 }
 
-QTEST_GUILESS_MAIN(LastErrorTextTest)
+QTEST_GUILESS_MAIN(LastWindowsErrorTest)
 
-#include "LastErrorTextTest_win.moc"
+#include "LastWindowsErrorTest_win.moc"

@@ -1,4 +1,4 @@
-#include "tests/launch/SystemErrors.h"
+#include "tests/support/SystemErrors.h"
 
 #include <windows.h>
 
