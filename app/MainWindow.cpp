@@ -51,20 +51,6 @@ void logLines(const QStringList &lines)
     }
 }
 
-/// Adds a line that tells of @p latest to the text that the card had before the first comparison.
-void showUpdate(SingleHalconVersionFrame &card, const HalconInstallation &latest)
-{
-    auto *browser = card.findChild<QTextBrowser *>(QStringLiteral("textBrowser"));
-    const char *const cache = "cachedHtml";
-    if (browser->property(cache).toString().isEmpty()) {
-        browser->setProperty(cache, browser->toHtml());
-    }
-    if (isNewer(latest, card.installation())) {
-        const QString line = updateLine(latest, MakerAddresses::halconDownloads());
-        browser->setHtml(withLastLine(browser->property(cache).toString(), line));
-    }
-}
-
 } // namespace
 
 MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), ui(std::make_unique<Ui::MainWindow>())
@@ -113,7 +99,7 @@ void MainWindow::compareVersionsHalcon()
     const auto cards = findChildren<SingleHalconVersionFrame *>();
     for (SingleHalconVersionFrame *card : cards) {
         if (const auto latest = publishedRelease(releases, card->installation())) {
-            showUpdate(*card, *latest);
+            card->showUpdate(*latest);
         }
     }
 }

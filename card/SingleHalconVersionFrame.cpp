@@ -1,5 +1,6 @@
 #include "card/SingleHalconVersionFrame.h"
 
+#include "base/MakerAddresses.h"
 #include "card/CardAccessibility.h"
 #include "card/CardIcons.h"
 #include "card/CardPalette.h"
@@ -15,6 +16,7 @@
 #include "license/InstallLicenseDialog.h"
 #include "license/LicenseCopy.h"
 #include "ui_SingleHalconVersionFrame.h"
+#include "update/HalconReleases.h"
 
 #include <QAction>
 #include <QDesktopServices>
@@ -74,6 +76,19 @@ QList<QWidget *> SingleHalconVersionFrame::tabStops() const
             xlBadge,       ui->pbHelp,          ui->pbShell,     ui->pbDevEnv,       ui->lwVsVersion,
             ui->pbPerm,    ui->cbRegCom,        ui->pbUac,       ui->cbRegComEngine, ui->pbUacEngine,
             ui->pbVelloxa, ui->pbInstallLicense};
+}
+
+void SingleHalconVersionFrame::showUpdate(const HalconInstallation &latest)
+{
+    // The details as they were before the first comparison.
+    const char *const cache = "cachedHtml";
+    if (ui->textBrowser->property(cache).toString().isEmpty()) {
+        ui->textBrowser->setProperty(cache, ui->textBrowser->toHtml());
+    }
+    if (isNewer(latest, record)) {
+        const QString line = updateLine(latest, MakerAddresses::halconDownloads());
+        ui->textBrowser->setHtml(withLastLine(ui->textBrowser->property(cache).toString(), line));
+    }
 }
 
 bool SingleHalconVersionFrame::eventFilter(QObject *watched, QEvent *event)
