@@ -1,20 +1,17 @@
 #pragma once
 
-#include "devenv/VisualStudioVersion.h"
 #include "discovery/HalconInstallation.h"
 
-#include <QFileIconProvider>
 #include <QFrame>
 #include <QList>
 
 #include <memory>
 
-class QAction;
-class QMenu;
+class HelpMenu;
 class QModelIndex;
 class QPushButton;
 class QUrl;
-struct DocumentationEntry;
+class VisualStudioChoice;
 
 namespace Ui {
 class SingleHalconVersionFrame;
@@ -87,31 +84,19 @@ public slots:
 
 private:
     void setObjectNames();
-    void markPushButtons();
-    void setColours(const QPalette &palette);
     void showDetails();
     void connectComRows();
     void fillVisualStudioList();
     void showVersion();
-    void buildHelpMenu();
-    QAction *makeHelpAction(const DocumentationEntry &entry);
-    QMenu *submenu(QMenu *menu, const QString &title);
+    void addHelpMenu();
     void showHDevelop();
-    void addDropShadows();
     void setAccessibleNames();
-    QPushButton *makeBadge(const QString &text, const QString &styleSheet);
-    QIcon fileIcon(const QString &path) const;
     void launchHDevelopBuild(bool xl);
-    const VisualStudioVersion *chosenVisualStudio(const QModelIndex &index, const QString &nothingChosen);
-    void installLicenseFile(const QString &source, const QString &droppedContents, const QString &target);
-    void showErrors(const QString &heading, const QStringList &errors);
 
     HalconInstallation record;
-    QList<VisualStudioVersion>
-        visualStudios; ///< those that fit the architecture, in the order of the list's rows
-    QFileIconProvider iconProvider;
+    std::unique_ptr<VisualStudioChoice> visualStudios;
     std::unique_ptr<Ui::SingleHalconVersionFrame> ui;
     QPushButton *architectureBadge = nullptr;
     QPushButton *xlBadge = nullptr;
-    std::unique_ptr<QMenu> releaseNotes; ///< has no parent
+    std::unique_ptr<HelpMenu> help;
 };

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "discovery/HalconInstallation.h"
+
+#include <QString>
+#include <QStringList>
+
+class QWidget;
+
+/// Warns of @p errors, in a box of @p card's, under @p heading, in which %1 stands for the installation.
+void warnOfErrors(const QString &heading, const HalconInstallation &installation, const QStringList &errors,
+                  QWidget *card);

@@ -1,0 +1,66 @@
+#include "card/CardLook.h"
+
+#include "card/CardIcons.h"
+#include "card/CardPalette.h"
+#include "card/CardTexts.h"
+
+#include <QFileIconProvider>
+#include <QFileInfo>
+#include <QGraphicsDropShadowEffect>
+#include <QPushButton>
+#include <QVariant>
+
+namespace {
+
+void markPushButtons(const QWidget &card)
+{
+    const QList<QPushButton *> buttons = card.findChildren<QPushButton *>();
+    for (QPushButton *button : buttons) {
+        button->setProperty("class", QStringLiteral("myPushButton"));
+    }
+}
+
+void setColours(QWidget &card, const QPalette &palette)
+{
+    card.setPalette(palette);
+    // Where there is a style sheet a palette does not reach the children by itself.
+    const QList<QWidget *> children = card.findChildren<QWidget *>();
+    for (QWidget *child : children) {
+        if (!child->isWindow()) {
+            child->setPalette(palette);
+        }
+    }
+}
+
+} // namespace
+
+void styleCard(QWidget &card, int major)
+{
+    markPushButtons(card);
+    const QString colour = cardColour(major);
+    setColours(card, cardPalette(colour));
+    card.setStyleSheet(cardStyleSheet(colour));
+}
+
+QPushButton *makeBadge(const QString &text, const QString &styleSheet, QWidget *card)
+{
+    auto *badge = new QPushButton(text, card);
+    badge->setStyleSheet(styleSheet);
+    badge->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    return badge;
+}
+
+void addDropShadows(const QList<QPushButton *> &buttons)
+{
+    for (QPushButton *button : buttons) {
+        auto *shadow = new QGraphicsDropShadowEffect(button);
+        shadow->setOffset(4, 4);
+        button->setGraphicsEffect(shadow);
+    }
+}
+
+QIcon shellIcon(const QString &path, const QSize &shownSize)
+{
+    constexpr int size = 48;
+    return iconOfItsOwnSize(QFileIconProvider().icon(QFileInfo(path)).pixmap(size, size), shownSize);
+}
