@@ -8,16 +8,30 @@ Var IsEntered  ; 1 when Windows's list of apps names this very directory
   !uninstfinalize '"${SIGN}" "%1"' = 0
 !endif
 
+; The directory $0 without short names, such as C:\PROGRA~1. One that is not there stays as it is.
+Function un.LongName
+  System::Call 'kernel32::GetLongPathNameW(w r0, w .r1, i ${NSIS_MAX_STRLEN}) i .r2'
+  ${If} $2 > 0
+  ${AndIf} $2 < ${NSIS_MAX_STRLEN}
+    StrCpy $0 $1
+  ${EndIf}
+FunctionEnd
+
 ; Which of the two it was installed for, by what Windows's list of apps says.
 Function un.ReadMode
   SetShellVarContext all
+  StrCpy $0 $INSTDIR
+  Call un.LongName
+  StrCpy $3 $0
   ReadRegStr $0 HKLM "${ENTRY}" InstallLocation
-  ${If} $0 == $INSTDIR
+  Call un.LongName
+  ${If} $0 == $3
     StrCpy $IsEntered 1
     Return
   ${EndIf}
   ReadRegStr $0 HKCU "${ENTRY}" InstallLocation
-  ${If} $0 == $INSTDIR
+  Call un.LongName
+  ${If} $0 == $3
     StrCpy $IsEntered 1
     StrCpy $IsForUser 1
     SetShellVarContext current
