@@ -87,8 +87,9 @@ FunctionEnd
 
 Function RefuseDowngrade
   ${VersionCompare} "$InstalledVersion" "${VERSION}" $0
-  ${If} $InstalledDir != ""
-  ${AndIf} $0 = 1
+  ; One whose directory was deleted by hand cannot be removed first.
+  ${If} $0 = 1
+  ${AndIf} ${FileExists} "$InstalledDir\uninstall.exe"
     !insertmacro Refuse ${EXIT_NEWER} "${NAME} $InstalledVersion is installed, which is newer than ${VERSION}. To go \
       back, remove the newer version first.$\r$\n$\r$\n$InstalledDir"
   ${EndIf}
