@@ -112,7 +112,6 @@ Function RefuseOddDirectory
 FunctionEnd
 
 Function ChooseDirectory
-  Call RefuseOddDirectory
   ${If} $INSTDIR == ""
     ${If} $InstalledDir != ""
       StrCpy $INSTDIR $InstalledDir
@@ -133,12 +132,15 @@ Function .onInit
       /AllUsers$\t$\tinstall for the machine, without asking$\r$\n\
       /S$\t$\tshow no window$\r$\n\
       /D=C:\directory$\tinstall there; the last switch, without quotes" /SD IDOK
+    SetErrorLevel 0
     Quit
   ${EndIf}
   ${GetOptions} $Parameters "/Elevated" $0
   ${IfNot} ${Errors}
     StrCpy $IsElevated 1
   ${EndIf}
+  ; The process with administrator rights does not get what NSIS has passed over.
+  Call RefuseOddDirectory
   Call ChooseMode
   ${If} $IsForUser == ""
     Call GetRightsForMachine
