@@ -6,9 +6,11 @@
 
 import importlib.machinery
 import importlib.util
+import os
 import struct
 import sys
 import unittest
+import unittest.mock
 from pathlib import Path
 
 sys.dont_write_bytecode = True
@@ -143,6 +145,13 @@ class ExecutablesCheckTest(unittest.TestCase):
                       found)
         found = list(check.findings("huebox.exe", PROGRAM, RELEASE_FACTS, []))
         self.assertIn("the manifest names the assemblies ['Microsoft.Windows.Common-Controls 6.0.0.0'] and not []", found)
+
+    def test_forbidden_paths(self):
+        places = {"XDG_CACHE_HOME": "/srv/caches", "QT_WINDOWS_PREFIX": "/opt/static Qt"}
+        with unittest.mock.patch.dict(os.environ, places):
+            self.assertLessEqual({*places.values(), BUILD}, set(check.forbidden_paths([BUILD])))
+        with unittest.mock.patch.dict(os.environ, dict.fromkeys(places, "")):
+            self.assertFalse(set(places.values()) & set(check.forbidden_paths([])))
 
     def test_addresses_reserved_for_examples(self):
         if RELEASE_FACTS == FACTS:
