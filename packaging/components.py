@@ -2,6 +2,7 @@
 
 import dataclasses
 import glob
+import hashlib
 import json
 import os
 import pathlib
@@ -19,7 +20,8 @@ from release import Failure, qt_prefix, root, run
 class Component:
     """name, version (may be empty), license (SPDX), homepage, texts (notices and licences), purl,
     programs (names of the programs that it is in), credit (a line that the licence asks for, may be empty),
-    part_of (the name of the component that holds it, or None)."""
+    part_of (the name of the component that holds it, or None), sha256 (of the file that is bundled or of the description
+    of Debian's source package, empty when there is neither)."""
 
     name: str
     version: str
@@ -30,6 +32,7 @@ class Component:
     programs: list
     credit: str = ""
     part_of: str = None
+    sha256: str = ""
 
 
 def table():
@@ -51,7 +54,7 @@ def components():
         version, purl = _version_and_purl(row)
         texts = [row["notice"]] if "notice" in row else []
         found.append(Component(row["name"], version, row["license"], row["homepage"],
-                               texts + [_text(place) for place in row["texts"]], purl, inside))
+                               texts + [_text(place) for place in row["texts"]], purl, inside, sha256=_sha256(row)))
         if row["name"] == "Qt":
             found += _inside_qt(rows, row, maps)
     return found
@@ -105,11 +108,21 @@ def _version_and_purl(row):
     return version, f"pkg:deb/debian/{name.replace('+', '%2B')}@{urllib.parse.quote(version, safe='.~-')}?arch={kind}"
 
 
-def _source_version(source):
+def _sha256(row):
+    path = os.environ[row["bundled"]] if "bundled" in row else _description(row["source"]) if "source" in row else None
+    return hashlib.sha256(pathlib.Path(path).read_bytes()).hexdigest() if path else ""
+
+
+def _description(source):
+    """The .dsc file of a source package that tools/qt-windows compiled."""
     descriptions = sorted((qt_prefix() / "sources").glob(f"{source}_*.dsc"))
     if len(descriptions) != 1:
         raise Failure(f"{len(descriptions)} source packages of {source} are in sources/ of QT_WINDOWS_PREFIX, not one")
-    return re.search(r"^Version: (\S+)$", descriptions[0].read_text(encoding="utf-8"), re.M)[1]
+    return descriptions[0]
+
+
+def _source_version(source):
+    return re.search(r"^Version: (\S+)$", _description(source).read_text(encoding="utf-8"), re.M)[1]
 
 
 def _file_version(path):
