@@ -33,7 +33,7 @@ void DebugDialog::updateLog()
     QScrollBar *bar = browser->verticalScrollBar();
     const bool atEnd = bar->value() == bar->maximum();
 
-    // The log only grows. To set the whole text would lose the reader's place and selection.
+    // The log only grows. Setting the whole text again would lose the scroll position and the selection.
     QTextCursor reader = browser->textCursor();
     reader.setKeepPositionOnInsert(true);
     const int place = bar->value();
@@ -43,14 +43,14 @@ void DebugDialog::updateLog()
     end.insertText(text.mid(shownLength));
     shownLength = text.size();
     if (reader != browser->textCursor()) {
-        // A selection that reached to the end has grown.
+        // A selection that reached the end has grown.
         reader.setKeepPositionOnInsert(false);
         browser->setTextCursor(reader);
         bar->setValue(place);
     }
 
     if (atEnd) {
-        // The bar itself learns of the new lines only later.
+        // The layout updates the bar's maximum only later.
         const int height = browser->document()->documentLayout()->documentSize().toSize().height();
         bar->setMaximum(std::max(0, height - browser->viewport()->height()));
         bar->setValue(bar->maximum());

@@ -17,8 +17,8 @@ public:
     ~DebugDialog() override;
 
 public slots:
-    /// Shows the whole current log. What is selected stays so, and the view stays where it is, or at the end if it is
-    /// there.
+    /// Shows the whole current log. Keeps the selection and the scroll position, or stays at the end if the
+    /// view is there.
     void updateLog();
 
     /// Puts the whole current log on the clipboard and tells the user so.

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Opens @p link on the desktop when it leads to the web or to a mail; any other could start a program.
+/// Opens web and mail links with the desktop's handler. Any other link could start a program.
 void openOutside(const QUrl &link)
 {
     static const QStringList schemes{QStringLiteral("http"), QStringLiteral("https"),
@@ -28,7 +28,7 @@ void setUpHtmlDialog(QDialog &dialog, QTextBrowser &browser, const QString &logP
     browser.setDocument(new InertDocument(html, browser.font(), &browser));
     DebugLogger::instance().log(logPrefix + html);
     browser.setOpenExternalLinks(true);
-    // The browser would go to a link without a scheme, or to a file, itself.
+    // By default the browser would itself follow a link to a file or without a scheme.
     browser.setOpenLinks(false);
     QObject::connect(&browser, &QTextBrowser::anchorClicked, &openOutside);
     dialog.setWindowTitle(QGuiApplication::applicationDisplayName());

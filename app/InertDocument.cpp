@@ -10,12 +10,12 @@
 
 namespace {
 
-/// Takes out of @p format what makes Qt look for a file: when it is drawn, copied, or hovered over. True when there
-/// was any of it.
+/// Removes from @p format what makes Qt access a file when the text is drawn, copied or hovered over. Returns
+/// whether anything was removed.
 bool disarm(QTextFormat &format)
 {
     bool changed = false;
-    // A tool tip is rich text of its own.
+    // A tool tip is rich text, too.
     for (const int property : {QTextFormat::BackgroundImageUrl, QTextFormat::TextToolTip}) {
         if (format.hasProperty(property)) {
             format.clearProperty(property);
@@ -25,7 +25,7 @@ bool disarm(QTextFormat &format)
     return changed;
 }
 
-/// Characters of one format in a block.
+/// A run of characters of one format in a block.
 struct Run {
     int position; ///< in the document
     int length;
@@ -44,13 +44,13 @@ void disarmText(const QTextBlock &block)
         cursor.setBlockCharFormat(emptyFormat);
     }
 
-    // A change makes fragments invalid.
+    // Changes invalidate fragments, so they are collected first.
     std::vector<Run> runs;
     for (auto each = block.begin(); !each.atEnd(); ++each) {
         const QTextFragment fragment = each.fragment();
         runs.push_back({fragment.position(), fragment.length(), fragment.charFormat()});
     }
-    // From the end, so that what is left keeps its position.
+    // Backwards, so that the remaining positions stay valid.
     for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
         cursor.setPosition(run->position);
         cursor.setPosition(run->position + run->length, QTextCursor::KeepAnchor);
@@ -90,7 +90,7 @@ void disarmFrames(QTextFrame &frame)
     }
 }
 
-// Qt takes seconds and more for what is beyond these: to read it, or to lay it out.
+// Beyond these limits Qt takes seconds or longer to parse or lay out the HTML.
 constexpr int longestHtml = 65536;
 constexpr int deepestNesting = 8;
 
@@ -101,7 +101,7 @@ bool isTooMuchToRead(const QString &html)
     return html.size() > longestHtml || html.contains(wideCell);
 }
 
-/// How many frames and tables lie in one another at most.
+/// The greatest depth to which frames and tables are nested.
 int depthOf(const QTextFrame &frame)
 {
     int deepest = 0;
@@ -127,7 +127,7 @@ InertDocument::InertDocument(const QString &html, const QFont &font, QObject *pa
         setPlainText(toPlainText());
         return;
     }
-    // All at once: a look at the rest after every change would take time that grows with the square of the length.
+    // In one edit block: an update after each change would take quadratic time.
     QTextCursor edit(this);
     edit.beginEditBlock();
     for (QTextBlock block = begin(); block.isValid(); block = block.next()) {

@@ -4,18 +4,17 @@
 
 class QFont;
 
-/// A text document of HTML that somebody else wrote. It keeps the words, their form and their links, and loads
-/// nothing: images, style sheets, backgrounds and tool tips, which may name files or network shares, are not in it. HTML
-/// that would take Qt seconds, because it is long, has tables deep in one another or very wide cells, is shown as plain
-/// text.
+/// A text document for untrusted HTML. It keeps text, formatting and links, and loads nothing: it drops
+/// images, style sheets, backgrounds and tool tips, which may name files or network shares. HTML that would
+/// take Qt seconds (too long, too deeply nested tables, very wide cells) is shown as plain text.
 class InertDocument : public QTextDocument {
     Q_OBJECT
 
 public:
-    /// @p font is that of the words for which @p html says nothing else.
+    /// @p font applies where @p html sets no other.
     InertDocument(const QString &html, const QFont &font, QObject *parent = nullptr);
 
 protected:
-    /// Nothing, whatever is asked for: style sheets and backgrounds are while the HTML is read.
+    /// Always returns nothing: Qt asks for style sheets and backgrounds while it parses the HTML.
     QVariant loadResource(int type, const QUrl &name) override;
 };

@@ -9,9 +9,9 @@
 namespace {
 
 constexpr int lineWidth = 2; // of the dark line; a light one inside it is half as wide
-constexpr int distance = 3;  // by which the frame is larger than the control on each side
+constexpr int distance = 3;  // between the control and the frame's outer edge, on each side
 
-/// The part of @p area, in coordinates of the window, that the scroll areas around @p widget let through.
+/// The part of @p area, in window coordinates, that the scroll areas around @p widget do not clip.
 QRect visiblePart(QRect area, const QWidget &widget)
 {
     const QWidget *window = widget.window();
@@ -105,7 +105,7 @@ void KeyboardFocusFrame::focusEnters(QWidget *newControl, Qt::FocusReason reason
 
 void KeyboardFocusFrame::focusLeaves(Qt::FocusReason reason)
 {
-    // A menu borrows the focus only.
+    // A menu returns the focus when it closes.
     if (reason != Qt::PopupFocusReason) {
         control = nullptr;
         followControl();
@@ -117,7 +117,7 @@ void KeyboardFocusFrame::followControl()
     const QRect before = isVisible() ? geometry() : QRect();
     if (byKeyboard && control != nullptr && control->isVisible()) {
         setGeometry(visiblePart(frameRect(), *control));
-        // Where it is cut off may have changed, and nothing else.
+        // Needed when only the clipping has changed.
         update();
         raise();
         show();
@@ -127,11 +127,12 @@ void KeyboardFocusFrame::followControl()
     updateShadows(before, isVisible() ? geometry() : QRect());
 }
 
-/// Has the controls with a graphics effect drawn anew where the frame was and where it is. Of such a control Qt draws
-/// the whole rectangle around what has changed, over what is there already: between two places some of it twice.
+/// Repaints the controls with a graphics effect where the frame was and where it is now. For such a control
+/// Qt paints the bounding rectangle of all changes over what is already there, so parts of it would be
+/// painted twice.
 void KeyboardFocusFrame::updateShadows(const QRect &before, const QRect &now)
 {
-    constexpr int reach = 16; // of an effect around its control
+    constexpr int reach = 16; // how far an effect extends beyond its control
     const QList<QWidget *> widgets = window()->findChildren<QWidget *>();
     for (QWidget *widget : widgets) {
         if (widget->graphicsEffect() != nullptr && widget->window() == window() && widget->isVisible()) {

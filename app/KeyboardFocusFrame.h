@@ -3,9 +3,9 @@
 #include <QPointer>
 #include <QWidget>
 
-/// A frame around the control of a window that has the keyboard's focus. It is shown to those who move the focus with
-/// the keyboard, as is the habit on Windows, and brings the control into sight when that is in a scroll area. Both of
-/// its colours together stand out from every background.
+/// A frame around the control that has the keyboard focus. It appears once the user moves the focus by
+/// keyboard, as is usual on Windows, and scrolls the control into view. Together its two colours contrast
+/// with every background.
 class KeyboardFocusFrame : public QWidget {
     Q_OBJECT
 
@@ -13,7 +13,7 @@ public:
     /// Watches the controls of @p window, which owns the frame.
     explicit KeyboardFocusFrame(QWidget *window);
 
-    /// Follows the focus, and the control that has it.
+    /// Follows the focus, and the geometry of the control that has it.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:
@@ -26,6 +26,6 @@ private:
     void updateShadows(const QRect &before, const QRect &now);
     QRect frameRect() const;
 
-    QPointer<QWidget> control; ///< the one that has the focus
-    bool byKeyboard = false;   ///< whether the keyboard has led the focus there
+    QPointer<QWidget> control; ///< has the focus
+    bool byKeyboard = false;   ///< whether the focus was last moved by keyboard
 };

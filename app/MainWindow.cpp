@@ -37,13 +37,13 @@ void storeOption(const char *key, int state)
     QSettings().setValue(QLatin1String(key), state == Qt::Checked);
 }
 
-/// What @p check has brought; empty when there has been none.
+/// What @p check has downloaded; empty without a check.
 QByteArray downloadedData(const UpdateCheck *check)
 {
     return check == nullptr ? QByteArray() : check->downloadedData();
 }
 
-/// Logs all at once, because an open log is drawn anew with every message.
+/// Logs all lines in one message, because an open debug dialog is updated for every message.
 void logLines(const QStringList &lines)
 {
     if (!lines.isEmpty()) {
@@ -144,13 +144,14 @@ void MainWindow::addCards()
     setTabOrder(ui->cbUpdateCheckHalcon, ui->cbUpdateCheckCorvanta);
     setTabOrder(ui->cbUpdateCheckCorvanta, ui->textBrowser);
     new KeyboardFocusFrame(this);
-    // Otherwise the first card's first button had the focus at once, unseen, and Space would start HDevelop.
+    // Otherwise the first card's first button would have the focus, invisibly, and Space would start
+    // HDevelop.
     ui->saHalconVersions->setFocus(Qt::OtherFocusReason);
 }
 
 void MainWindow::restoreUpdateOptions()
 {
-    // Connected only after the boxes have their state, so that restoring it does not write it back.
+    // Connected only after the state is restored, so that restoring it does not store it again.
     ui->cbUpdateCheckHalcon->setChecked(storedOption(updateCheckHalconKey));
     connect(ui->cbUpdateCheckHalcon, &QCheckBox::stateChanged, this,
             &MainWindow::handleUpdateChangeOptionHalcon);
@@ -190,9 +191,9 @@ void MainWindow::showRecentPrograms()
     if (recentPrograms == nullptr) {
         recentPrograms = new RecentProgramsFrame(this);
     }
-    // In the middle, which moves when the window changes its size.
+    // Centred each time, because the window may have been resized.
     recentPrograms->move(rect().center() - recentPrograms->rect().center());
     recentPrograms->show();
-    // It may have been shown already, while the user was elsewhere.
+    // It may have been visible already, with the focus elsewhere.
     recentPrograms->setFocus(Qt::OtherFocusReason);
 }

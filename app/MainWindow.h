@@ -20,24 +20,25 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// Finds the installations and builds their cards. When there is none, shows an error dialog instead and ends
-    /// the process with exit code 1.
+    /// Finds the installations and builds their cards. When there is none, shows an error dialog instead and
+    /// ends the process with exit code 1.
     explicit MainWindow(QWidget *parent = nullptr);
     ~MainWindow() override;
 
 public slots:
-    /// Stores whether HALCON update checks are on and, if they are, starts one; @p new_state is a Qt::CheckState.
+    /// Stores whether HALCON update checks are on and, if they are, starts one; @p new_state is a
+    /// Qt::CheckState.
     void handleUpdateChangeOptionHalcon(int new_state);
 
     /// Stores whether update checks for this program are on and, if they are, starts one; @p new_state is a
     /// Qt::CheckState.
     void handleUpdateChangeOptionCorvanta(int new_state);
 
-    /// Tells of newer HALCON releases on the cards, by the list that the latest download has brought. What is wrong
-    /// with the list goes to the debug log.
+    /// Shows newer HALCON releases on the cards, going by the latest download. Errors in the list go to the
+    /// debug log.
     void compareVersionsHalcon();
 
-    /// Shows a dialog when the latest download tells of a newer release of this program. What is wrong with it goes to
+    /// Shows a dialog when the latest download announces a newer release of this program. Errors in it go to
     /// the debug log.
     void compareVersionCorvanta();
 
@@ -54,9 +55,9 @@ private:
     void showRecentPrograms();
 
     QList<HalconInstallation> installations;
-    DebugDialog *debugDialog = nullptr;            ///< made when it is first opened
-    RecentProgramsFrame *recentPrograms = nullptr; ///< made when it is first opened
-    UpdateCheck *halconUpdateCheck = nullptr;      ///< the latest; all of them live as long as the window
+    DebugDialog *debugDialog = nullptr;            ///< created when first opened
+    RecentProgramsFrame *recentPrograms = nullptr; ///< created when first opened
+    UpdateCheck *halconUpdateCheck = nullptr;      ///< the latest; earlier ones live as long as the window
     UpdateCheck *corvantaUpdateCheck = nullptr;    ///< likewise
     std::unique_ptr<Ui::MainWindow> ui;
 };

@@ -30,13 +30,13 @@ QString filledFooter(const QString &html)
 {
     const QString product = QGuiApplication::applicationDisplayName();
     const QString version = QGuiApplication::applicationVersion();
-    const QString encodedBlank = QStringLiteral("%20");
-    // One place at a time, because the last text holds what looks like a place itself.
+    const QString encodedSpace = QStringLiteral("%20");
+    // One argument at a time and in this order: the last one contains "%20", which looks like a placeholder.
     return html.arg(QGuiApplication::organizationName() + QLatin1Char(' ') + product)
         .arg(version)
         .arg(QStringLiteral("http://www.") + QGuiApplication::organizationDomain() + QLatin1Char('/'))
         .arg(MakerAddresses::shop())
-        .arg(QString(product).replace(QLatin1Char(' '), encodedBlank) + encodedBlank + version);
+        .arg(QString(product).replace(QLatin1Char(' '), encodedSpace) + encodedSpace + version);
 }
 
 QString noInstallationHtml()

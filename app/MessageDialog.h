@@ -8,7 +8,8 @@ namespace Ui {
 class messagedialog;
 }
 
-/// Tells the user some news, such as a newer release of this program. The message goes to the debug log as well.
+/// Tells the user some news, such as a newer release of this program. The message goes to the debug log as
+/// well.
 class MessageDialog : public QDialog {
     Q_OBJECT
 

@@ -9,20 +9,20 @@
 
 int main(int argc, char *argv[])
 {
-    // All of this has to be set before there is an application object. Qt would round a scale of 125 % to 100 and of
-    // 150 % to 200; the second attribute makes icons as sharp as the screen.
+    // These must be set before the application object exists. By default Qt would round a scale of 125 % to
+    // 100 and of 150 % to 200, and would scale icons up instead of rendering them at the screen's resolution.
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     int exitCode = 0;
     QApplication application(argc, argv);
-    // Here everything of ours is gone. Qt would go on waiting for the name of a server that is still being looked up,
-    // for seconds.
+    // When this runs, all our own objects are destroyed. Without it Qt would wait, for seconds, for a host
+    // name lookup that is still running.
     QObject::connect(&application, &QObject::destroyed, [&exitCode] { std::_Exit(exitCode); });
     setApplicationIdentity();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/corvanta.png")));
 
-    // Whether Qt does so of its own accord depends on how it was built.
+    // Qt's default depends on how it was built.
     QNetworkProxyFactory::setUseSystemConfiguration(true);
 
     MainWindow window;

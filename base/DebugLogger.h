@@ -11,13 +11,13 @@ class DebugLogger : public QObject {
     Q_OBJECT
 
 public:
-    /// The one logger, made at first use.
+    /// The one logger, created at first use.
     static DebugLogger &instance();
 
     /// Appends @p message, which may hold line breaks, and emits updated().
     void log(const QString &message);
 
-    /// All messages, with one line feed between them and none after the last.
+    /// All messages, separated by line feeds; none after the last.
     QString text() const;
 
 signals:

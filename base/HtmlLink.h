@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// A link as this program shows links in rich text: blue and underlined. Both texts are HTML already.
+/// A link as this program shows links in rich text: blue and underlined. Both arguments are HTML already.
 inline QString htmlLink(const QString &target, const QString &text)
 {
     return QStringLiteral("<a href=\"") + target +

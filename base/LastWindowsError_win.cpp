@@ -8,7 +8,7 @@ QString lastWindowsErrorText()
 {
     const DWORD code = GetLastError();
     wchar_t *text = nullptr;
-    // With FORMAT_MESSAGE_ALLOCATE_BUFFER the buffer parameter takes the address of the buffer that is made.
+    // With FORMAT_MESSAGE_ALLOCATE_BUFFER the buffer parameter is where the new buffer's address is stored.
     FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_IGNORE_INSERTS |
                        FORMAT_MESSAGE_FROM_SYSTEM,
                    nullptr, code, 0, reinterpret_cast<wchar_t *>(&text), 0, nullptr);

@@ -2,9 +2,9 @@
 
 #include <QString>
 
-/// The maker's addresses, in one place. CMake's cache variables CORVANTA_WEB_DOMAIN, CORVANTA_SHOP_DOMAIN,
-/// CORVANTA_VELLOXA_DOMAIN, CORVANTA_FEEDBACK_ADDRESS and CORVANTA_HALCON_DOWNLOADS set them; the defaults of the
-/// maker's own lead to nobody.
+/// The maker's addresses. CMake's cache variables CORVANTA_WEB_DOMAIN, CORVANTA_SHOP_DOMAIN,
+/// CORVANTA_VELLOXA_DOMAIN, CORVANTA_FEEDBACK_ADDRESS and CORVANTA_HALCON_DOWNLOADS set them; the defaults
+/// for the maker's own are reserved example names.
 namespace MakerAddresses {
 
 /// The maker's web domain, such as "maker.example": the organisation domain of the application.
@@ -13,7 +13,7 @@ QString webDomain();
 /// The maker's home page, ending in "/".
 QString homePage();
 
-/// The page that tells how to reach the maker.
+/// The maker's contact page.
 QString contactPage();
 
 /// The maker's product shop, ending in "/".
@@ -25,7 +25,7 @@ QString velloxaDownloads();
 /// The file on the maker's web server that lists the published HALCON releases.
 QString halconReleaseList();
 
-/// The file on the maker's web server that tells of the newest release of this program.
+/// The file on the maker's web server that describes the newest release of this program.
 QString ownRelease();
 
 /// The page of HALCON's vendor from which HALCON can be downloaded; empty when there is to be no link to it.

@@ -2,5 +2,5 @@
 
 #include <QString>
 
-/// The native path at which @p fileName lies, or would lie, beside the program's executable.
+/// The native path of @p fileName, which need not exist, beside the program's executable.
 QString besideProgram(const QString &fileName);

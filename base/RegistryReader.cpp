@@ -2,7 +2,7 @@
 
 namespace {
 
-/// The name of a group for the path of a key below its hive: slashes and backslashes change places.
+/// The name of a group for the path of a key below its hive: slashes and backslashes are swapped.
 QString groupOf(QString path)
 {
     for (QChar &each : path) {

@@ -5,14 +5,14 @@
 #include <QStringList>
 #include <QVariant>
 
-/// Reads one key of the registry, and never makes one: a key that is missing has no groups and no values.
+/// Reads one key of the registry and never creates one: a missing key has no groups and no values.
 ///
-/// A settings object in the native format that is made for a missing key creates it, and those above it, even when it
-/// is only read. Here the settings object is made for the hive, which is always there, and the key is its group: groups
-/// are opened for reading only.
+/// A settings object in native format creates a missing key, and those above it, even when it is only read.
+/// So this one is made for the hive, which always exists, and the key is a group in it: groups are opened for
+/// reading only.
 ///
-/// Groups and values have the names that settings objects give them: a slash stands between two keys, and a backslash
-/// for a slash in the name of a key.
+/// Groups and values are named as in settings objects: a slash separates keys, and a backslash represents a
+/// slash in the name of a key.
 class RegistryReader {
 public:
     /// For a full path with backslashes, such as "HKEY_LOCAL_MACHINE\Software\MVTec\HALCON".
@@ -30,7 +30,7 @@ public:
     /// Whether the key has the value @p name.
     bool contains(const QString &name) const { return settings.contains(name); }
 
-    /// The value @p name; an invalid one when it is missing.
+    /// The value @p name; invalid when it is missing.
     QVariant value(const QString &name) const { return settings.value(name); }
 
 private:

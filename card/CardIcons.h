@@ -3,6 +3,6 @@
 #include <QIcon>
 #include <QPixmap>
 
-/// An icon of @p picture for a button with icons of @p size. The picture keeps its own size on every screen: left to
-/// itself Qt shows one that is smaller than the button's icons larger on a screen of 200 %, out of the button.
+/// An icon of @p picture for a button with icons of @p size. The picture keeps its own size on every screen:
+/// at 200 % Qt would enlarge one that is smaller than @p size beyond the button.
 QIcon iconOfItsOwnSize(const QPixmap &picture, const QSize &size);

@@ -23,7 +23,7 @@ void markPushButtons(const QWidget &card)
 void setColours(QWidget &card, const QPalette &palette)
 {
     card.setPalette(palette);
-    // Where there is a style sheet a palette does not reach the children by itself.
+    // With a style sheet the children do not inherit the palette.
     const QList<QWidget *> children = card.findChildren<QWidget *>();
     for (QWidget *child : children) {
         if (!child->isWindow()) {

@@ -47,12 +47,12 @@ QString cardColour(int major)
 
 QString cardStyleSheet(const QString &colour)
 {
-    // The rule that stands twice and the missing semicolon are part of the sheet.
+    // The duplicate rule and the missing semicolon are deliberate.
     return QStringLiteral("SingleHalconVersionFrame {  background-color: %1;  border: 2px solid  black;}"
                           "QGroupBox {  border: 1px solid gray;}"
                           "QPushButton:focus.myPushButton {  border: none;  outline: none;}"
-                          "QPushButton#pbMajor {  font: bold 64pt \"Consolas\"; background-color: #33FF0000; "
-                          "border: none;}"
+                          "QPushButton#pbMajor {  font: bold 64pt \"Consolas\";"
+                          " background-color: #33FF0000; border: none;}"
                           "QPushButton#pbHelp::menu-indicator {    image: none;}"
                           "QListWidget#lwVsVersion {  background-color: #33FF0000; border: 1px solid gray}"
                           "QListWidget#lwVsVersion {  background-color: #33FF0000; border: 1px solid gray}"
@@ -66,7 +66,7 @@ QString majorText(const HalconInstallation &installation)
     if (installation.suffix != QLatin1String("Progress") && installation.major < firstMajorWithMinor) {
         return QString::number(installation.major);
     }
-    // HALCON's own names have two digits there from then on: 17.12, 20.05.
+    // From 17 on HALCON's own version names have two digits there: 17.12, 20.05.
     const int digits = installation.major < firstMajorWithMinor ? 1 : 2;
     return QStringLiteral("%1.%2")
         .arg(installation.major)
@@ -112,14 +112,14 @@ QString detailsHtml(const HalconInstallation &installation, bool installDirExist
         Card::tr("InstallDir: %2"),
         Card::tr("ExampleRoot: %3"),
     };
-    // "(not found)" is bold for the one directory and not for the other.
+    // Deliberate: "(not found)" is bold for one directory only.
     const QString installDir =
         installDirExists ? directoryLink(QStringLiteral("file:///installDir"), installation.installDir)
                          : missingDirectory(installation.installDir, QStringLiteral("<b>(not found)</b>"));
     const QString exampleRoot =
         exampleRootExists ? directoryLink(QStringLiteral("file:///exampleRoot"), installation.exampleRoot)
                           : missingDirectory(installation.exampleRoot, QStringLiteral("(not found)"));
-    // All at once, because a path may hold what looks like a place.
+    // In one call, because a path may contain what looks like a placeholder.
     return lines.join(QStringLiteral("<br>"))
         .arg(QStringLiteral("<b>") + installation.versionText() + QStringLiteral("</b>"), installDir,
              exampleRoot);

@@ -24,7 +24,7 @@ QStringList submenusOf(const QString &base, const QString &directory)
     QStringList titles;
     const QStringList parts = relative.split(QLatin1Char('/'), Qt::SkipEmptyParts);
     for (const QString &part : parts) {
-        // The base itself is "." relative to itself.
+        // Relative to itself the base is ".".
         if (part != QLatin1String(".")) {
             titles.append(beautifyDir(part));
         }
@@ -54,7 +54,7 @@ QList<DocumentationEntry> findHtmlManuals(const QString &installDir)
         const char *title;
         const char *path;
     };
-    // "Acquistion" is spelled so.
+    // The misspelling "Acquistion" is deliberate.
     static constexpr std::array<Manual, 9> manuals{{
         {QT_TRANSLATE_NOOP("SingleHalconVersionFrame", "Operator Reference"),
          "/doc/html/reference/operators/index.html"},
@@ -113,7 +113,7 @@ QList<DocumentationEntry> findReleaseNotes(const QString &installDir)
 
 Documentation findDocumentation(const QString &installDir)
 {
-    // An empty path would stand for the current directory, which is nobody's installation.
+    // An empty path would mean the current directory, which is no installation.
     if (installDir.isEmpty()) {
         return {};
     }

@@ -7,9 +7,9 @@
 /// One manual of an installation.
 struct DocumentationEntry {
     QStringList submenus; ///< titles of the submenus that lead to it, outermost first
-    QString title;        ///< what the user sees; an "&" in it is taken by the menu
+    QString title;        ///< what the user sees; the menu takes an "&" in it as the mark of a mnemonic
     QString file;         ///< absolute path
-    bool bold = false;    ///< stands out from its neighbours
+    bool bold = false;    ///< whether the menu shows it in bold type
 };
 
 /// The documentation of an installation, as far as it exists on disk.

@@ -6,6 +6,6 @@
 /// returned as it is and reported as a warning.
 QString beautifyDir(const QString &name);
 
-/// The title of a manual by the base name of its file, such as "Quick Guide" for "quick_guide". An unknown name is
-/// returned as it is and reported as a warning.
+/// The title of a manual by the base name of its file, such as "Quick Guide" for "quick_guide". An unknown
+/// name is returned as it is and reported as a warning.
 QString beautifyFilename(const QString &name);

@@ -24,7 +24,7 @@ void copyAndTell(const QString &source, const QString &droppedContents, const QS
     }
     QStringList errors;
     if (!copyLicenseFile(source, droppedContents, target, &errors)) {
-        // "occured" is spelled so.
+        // The misspelling "occured" is deliberate.
         QMessageBox::warning(card, CardContext::tr("Error"),
                              CardContext::tr("Errors occured during license file copy:\n  %1")
                                  .arg(errors.join(QStringLiteral("\n  "))));

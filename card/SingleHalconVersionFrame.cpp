@@ -114,7 +114,7 @@ void SingleHalconVersionFrame::setObjectNames()
         {ui->pbPerm, "pbPerm"},
         {ui->pbShell, "pbShell"},
         {ui->pbUac, "pbUac"},
-        {ui->pbUacEngine, "pbUaCEngine"}, // with a capital C, unlike in the form
+        {ui->pbUacEngine, "pbUaCEngine"}, // deliberately with a capital C, unlike in the form
         {ui->pbVelloxa, "pbVelloxa"},
     };
     for (const auto &[object, name] : names) {
@@ -196,7 +196,7 @@ void SingleHalconVersionFrame::connectComRows()
     ui->cbRegComEngine->setChecked(true);
 }
 
-/// What the form cannot know: which installation it is. The names of the other controls stand there.
+/// Sets the names that depend on the installation; the form has the others.
 void SingleHalconVersionFrame::setAccessibleNames()
 {
     announceCardsAsGroups();

@@ -22,12 +22,12 @@ class SingleHalconVersionFrame : public QFrame {
     Q_OBJECT
 
 public:
-    /// Builds the whole card for a copy of @p installation. The first card detects the machine's Visual Studio
-    /// versions, which may take seconds.
+    /// Builds the whole card for a copy of @p installation. The first card detects the machine's Visual
+    /// Studio versions, which may take seconds.
     explicit SingleHalconVersionFrame(const HalconInstallation &installation, QWidget *parent = nullptr);
     ~SingleHalconVersionFrame() override;
 
-    /// The installation that the card stands for.
+    /// The installation that the card shows.
     const HalconInstallation &installation() const;
 
     /// The controls at which the Tab key stops, hidden ones included, from left to right.
@@ -41,15 +41,15 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 public slots:
-    /// Opens the installation's directory that @p link stands for in Explorer, any other link with the desktop's
+    /// Opens the installation directory that @p link names in Explorer, any other link with the desktop's
     /// handler.
     void textBrowserClick(const QUrl &link);
 
     /// Makes the installation the machine's default after the user has agreed to what will be done.
     void switchVersion();
 
-    /// Opens a shell with the Visual Studio in the row of @p index, or its IDE where it has no build environment;
-    /// shows a warning when that fails.
+    /// Opens a shell with the Visual Studio in the row of @p index, or its IDE where it has no build
+    /// environment; shows a warning when that fails.
     void launchShellModelIndex(const QModelIndex &index);
 
     /// The same with the selected Visual Studio.
@@ -61,13 +61,13 @@ public slots:
     /// Starts HDevelop XL; shows a warning when that fails.
     void launchHDevelopXL();
 
-    /// Starts Velloxa, or shows what it is when it could not be started.
+    /// Starts Velloxa; shows its advertisement when that fails.
     void launchVelloxa();
 
     /// Lets the user choose a licence file and puts it into the installation.
     void installLicense();
 
-    /// Opens the manual whose menu entry has sent the signal.
+    /// Opens the manual whose menu entry sent the signal.
     void openHelpFromAction();
 
     /// Shows the IDE and shell buttons that fit the Visual Studio in the row of @p index.

@@ -9,11 +9,11 @@
 void switchAfterConsent(const HalconInstallation &installation, bool registerHalconCom,
                         bool registerEngineCom, QWidget *card)
 {
-    // One list for both runs: after a failure the user sees what was planned and what became of it.
+    // One list for both runs: after a failure the user sees the plan and the outcome.
     QStringList lines;
     permanentSwitch(installation, false, registerHalconCom, registerEngineCom, &lines);
 
-    // Only the second line and those behind it get a hyphen.
+    // Deliberate: the first line gets no hyphen.
     const QString changes = CardContext::tr("If you continue, the following changes will be performed.\n\n%1")
                                 .arg(lines.join(QStringLiteral("\n- ")));
     if (QMessageBox::information(card, CardContext::tr("Perform permanent changes?"), changes,

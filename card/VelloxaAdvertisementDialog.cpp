@@ -14,13 +14,11 @@ VelloxaAdvertisementDialog::VelloxaAdvertisementDialog(QWidget *parent)
         QStringLiteral("<img src=\":/velloxa-256.png\">") +
             tr("It seems that Velloxa is not available on this machine."),
         QString(),
-        tr("Velloxa is the perfect combination for MVTec HALCON to deploy your algorithms fast and easy to "
-           "customer "
-           "machines."),
+        tr("Velloxa is the perfect combination for MVTec HALCON to "
+           "deploy your algorithms fast and easy to customer machines."),
         tr("No more C++ or C# development needed."),
-        tr("In addition, the Professional Edition runs your scripts on multiple images during development, "
-           "leading to "
-           "an unprecedented speed in evaluating your algorithm."),
+        tr("In addition, the Professional Edition runs your scripts on multiple "
+           "images during development, leading to an unprecedented speed in evaluating your algorithm."),
         QString(),
         tr("Quorvik Solutions Velloxa Demo can be downloaded for free at"),
         htmlLink(MakerAddresses::velloxaDownloads(), MakerAddresses::velloxaDownloads()),

@@ -8,8 +8,8 @@ namespace Ui {
 class VelloxaAdvertisementDialog;
 }
 
-/// Tells a user without Velloxa what it is and where to get it. Shown modeless; whoever makes it without a parent
-/// sets it to delete itself on close.
+/// Tells a user without Velloxa what it is and where to get it. Shown modeless; when it has no parent, its
+/// creator sets it to delete itself on close.
 class VelloxaAdvertisementDialog : public QDialog {
     Q_OBJECT
 

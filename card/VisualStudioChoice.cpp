@@ -29,12 +29,10 @@ const VisualStudioVersion *VisualStudioChoice::chosen(int row, const QString &no
             card, QStringLiteral("No Visual Studio detected"),
             CardContext::tr(
                 "The shell cannot be launched, as we could not detect any Visual Studio on your computer. "
-                "Please make "
-                "sure that you have installed Microsoft Visual Studio and that the component \"Visual C++ "
-                "toolset\" "
-                "has been selected during installation. To review potential errors in detecting your Visual "
-                "Studio "
-                "version, close this dialog and press F12 to see debug output of this program."));
+                "Please make sure that you have installed Microsoft Visual Studio "
+                "and that the component \"Visual C++ toolset\" has been selected during installation. "
+                "To review potential errors in detecting your Visual Studio version, "
+                "close this dialog and press F12 to see debug output of this program."));
         return nullptr;
     }
     const VisualStudioVersion *version = at(row);

@@ -1,4 +1,5 @@
-# How this project's own code is compiled: the target corvanta_settings, linked privately by every target of ours.
+# How this project's own code is compiled: the target corvanta_settings, to which all our own targets link
+# privately.
 option(CORVANTA_WARNINGS_AS_ERRORS "Treat warnings as errors" OFF)
 option(CORVANTA_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 
@@ -16,8 +17,8 @@ if(CORVANTA_SANITIZE)
 endif()
 
 if(WIN32 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  # The same bytes wherever and whenever they are built; the build id tells which debug information belongs to them.
-  # Absolute, as it stays apart from the build directory, to which debuggers relate what is not.
+  # Builds are reproducible, wherever and whenever; the build id tells which debug information belongs to
+  # them. The new prefix is absolute: debuggers resolve relative paths against the build directory.
   target_compile_options(corvanta_settings INTERFACE
     "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=/corvanta"
     "$<$<BOOL:${CMAKE_PREFIX_PATH}>:-ffile-prefix-map=${CMAKE_PREFIX_PATH}=/qt>")
@@ -28,9 +29,9 @@ endif()
 target_compile_definitions(corvanta_settings INTERFACE _GLIBCXX_ASSERTIONS)
 
 if(WIN32 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  # What makes errors in memory harder to exploit. Said here, as defaults differ from linker to linker. MinGW-w64 knows
-  # two levels of _FORTIFY_SOURCE, which work where the compiler optimises. GCC cannot make the tables of Control Flow
-  # Guard, nor any other check of indirect calls on Windows.
+  # Makes memory errors harder to exploit. Set explicitly, because defaults differ between linkers. MinGW-w64
+  # knows two levels of _FORTIFY_SOURCE, which work where the compiler optimises. GCC cannot make the tables
+  # of Control Flow Guard, nor any other check of indirect calls on Windows.
   target_compile_options(corvanta_settings INTERFACE -fstack-protector-strong)
   target_compile_definitions(corvanta_settings INTERFACE _FORTIFY_SOURCE=2)
   target_link_libraries(corvanta_settings INTERFACE buffer_guard)
@@ -42,17 +43,18 @@ if(WIN32 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     LINKER:--major-os-version,6,--minor-os-version,1)
 endif()
 
-# All programs that are shipped.
+# All shipped programs.
 add_custom_target(programs)
 
-option(CORVANTA_SPLIT_DEBUG "Move the debug information of the programs that are shipped into files beside them" OFF)
+option(CORVANTA_SPLIT_DEBUG
+  "Move the debug information of the programs that are shipped into files beside them" OFF)
 
-# corvanta_shipped(TARGET): a program that is shipped.
+# corvanta_shipped(TARGET): declares a shipped program.
 function(corvanta_shipped target)
   add_dependencies(programs ${target})
   set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
   if(CORVANTA_SPLIT_DEBUG)
-    # Without -p the time is written into them after all.
+    # Without -p strip and objcopy write the current time into them.
     add_custom_command(TARGET ${target} POST_BUILD
       COMMAND ${CMAKE_OBJCOPY} -p --only-keep-debug $<TARGET_FILE:${target}> $<TARGET_FILE:${target}>.debug
       COMMAND ${CMAKE_STRIP} -p --strip-all $<TARGET_FILE:${target}>

@@ -1,9 +1,10 @@
-# The floors of the program: each folder is a library, linked to those below it that it may use and to no others.
+# The floors of the program: each folder is a library, linked only to those below it that it may use.
 #
 # corvanta_floor(NAME SOURCES file... [WINDOWS file...] [QT module...] [USES folder...])
 #
-# The folder's library corvanta_NAME. WINDOWS are its files that call Win32: in the host tier the tests bring what stands
-# in for them. Without QT it links Qt's core alone. USES names all the folders whose headers it may include.
+# Makes the folder's library corvanta_NAME. WINDOWS are its files that call Win32: in the host tier the tests
+# bring fakes instead. Without QT it is linked only to Qt's core library. USES names all the folders whose
+# headers it may include.
 function(corvanta_floor name)
   cmake_parse_arguments(FLOOR "" "" "SOURCES;WINDOWS;QT;USES" ${ARGN})
   set(library corvanta_${name})

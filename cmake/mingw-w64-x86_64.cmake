@@ -6,5 +6,5 @@ set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
-# Self-contained executables: no DLL of the compiler's beside them.
+# Self-contained executables: they need no DLL of the compiler's.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")

@@ -14,7 +14,7 @@ QList<VisualStudioVersion> recordsPerArchitecture(const VisualStudioVersion &pro
         QString architecture;
         bool exists;
     };
-    // Both are looked for before either is reported.
+    // Both are looked for before either is logged.
     const std::array<Script, 2> scripts{{
         {script64, QStringLiteral("amd64"), QFileInfo(script64).isFile()},
         {script32, QStringLiteral("x86"), QFileInfo(script32).isFile()},

@@ -25,7 +25,7 @@ VisualStudioVersion recordFor(const QString &productDir, const QString &edition,
     if (express) {
         record.edition = QStringLiteral("Express Edition");
         record.vcDir = productDir;
-        // What lies above an empty directory would be the root of the current drive.
+        // The parent of an empty path would be the root of the current drive.
         record.productDir =
             productDir.isEmpty() ? QString() : QDir(productDir + QStringLiteral("/..")).absolutePath();
     } else {

@@ -30,10 +30,10 @@ QStringList installedComponents(const RegistryReader &key)
     return components;
 }
 
-/// The number in @p value; 0 when it is none, or does not fit into 32 bits.
+/// The number in @p value; 0 when it is not a number or does not fit into 32 bits.
 int number(const QVariant &value)
 {
-    // The registry's own numbers have no sign: of those, a negative one is too large for its type here.
+    // Numeric registry values have no sign: one that is negative here was too large for the type.
     const bool isText = value.type() == QVariant::String;
     const qint64 lowest = isText ? std::numeric_limits<int>::min() : 0;
     const qint64 number = value.toLongLong();
@@ -73,7 +73,7 @@ QList<HalconInstallation> readMainHalconKey(const QString &keyPath)
         HalconInstallation base = *version.installation;
 
         const QString components = group + QStringLiteral("/InstalledComponents");
-        // The backslash in front, and none between key and group, are part of this line.
+        // Deliberate: a backslash in front, and none between key and group.
         logger.log(QStringLiteral("Investigating registry key \\") + keyPath + components);
         base.setComponents(installedComponents(product.below(components)));
 

@@ -67,7 +67,7 @@ VersionName parseUninstallKeyName(const QString &name)
 
 QString invalidVersionText(const QString &name)
 {
-    // The missing blank before "is" is part of the text.
+    // The missing space before "is" is deliberate.
     return name + QStringLiteral("is not a valid HALCON version containing major.minor(-optionalstring)");
 }
 

@@ -6,7 +6,7 @@
 
 #include <optional>
 
-/// What became of the name of a registry key that may stand for a HALCON version.
+/// The result of reading the name of a registry key that may name a HALCON version.
 struct VersionName {
     bool matches = false;                           ///< the name has the form of a version
     std::optional<HalconInstallation> installation; ///< absent when a number does not fit into 32 bits
@@ -18,9 +18,9 @@ VersionName parseProductKeyName(const QString &name);
 /// Reads the name of a group of an uninstall key, such as "MVTec HALCON 20.11 Progress".
 VersionName parseUninstallKeyName(const QString &name);
 
-/// What is reported of a name that is no version.
+/// The log line about a name that is not a version.
 QString invalidVersionText(const QString &name);
 
-/// One copy of @p base for each runtime among its components, with arch set and the components of other
-/// architectures left out. Logs each runtime found.
+/// One copy of @p base for each runtime among its components, with arch set and without the components of
+/// other architectures. Logs each runtime found.
 QList<HalconInstallation> installationsPerRuntime(const HalconInstallation &base);

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// The colour of the banner tells the architecture.
+/// The colour of the banner shows the architecture.
 QString colourOption(const QString &arch)
 {
     if (arch == QLatin1String("x86-win32")) {

@@ -18,10 +18,9 @@ QString reasonForMissingHelper()
         !QFileInfo::exists(directory + QStringLiteral("/qz_com_helper.txt"))) {
         return {};
     }
-    return QObject::tr(
-        "The program is installed for you alone, and so without its helper: what acts with "
-        "administrator rights has to lie where only administrators can write. Install the program for "
-        "all users to do this.");
+    return QObject::tr("The program is installed for you alone, and so without its helper: "
+                       "what acts with administrator rights has to lie where only administrators can write. "
+                       "Install the program for all users to do this.");
 }
 
 int runHelper(const QString &arguments, bool show)

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Null for an empty text, which is how the shell is told that there is none.
+/// Null for an empty string, which tells the shell that there is none.
 const wchar_t *wideOrNull(const QString &text)
 {
     return text.isEmpty() ? nullptr : reinterpret_cast<const wchar_t *>(text.utf16());

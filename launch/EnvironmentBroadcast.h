@@ -1,5 +1,5 @@
 #pragma once
 
-/// Tells every window that the system's environment has changed, and waits up to five seconds for each to take note.
-/// False when that failed; then Windows' last error is set.
+/// Tells every window that the system's environment has changed, and waits up to five seconds for each to
+/// respond. False when that failed; then Windows' last error is set.
 bool broadcastEnvironmentChange();

@@ -34,7 +34,7 @@ QString storedValue(const QString &key, const QString &name)
     return RegistryReader(key).value(name).toString();
 }
 
-/// What changes for @p variable, from the value that is in force for the user.
+/// What changes for @p variable, from its current value for the user.
 QString changeLine(const Variable &variable)
 {
     const QString user = storedValue(QStringLiteral(R"(HKEY_CURRENT_USER\Environment)"), variable.name);
@@ -47,7 +47,7 @@ QString changeLine(const Variable &variable)
              userCounts ? user : system, variable.value);
 }
 
-/// The arguments for those of the libraries that the installation has.
+/// The arguments for those of the libraries that exist.
 QString libraryArguments(const HalconInstallation &installation, const QStringList &fileNames)
 {
     QString arguments;
@@ -69,7 +69,7 @@ QStringList plannedLines(const HalconInstallation &installation, const QString &
     }
     lines.append(QObject::tr("executing helper process with elevated rights: %1 %2")
                      .arg(helperExecutablePath(), arguments));
-    // Before the user agrees to what cannot be done.
+    // Said here, before the user agrees to something that cannot be done.
     const QString missing = reasonForMissingHelper();
     if (!missing.isEmpty()) {
         lines.append(missing);
@@ -112,14 +112,14 @@ bool permanentSwitch(const HalconInstallation &installation, bool perform, bool 
     if (perform) {
         const int result = runHelper(arguments, true);
         if (result != 0) {
-            report.append(QObject::tr("helper process returned with value %1. This indicates an error in the "
-                                      "execution!")
+            report.append(QObject::tr("helper process returned with value %1. "
+                                      "This indicates an error in the execution!")
                               .arg(result));
             succeeded = false;
         }
     }
     report.append(QObject::tr("broadcast environment updated message (WM_SETTINGCHANGE)"));
-    // After a failed helper too: part of its work may be done.
+    // Also after the helper failed: it may have done part of its work.
     if (perform && !broadcastEnvironmentChange()) {
         const QString error = lastWindowsErrorText();
         report.append(QObject::tr("Error in broadcasting environment updated message: %1").arg(error));

@@ -34,7 +34,7 @@ std::shared_ptr<char16_t[]> buildEnvironmentBlock(const QMap<QString, QString> &
         entries.begin(), entries.end(), std::size_t{1},
         [](std::size_t sum, const QString &entry) { return sum + std::size_t(entry.size()) + 1; });
 
-    // Zeroed from the start, so only the text itself has to be written.
+    // Zeroed, so only the strings themselves have to be written.
     std::shared_ptr<char16_t[]> block(new char16_t[size]());
     char16_t *position = block.get();
     for (const QString &entry : entries) {

@@ -14,13 +14,13 @@ QString registeredDirectory()
         .toString();
 }
 
-/// One of Velloxa's two builds. Where it is installed is looked up when it is first asked for.
+/// One of Velloxa's two builds. Its directory is looked up at the first use.
 struct Build {
     explicit Build(const QString &fileName) : fileName(fileName), directory(registeredDirectory()) {}
 
     const QString fileName;
     const QString directory;
-    QString executable; ///< its path, kept from the first time on that it exists
+    QString executable; ///< its path, once the file has been found to exist
 };
 
 Build &build64()
@@ -37,7 +37,7 @@ Build &build32()
 
 QString findExecutable(Build &build)
 {
-    // Without a directory the path would mean whatever lies at the root of the current drive.
+    // With an empty directory the path would start at the root of the current drive.
     if (build.executable.isEmpty() && !build.directory.isEmpty()) {
         const QString path = build.directory + QLatin1Char('\\') + build.fileName;
         if (QFileInfo::exists(path)) {

@@ -33,7 +33,7 @@ void InstallLicenseDropFrame::dropEvent(QDropEvent *event)
     event->ignore();
     qDebug() << "formats:" << event->mimeData()->formats();
     const QList<QUrl> urls = event->mimeData()->urls();
-    // Whoever offers nothing but a move deletes the file when that is accepted.
+    // A source that offers only a move deletes the file when the drop is accepted.
     if (urls.isEmpty() || !event->possibleActions().testFlag(Qt::CopyAction)) {
         return;
     }
@@ -53,11 +53,11 @@ void InstallLicenseDropFrame::dropEvent(QDropEvent *event)
         return;
     }
     file.close();
-    // Text mode takes the carriage returns out of what was decoded: in UTF-16 they are not single bytes.
+    // The stream removes carriage returns after decoding: in UTF-16 they are not single bytes.
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly | QIODevice::Text);
     const QString contents = QTextStream(&buffer).readAll();
-    // Not the move that may have been proposed.
+    // The source may have proposed a move.
     event->setDropAction(Qt::CopyAction);
     event->accept();
     emit file_dropped(path, contents);

@@ -2,8 +2,8 @@
 
 #include <QLabel>
 
-/// A label onto which a licence file can be dropped. The file is only ever copied: what cannot be, and what is too large
-/// for a licence, is left alone.
+/// A label onto which a licence file can be dropped. The file is never moved, only copied. A file that cannot
+/// be copied, or is too large for a licence, is ignored.
 class InstallLicenseDropFrame : public QLabel {
     Q_OBJECT
 
@@ -11,7 +11,8 @@ public:
     explicit InstallLicenseDropFrame(QWidget *parent = nullptr);
 
 signals:
-    /// A readable file was dropped: its local path, and its contents as text, for the file may vanish after the drop.
+    /// A readable file was dropped: its local path, and its contents as a string, because the file may vanish
+    /// after the drop.
     void file_dropped(const QString &filename, const QString &contents);
 
 protected:

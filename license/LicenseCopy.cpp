@@ -17,7 +17,7 @@ QString native(const QString &path)
     return QDir::toNativeSeparators(path);
 }
 
-/// Writes @p contents to @p file, whose name is known from then on. False when that failed.
+/// Writes @p contents to @p file, which has a name from then on. False when that failed.
 bool writeDroppedContents(QTemporaryFile &file, const QString &source, const QString &contents)
 {
     const bool opened = file.open();
@@ -32,7 +32,7 @@ bool writeDroppedContents(QTemporaryFile &file, const QString &source, const QSt
     stream << contents;
     stream.flush();
     const bool written = stream.status() == QTextStream::Ok && file.flush();
-    // The file itself stays open until the object goes, but others can read it.
+    // The file stays open as long as the object lives, but others can read it.
     file.close();
     return written;
 }
@@ -44,7 +44,7 @@ void removeExisting(const QString &target)
     }
     DebugLogger::instance().log(QStringLiteral("removing existing file %1").arg(native(target)));
     if (!QFile::remove(target)) {
-        // The lone quote is part of the text.
+        // The unpaired quote is deliberate.
         DebugLogger::instance().log(
             QStringLiteral("warning: cannot remove existing file %1 \"").arg(native(target)));
     }
@@ -57,7 +57,7 @@ bool copyElevated(const QString &from, const QString &target, QStringList &error
         QStringLiteral("warning: could not copy source file \"%1\" to destination file \"%2\". Trying to "
                        "install license with an elevated helper process.")
             .arg(native(from), native(target)));
-    // The destination stands first.
+    // The destination comes first.
     const QString arguments = QStringLiteral("--copy=\"%1\" \"%2\"").arg(native(target), native(from));
     logger.log(QStringLiteral("executing helper process with elevated rights: %1 %2")
                    .arg(helperExecutablePath(), arguments));
@@ -77,23 +77,22 @@ bool copyElevated(const QString &from, const QString &target, QStringList &error
 bool copyLicense(const QString &source, const QString &droppedContents, const QString &target,
                  QStringList &errors)
 {
-    // Making room for the copy would delete the only file there is.
+    // Removing the target first would delete the only file there is.
     if (isSameFile(source, target)) {
         return true;
     }
     QString from = source;
-    QTemporaryFile temporary; // outlives the copy that is made from it
+    QTemporaryFile temporary; // must outlive the copy that is made from it
     if (!QFile::exists(source)) {
         if (!writeDroppedContents(temporary, source, droppedContents)) {
-            errors.append(
-                QObject::tr("Dropped file %1 no longer exists and could not create temporary file %2 with "
-                            "the same contents")
-                    .arg(native(source), native(temporary.fileName())));
+            errors.append(QObject::tr("Dropped file %1 no longer exists and could not "
+                                      "create temporary file %2 with the same contents")
+                              .arg(native(source), native(temporary.fileName())));
             return false;
         }
         from = temporary.fileName();
     }
-    // What is in the way goes only if there is something to put in its place.
+    // The old file is removed only when there is something to replace it with.
     QFile readable(from);
     if (readable.open(QIODevice::ReadOnly)) {
         removeExisting(target);

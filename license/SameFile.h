@@ -2,6 +2,6 @@
 
 #include <QString>
 
-/// Whether both paths lead to one and the same file that exists. It is the file that counts, not how it is reached:
-/// through another drive letter, a share, a short name or a link it is still the same.
+/// Whether both paths lead to the same existing file, however they reach it: through another drive letter, a
+/// share, a short name or a link.
 bool isSameFile(const QString &one, const QString &other);

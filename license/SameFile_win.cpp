@@ -9,14 +9,14 @@
 
 namespace {
 
-/// A native path as Windows takes it at any length.
+/// A native path in the form that Windows accepts at any length.
 QString literalPath(const QString &path)
 {
     const bool onShare = path.startsWith(QLatin1String("\\\\"));
     return onShare ? QStringLiteral("\\\\?\\UNC\\") + path.mid(2) : QStringLiteral("\\\\?\\") + path;
 }
 
-/// Opens what @p path leads to for nothing but a look at it; null when that fails.
+/// Opens what @p path leads to, only to query it; null when that fails.
 WindowsHandle openToLook(const QString &path)
 {
     const QString native = literalPath(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()));
@@ -25,10 +25,10 @@ WindowsHandle openToLook(const QString &path)
                                      OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
 }
 
-/// What tells a file from all others as long as it is open. False when Windows does not know that.
+/// What identifies an open file. False when Windows does not know it.
 bool identityOf(const WindowsHandle &file, BY_HANDLE_FILE_INFORMATION &identity)
 {
-    // Some network file systems number no files.
+    // Some network file systems have no file identifiers.
     return file && GetFileInformationByHandle(file.get(), &identity) != 0 &&
            (identity.nFileIndexHigh != 0 || identity.nFileIndexLow != 0);
 }
@@ -47,7 +47,7 @@ bool isSameFile(const QString &one, const QString &other)
     return oneIdentity.dwVolumeSerialNumber == otherIdentity.dwVolumeSerialNumber &&
            oneIdentity.nFileIndexHigh == otherIdentity.nFileIndexHigh &&
            oneIdentity.nFileIndexLow == otherIdentity.nFileIndexLow &&
-           // An earlier state of a disk, in a shadow copy or an image, numbers its files alike.
+           // A shadow copy or an image of a disk has the same file identifiers.
            oneIdentity.nFileSizeHigh == otherIdentity.nFileSizeHigh &&
            oneIdentity.nFileSizeLow == otherIdentity.nFileSizeLow &&
            CompareFileTime(&oneIdentity.ftLastWriteTime, &otherIdentity.ftLastWriteTime) == 0;

@@ -12,7 +12,7 @@ constexpr const char *matchColour = "red";
 // For a second kind of highlighting, which nothing uses yet.
 [[maybe_unused]] constexpr const char *otherColour = "#3783CD";
 
-/// Path of HDevelop's settings file, or nothing when Windows tells of no directory for it.
+/// Path of HDevelop's settings file, or nothing when Windows knows no directory for it.
 QString settingsFile()
 {
     const QString directory = qEnvironmentVariable("APPDATA");
@@ -20,7 +20,7 @@ QString settingsFile()
                                : QDir(directory).absoluteFilePath(QStringLiteral("MVTec/HDevelop.ini"));
 }
 
-/// The value of the first line that sets the recent programs, or an empty text.
+/// The value of the first line that sets the recent programs, or an empty string.
 QString settingValue(QIODevice *settings)
 {
     static const QRegularExpression setting(

@@ -19,7 +19,7 @@ namespace {
 constexpr int sortKeyRole = Qt::UserRole + 1;
 constexpr int pathRole = Qt::UserRole + 2;
 
-/// More matches come first; among as many, the order of the settings.
+/// Rows with more matches come first, equal ones in the order of the settings.
 qlonglong sortKey(int score, int row, int rows)
 {
     return qlonglong(score) * rows - row;
@@ -49,7 +49,7 @@ RecentProgramsFrame::RecentProgramsFrame(QWidget *parent)
     setFocusProxy(ui->leSearchRecent);
     ui->leSearchRecent->setFocus(Qt::OtherFocusReason);
     programs->setHorizontalHeaderLabels({tr("Recent")});
-    // Ordered once when all rows are right, not anew for each row that changes.
+    // Sorted once when all rows are up to date, not for each row that changes.
     ordered->setDynamicSortFilter(false);
     ordered->setSortRole(sortKeyRole);
     ordered->setSourceModel(programs);
@@ -90,7 +90,7 @@ void RecentProgramsFrame::update_recent()
 {
     const QStringList paths = readRecentPrograms();
     qDebug() << "recent programs:" << paths;
-    // Rather than clear(), which would take the header along.
+    // Not clear(), which would remove the header as well.
     programs->removeRows(0, programs->rowCount());
     QList<QStandardItem *> items;
     items.reserve(paths.size());
@@ -115,7 +115,7 @@ void RecentProgramsFrame::highlight_matching(const QString & /*text*/)
         return;
     }
     {
-        // One signal for all rows: each by itself makes the view look for its row.
+        // One signal for all rows: for each signal the view searches for its row.
         const QSignalBlocker blocker(programs);
         for (int row = 0; row < rows; ++row) {
             QStandardItem *item = programs->item(row);
@@ -140,7 +140,7 @@ void RecentProgramsFrame::keyPressEvent(QKeyEvent *event)
 
 void RecentProgramsFrame::makeRoomForWidest(const QStringList &paths)
 {
-    // A whole row can be found. It is shown in bold letters then, and in capitals if they were typed.
+    // A search can match a whole row, which is then shown in bold, and in capitals if they were typed.
     QFont bold = ui->treeView->font();
     bold.setBold(true);
     const QFontMetrics metrics(bold);

@@ -11,8 +11,8 @@ namespace Ui {
 class RecentProgramsFrame;
 }
 
-/// A view of the HDevelop programs opened last, with a search line that marks what it finds and moves the best
-/// matches to the top. Entries that do not match stay in the list.
+/// A view of the HDevelop programs opened last, with a search line that marks what it finds and moves the
+/// best matches to the top. Entries that do not match stay in the list.
 class RecentProgramsFrame : public QFrame {
     Q_OBJECT
 
@@ -21,14 +21,14 @@ public:
     explicit RecentProgramsFrame(QWidget *parent = nullptr);
     ~RecentProgramsFrame() override;
 
-    /// Leads the keyboard focus from the search line to the list and back.
+    /// Moves the keyboard focus from the search line to the list and back.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 public slots:
-    /// Reads the list of programs anew and shows it.
+    /// Reads the list of programs again and shows it.
     void update_recent();
 
-    /// Marks what matches the search line, whatever @p text is, and moves the best matches to the top.
+    /// Marks what matches the search line (@p text is ignored) and moves the best matches to the top.
     void highlight_matching(const QString &text);
 
 protected:

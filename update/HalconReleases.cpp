@@ -17,7 +17,7 @@ struct Window {
     Q_DECLARE_TR_FUNCTIONS(MainWindow)
 };
 
-/// A release as it is published: texts that may be anything.
+/// A release as published: strings that may hold anything.
 struct PublishedRelease {
     QString version;
     QString revision;
@@ -42,12 +42,12 @@ QStringList foundLines(const PublishedRelease &release)
 /// The version numbers of @p release, or nothing when one that counts cannot be read.
 std::optional<HalconInstallation> toInstallation(const PublishedRelease &release, QStringList *log)
 {
-    // Digits and blanks of every script; digits that are not plain are turned down when they are read.
+    // Digits and spaces of every script; other digits than 0 to 9 are rejected when they are read.
     static const QRegularExpression pattern(QStringLiteral("^\\s*(\\d+)\\.(\\d+)\\s*$"),
                                             QRegularExpression::UseUnicodePropertiesOption);
     const QRegularExpressionMatch match = pattern.match(release.version);
     if (!match.hasMatch()) {
-        // The version that is ignored is not named.
+        // Deliberate: the ignored version is not named.
         log->append(QStringLiteral("Could not parse major/minor version in string \"%1\". Ignored update "
                                    "information for version \"\".")
                         .arg(release.version));
@@ -84,7 +84,7 @@ HalconReleases parseHalconReleases(const QByteArray &file, QStringList *log)
     const QJsonDocument document = QJsonDocument::fromJson(file, &error);
     if (document.isNull()) {
         log->append(QStringLiteral("Could not parse HALCON versions update information file:"));
-        // No blank before the parenthesis.
+        // Deliberate: no space before the parenthesis.
         log->append(QStringLiteral("  ") + error.errorString() +
                     QStringLiteral("( offset: %1)").arg(error.offset));
         return releases;

@@ -11,14 +11,14 @@
 
 /// The published HALCON releases, the newest of each version and edition.
 ///
-/// The keys are version texts such as "20.11", exactly as they were published; the records hold version numbers only.
+/// The keys are version strings such as "20.11", exactly as published; the records hold version numbers only.
 struct HalconReleases {
     QHash<QString, HalconInstallation> progress; ///< of the edition with continuous releases
     QHash<QString, HalconInstallation> regular;  ///< of all other editions
 };
 
-/// Reads the list of releases out of @p file, the downloaded JSON. A release that cannot be read is left out, a file
-/// that cannot be read gives none. What was found and what was wrong is appended to @p log, line by line.
+/// Reads the list of releases from @p file, the downloaded JSON. Leaves out a release that cannot be read; a
+/// file that cannot be read gives none. Appends to @p log, line by line, what was found and what was wrong.
 HalconReleases parseHalconReleases(const QByteArray &file, QStringList *log);
 
 /// The release of the version and edition of @p installation, or nothing when none is published.
@@ -28,8 +28,8 @@ std::optional<HalconInstallation> publishedRelease(const HalconReleases &release
 /// Whether @p release has a higher version number than @p installation. An unknown number (-1) is the lowest.
 bool isNewer(const HalconInstallation &release, const HalconInstallation &installation);
 
-/// A line of HTML that tells of @p latest, with a red link to @p downloadPage unless that is empty.
+/// A line of HTML that announces @p latest, with a red link to @p downloadPage unless that is empty.
 QString updateLine(const HalconInstallation &latest, const QString &downloadPage);
 
-/// @p html, a whole document, with @p line as the last of its body.
+/// @p html, a whole document, with @p line at the end of its body.
 QString withLastLine(const QString &html, const QString &line);

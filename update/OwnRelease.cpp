@@ -86,7 +86,7 @@ std::optional<OwnRelease> newerOwnRelease(const QByteArray &file, const QString 
 
 QString ownReleaseHtml(const OwnRelease &release, const QString &ownVersion)
 {
-    // All at once, because the message may hold what looks like a place.
+    // In one call, because the message may contain what looks like a placeholder.
     return Window::tr(
                "An updated version of Corvanta for HALCON is available for download at<br><br>"
                "<a href=\"%5\">%5</a><br><br>Your current version: %1<br>Latest version: %2.%3<br><br>%4"

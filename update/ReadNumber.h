@@ -5,5 +5,6 @@
 
 #include <optional>
 
-/// @p text as a decimal integer of 32 bits; when it is none, appends @p complaint to @p log and returns nothing.
+/// @p text as a decimal integer of 32 bits; if it is not one, appends @p complaint to @p log and returns
+/// nothing.
 std::optional<int> readNumber(const QString &text, const QString &complaint, QStringList *log);

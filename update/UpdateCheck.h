@@ -7,9 +7,9 @@
 class QNetworkReply;
 class QUrl;
 
-/// One look at a file on a web server: a GET request that starts at once and runs beside the event loop.
+/// One download of a file from a web server: a GET request that starts at once and does not block.
 ///
-/// A look that fails is no special case: what arrived, mostly nothing, is the downloaded data. A server that never
+/// Failure is no special case: whatever arrived, usually nothing, is the downloaded data. A server that never
 /// answers keeps the object waiting until it is destroyed, which ends the request.
 class UpdateCheck : public QObject {
     Q_OBJECT
@@ -18,15 +18,15 @@ public:
     /// Requests @p url, through the application's proxy or, by default, the system's.
     UpdateCheck(const QUrl &url, QObject *parent);
 
-    /// The body of the answer as it came; empty until downloaded() and when nothing came.
+    /// The body of the response, unchanged; empty until downloaded() and when nothing arrived.
     QByteArray downloadedData() const;
 
 public slots:
-    /// Takes the body out of the finished @p pReply, which is deleted later, and emits downloaded().
+    /// Reads the body of the finished @p pReply, which is deleted later, and emits downloaded().
     void fileDownloaded(QNetworkReply *pReply);
 
 signals:
-    /// Emitted once the request has ended, well or not.
+    /// Emitted once the request has ended, successfully or not.
     void downloaded();
 
 private:

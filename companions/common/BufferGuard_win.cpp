@@ -1,14 +1,14 @@
-// What code compiled with -fstack-protector and _FORTIFY_SOURCE calls: the names are GCC's. They take the place of
-// those in GCC's libssp, which ask Windows' cryptography for a random number before main(), and so make it look for a
-// DLL beside the program before the elevated helper can say where to look.
+// The functions that code compiled with -fstack-protector and _FORTIFY_SOURCE calls, under GCC's names. They
+// replace GCC's libssp, which asks Windows' cryptography for a random number before main(). That makes
+// Windows look for a DLL beside the program before the elevated helper can restrict the search.
 #include <windows.h>
 
 #include <cstdint>
 
 namespace {
 
-/// Ends the process on the spot: after a buffer has overflowed nothing of it can be trusted. Windows reports exit code
-/// 0xC0000409. Windows 7 does not know the interrupt, and reports an access violation.
+/// Ends the process at once: after a buffer overflow none of its memory can be trusted. Windows reports exit
+/// code 0xC0000409. Windows 7 does not know the interrupt and reports an access violation.
 [[noreturn]] void failFast(unsigned reason)
 {
     __asm__ volatile("int $0x29" : : "c"(reason));
@@ -19,13 +19,13 @@ namespace {
 
 extern "C" {
 
-/// What a function puts between its buffers and its return address. The lowest byte is 0 to stop what reads or copies
-/// text.
+/// The stack canary: the value between a function's buffers and its return address. Its lowest byte is 0, so
+/// that reading or copying a string stops there.
 std::uintptr_t stackGuard __asm__("__stack_chk_guard") = 0x5c1f'93d6'0a4b'e800;
 
-/// A function has found another value there.
+/// Called by a function that finds its canary changed.
 [[noreturn]] void stackOverwritten() __asm__("__stack_chk_fail");
-/// A copy is longer than the buffer that it goes to.
+/// Called instead of a copy that is longer than its destination.
 [[noreturn]] void copyTooLong() __asm__("__chk_fail");
 
 void stackOverwritten()
@@ -42,8 +42,8 @@ void copyTooLong()
 
 namespace {
 
-/// Makes the guard another one in each process, with what needs no more libraries: the random number that Windows
-/// gives every process for disguising pointers, and the time.
+/// Gives each process another canary, from sources that need no further library: the random number with which
+/// Windows encodes the process's pointers, and the time.
 [[gnu::constructor, gnu::no_stack_protector]] void chooseStackGuard()
 {
     const auto disguised = reinterpret_cast<std::uintptr_t>(EncodePointer(&stackGuard));

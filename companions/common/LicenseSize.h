@@ -2,5 +2,5 @@
 
 #include <cstdint>
 
-/// The largest licence file that is installed, in bytes; real ones have a few thousand.
+/// The largest licence file that is installed, in bytes; real ones have a few thousand bytes.
 constexpr std::int64_t largestLicense = 1048576;

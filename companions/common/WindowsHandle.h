@@ -2,11 +2,12 @@
 
 #include <memory>
 
-/// The one owner of a kernel object's handle, which is closed with it. Windows only.
+/// The only owner of a kernel object's handle; closes it on destruction. Windows only.
 class WindowsHandle {
 public:
     WindowsHandle() = default;
-    /// Takes over @p handle. What Windows returns in place of one, null or INVALID_HANDLE_VALUE, makes an empty owner.
+    /// Takes ownership of @p handle. Null and INVALID_HANDLE_VALUE, which Windows returns on failure, make an
+    /// empty owner.
     explicit WindowsHandle(void *handle);
 
     explicit operator bool() const { return owned != nullptr; }

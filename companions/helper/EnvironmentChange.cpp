@@ -5,11 +5,11 @@
 
 namespace {
 
-// The registry's own numbers.
+// Windows' numbers for the types.
 constexpr std::uint32_t plainText = 1;      // REG_SZ
 constexpr std::uint32_t expandableText = 2; // REG_EXPAND_SZ
 
-/// The text in UTF-16 with a closing 0.
+/// The string in UTF-16 with a terminating 0.
 std::vector<unsigned char> textBytes(const std::wstring &text)
 {
     std::vector<unsigned char> bytes;
@@ -20,14 +20,14 @@ std::vector<unsigned char> textBytes(const std::wstring &text)
     return bytes;
 }
 
-/// What @p assignment makes of a value that was @p before.
+/// The value after @p assignment, which was @p before.
 StoredValue changed(const std::optional<StoredValue> &before, const EnvironmentAssignment &assignment)
 {
     const bool expandable = before && before->type == expandableText;
     return {expandable ? expandableText : plainText, textBytes(assignment.value)};
 }
 
-/// False also when it throws: whatever goes wrong after the first change, the rest must be seen to.
+/// False also when it throws: after the first change nothing may keep the rest from being done.
 bool write(EnvironmentStore &store, const std::wstring &name, const std::optional<StoredValue> &value)
 {
     try {
@@ -42,7 +42,7 @@ bool write(EnvironmentStore &store, const std::wstring &name, const std::optiona
 HelperExitCode changeEnvironment(EnvironmentStore &store,
                                  const std::vector<EnvironmentAssignment> &assignments)
 {
-    // All that takes memory comes before the first change.
+    // Everything that allocates memory comes before the first change.
     std::vector<std::optional<StoredValue>> before(assignments.size());
     std::vector<std::optional<StoredValue>> after;
     for (std::size_t i = 0; i < assignments.size(); ++i) {

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// What @p write puts into a buffer; empty when it fails or would put more.
+/// What @p write puts into a buffer; empty when it fails or the buffer is too small.
 template <typename Write>
 std::wstring textFrom(Write write)
 {
@@ -15,7 +15,7 @@ std::wstring textFrom(Write write)
     return length < buffer.size() ? std::wstring(buffer.data(), length) : std::wstring();
 }
 
-/// Where what is open really lies, as a literal path.
+/// The final path of an open file or directory, as a literal path.
 std::wstring finalPathOf(HANDLE handle)
 {
     return textFrom([handle](wchar_t *buffer, DWORD size) {
@@ -23,7 +23,7 @@ std::wstring finalPathOf(HANDLE handle)
     });
 }
 
-/// A path as it reads when each of its names is written in full, as a literal path.
+/// A path with each short name replaced by the long one, as a literal path.
 std::wstring withLongNames(const std::wstring &path)
 {
     return textFrom([literal = literalPath(path)](wchar_t *buffer, DWORD size) {
@@ -31,7 +31,7 @@ std::wstring withLongNames(const std::wstring &path)
     });
 }
 
-/// Whether two paths are known and the same but for upper and lower case, as Windows compares names.
+/// Whether two paths are known and the same, ignoring case as Windows does.
 bool samePath(const std::wstring &one, const std::wstring &other)
 {
     return !one.empty() && CompareStringOrdinal(one.c_str(), static_cast<int>(one.size()), other.c_str(),
@@ -80,7 +80,7 @@ HeldPath::HeldPath(const std::wstring &path)
     do {
         end = path.find(L'\\', end + 1);
         const std::wstring part = path.substr(0, end);
-        // Only one who reads or writes takes part in sharing: a look alone would keep nobody off.
+        // Only handles with read or write access take part in sharing: one without would keep nobody out.
         OpenedPath opened =
             openSharing(FILE_SHARE_READ | FILE_SHARE_WRITE, part, Links::asTheyAre, GENERIC_READ);
         reason = refusalOfDirectory(part, opened.facts);

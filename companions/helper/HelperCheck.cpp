@@ -9,7 +9,7 @@
 
 namespace {
 
-// Windows' own numbers for what is missing, itself or a directory on its way.
+// Windows' error codes for a missing file and a missing directory above it.
 constexpr std::uint32_t fileNotFound = 2;
 constexpr std::uint32_t pathNotFound = 3;
 
@@ -46,7 +46,7 @@ std::wstring refusalOfEnvironment(const std::vector<EnvironmentAssignment> &envi
 
 std::wstring refusalOfLibraries(const std::vector<std::wstring> &libraries)
 {
-    // regsvr32 loads none with a longer one.
+    // regsvr32 loads no library with a longer path.
     constexpr std::size_t longestPath = 259;
     std::set<const wchar_t *> seen;
     for (const std::wstring &library : libraries) {

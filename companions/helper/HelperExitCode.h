@@ -2,18 +2,18 @@
 
 #include <string>
 
-/// What the helper's exit code says; the numbers are its contract with the program that starts it.
+/// The helper's exit codes; the numbers are its contract with the program that starts it.
 enum class HelperExitCode {
-    done = 0,                   ///< everything that was asked for
-    internalError = 1,          ///< an error of the helper's own before it changed anything
-    refused = 2,                ///< a doubt about the request; nothing was changed
-    variablesRestored = 3,      ///< a variable could not be set; all of them are as they were
-    variablesNotRestored = 4,   ///< a variable could not be set, and another could not be put back
+    done = 0,                   ///< everything was done
+    internalError = 1,          ///< an internal error; nothing was changed
+    refused = 2,                ///< the request was refused; nothing was changed
+    variablesRestored = 3,      ///< a variable could not be set; all of them were restored
+    variablesNotRestored = 4,   ///< a variable could not be set, and another could not be restored
     librariesNotRegistered = 5, ///< the variables are set, but not every library is registered
-    copyFailed = 6,             ///< the copy failed; the old file, if there was one, holds what it held
+    copyFailed = 6,             ///< the copy failed; the old file, if any, has its old contents
 };
 
-/// What became of a request.
+/// The outcome of a request.
 struct HelperOutcome {
     HelperExitCode code = HelperExitCode::done;
     std::wstring reason; ///< sentences for the user, in lines; may be empty

@@ -6,14 +6,14 @@
 
 namespace {
 
-/// Goes through a text from its beginning to its end. What does not fit is not consumed.
+/// Reads a string from front to back. What does not match is not consumed.
 class LineReader {
 public:
     explicit LineReader(const std::wstring &text) : text(text) {}
 
     bool atEnd() const { return position == text.size(); }
 
-    /// Whether @p word comes next; then it is consumed.
+    /// Consumes @p word if it comes next; returns whether it did.
     bool take(const std::wstring &word)
     {
         if (text.compare(position, word.size(), word) != 0) {
@@ -23,7 +23,7 @@ public:
         return true;
     }
 
-    /// What comes before the next @p end, which is consumed too.
+    /// Consumes and returns what precedes the next @p end, which is consumed too.
     std::optional<std::wstring> takeUntil(wchar_t end)
     {
         const std::size_t found = text.find(end, position);
@@ -35,7 +35,7 @@ public:
         return result;
     }
 
-    /// The text between two quotes, behind which a space or the end must come; neither is consumed.
+    /// The string between two quotes, which a space or the end must follow; neither is consumed.
     std::optional<std::wstring> takeQuoted()
     {
         if (!take(L"\"")) {
@@ -119,8 +119,8 @@ std::wstring argumentsOf(const std::wstring &commandLine)
         return {};
     }
     std::wstring rest = commandLine.substr(quoted ? nameEnd + 1 : nameEnd);
-    // Without a space the name goes on behind its quotes for some readers and ends there for others. The quote stays
-    // then: no arguments begin with one.
+    // Without a space after its quotes the name goes on for some readers and ends there for others. Then the
+    // quote is kept: no arguments begin with one.
     if (quoted && !rest.empty() && rest.front() != L' ' && rest.front() != L'\t') {
         return L'"' + rest;
     }

@@ -4,17 +4,17 @@
 
 #include <string>
 
-/// What follows the program's own name in @p commandLine, without the spaces around it. The name is told apart as
-/// Windows does it: in quotes to the next quote, otherwise to the next space or tab.
+/// What follows the program's own name in @p commandLine, without the spaces around it. The name ends where
+/// Windows ends it: in quotes at the next quote, otherwise at the next space or tab.
 std::wstring argumentsOf(const std::wstring &commandLine);
 
-/// Reads the arguments, which must be one of these as a whole, with single spaces where spaces stand:
+/// Reads the arguments, which must be exactly one of these, with single spaces as shown:
 ///
 ///     --env NAME="VALUE" [--env NAME="VALUE"]... [--x86|--x64 ["LIBRARY"]...]
 ///     --copy="DESTINATION" "SOURCE"
 ///     --help
 ///     --version
 ///
-/// What stands in quotes reaches to the next quote; nothing in it is special. A request is given only if it is
+/// A quoted string ends at the next quote; no character in it is special. Returns a request only if it is
 /// acceptable as far as that can be told without looking at the machine.
 HelperReading readHelperArguments(const std::wstring &arguments);

@@ -16,12 +16,12 @@ bool isControl(wchar_t character)
     return character < 0x20 || (character >= 0x7F && character <= 0x9F);
 }
 
-bool isFirstHalf(wchar_t character)
+bool isHighSurrogate(wchar_t character)
 {
     return character >= 0xD800 && character <= 0xDBFF;
 }
 
-bool isSecondHalf(wchar_t character)
+bool isLowSurrogate(wchar_t character)
 {
     return character >= 0xDC00 && character <= 0xDFFF;
 }
@@ -33,14 +33,14 @@ bool movesText(wchar_t character)
            (character >= 0x2028 && character <= 0x202E) || (character >= 0x2066 && character <= 0x2069);
 }
 
-bool hasLoneHalf(const std::wstring &text)
+bool hasLoneSurrogate(const std::wstring &text)
 {
     bool inPair = false;
     for (const wchar_t character : text) {
-        if (isSecondHalf(character) != inPair) {
+        if (isLowSurrogate(character) != inPair) {
             return true;
         }
-        inPair = isFirstHalf(character);
+        inPair = isHighSurrogate(character);
     }
     return inPair;
 }
@@ -81,7 +81,7 @@ bool beginsAsShare(const std::wstring &path)
     return path.size() > 2 && isSeparator(path[0]) && isSeparator(path[1]) && !isSeparator(path[2]);
 }
 
-/// Whether what a server offers under this name are files, rather than the programs that listen there.
+/// Whether a share of this name offers files, rather than named pipes or mailslots.
 bool isShareOfFiles(const std::wstring &share)
 {
     return !sameName(share, L"pipe") && !sameName(share, L"mailslot") && !sameName(share, L"ipc$");
@@ -94,7 +94,7 @@ std::wstring faultOfText(const std::wstring &text, std::size_t longest)
     if (text.size() > longest) {
         return L"is longer than " + std::to_wstring(longest) + L" characters";
     }
-    const bool clean = std::none_of(text.begin(), text.end(), isControl) && !hasLoneHalf(text);
+    const bool clean = std::none_of(text.begin(), text.end(), isControl) && !hasLoneSurrogate(text);
     return clean ? L"" : L"holds control characters or halves of surrogate pairs";
 }
 
@@ -118,7 +118,7 @@ std::wstring refusalOfPath(const std::wstring &path, PathRoot root, std::size_t 
     if (odd != parts.end()) {
         return sentence(path, L"has the part " + shown(*odd) + L", which is no plain name");
     }
-    // A server that begins so names one of Windows' redirectors instead, and the share is the next part.
+    // A server name that begins so names one of Windows' redirectors, and the share is the next part.
     if (share && (parts.size() < 3 || parts[0].front() == L';' || !isShareOfFiles(parts[1]))) {
         return sentence(path, L"names no file on a share");
     }
@@ -154,10 +154,10 @@ std::wstring shown(const std::wstring &text)
 {
     constexpr std::size_t longest = 300;
     std::wstring result = text.size() > longest ? text.substr(0, longest) + L"..." : text;
-    const bool loneHalf = hasLoneHalf(result);
-    const auto cannotBeShown = [loneHalf](wchar_t character) {
+    const bool loneSurrogate = hasLoneSurrogate(result);
+    const auto cannotBeShown = [loneSurrogate](wchar_t character) {
         return isControl(character) || movesText(character) || character == L'"' ||
-               (loneHalf && (isFirstHalf(character) || isSecondHalf(character)));
+               (loneSurrogate && (isHighSurrogate(character) || isLowSurrogate(character)));
     };
     std::replace_if(result.begin(), result.end(), cannotBeShown, L'?');
     return L'"' + result + L'"';

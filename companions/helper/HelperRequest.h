@@ -14,16 +14,16 @@ struct EnvironmentAssignment {
     std::wstring value; ///< may be empty
 };
 
-/// What the helper is asked to do, as its command line has it.
+/// What the command line asks the helper to do.
 struct HelperRequest {
     HelperAction action = HelperAction::showHelp;
 
-    // For setMachine.
+    // For setMachine:
     std::vector<EnvironmentAssignment> environment;
     std::optional<LibraryArchitecture> architecture;
     std::vector<std::wstring> libraries;
 
-    // For copyLicense.
+    // For copyLicense:
     std::wstring destination;
     std::wstring source;
 };

@@ -11,8 +11,8 @@
 
 namespace {
 
-/// From now on libraries are looked for in the system's directory alone, and no error waits for somebody to see it.
-/// Comes first: any other call might load a library.
+/// From now on libraries are searched for in the system directory only, and no error box waits for a user.
+/// Must come first: any other call might load a library.
 bool secureProcess()
 {
     const bool restricted = SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32) != 0;
@@ -23,7 +23,7 @@ bool secureProcess()
 bool writeToParentConsole(const std::wstring &text)
 {
     if (AttachConsole(ATTACH_PARENT_PROCESS) == 0 && GetLastError() != ERROR_ACCESS_DENIED) {
-        // There is none; a process that has one already is denied another.
+        // The parent has no console. Access is denied only to a process that has one already.
         return true;
     }
     const WindowsHandle console(CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE,
@@ -34,8 +34,8 @@ bool writeToParentConsole(const std::wstring &text)
            WriteConsoleW(console.get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr) != 0;
 }
 
-/// Writes @p text where the caller has redirected the channel to, or else to the console of the process that started
-/// this one. Without either it goes nowhere. False when writing fails.
+/// Writes @p text where the caller has redirected the channel to, or else to the console of the process that
+/// started this one. Without either it goes nowhere. False when writing fails.
 bool print(DWORD channel, const std::wstring &text)
 {
     const HANDLE handle = GetStdHandle(channel);
@@ -49,7 +49,7 @@ HelperOutcome printed(const std::wstring &text)
     return {print(STD_OUTPUT_HANDLE, text) ? HelperExitCode::done : HelperExitCode::internalError, {}};
 }
 
-/// Whether whoever started this process asked for a visible window. Without a word about it none is to be shown.
+/// Whether the parent process asked for a visible window. If it said nothing, none is shown.
 bool isStartedVisibly()
 {
     STARTUPINFOW startup = {};
@@ -98,7 +98,7 @@ HelperExitCode runHelper(const std::wstring &commandLine)
             tell(outcome);
         }
     } catch (const std::exception &) {
-        // What has been done is done, whether or not there is memory to tell of it.
+        // The work is done, even without the memory to report it.
         return outcome.code;
     }
     return outcome.code;

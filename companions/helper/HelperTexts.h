@@ -10,5 +10,5 @@ std::wstring helpText();
 /// What --version prints, with Windows' line ends.
 std::wstring versionText();
 
-/// What the user is told of an exit code other than 0, a sentence; it does not say why.
+/// What the user is told of an exit code other than 0: a sentence, without the reason.
 std::wstring textOf(HelperExitCode code);

@@ -22,7 +22,7 @@ HelperOutcome registerLibraries(const std::vector<std::wstring> &libraries,
                                   (L"The registration of " + sentence(library, failure));
             }
         } catch (const std::exception &) {
-            // There may be too little memory even for a text.
+            // There may be too little memory even for a string.
             outcome.code = HelperExitCode::librariesNotRegistered;
         }
     }

@@ -31,15 +31,17 @@ struct DestroyBlock {
     void operator()(void *block) const { destroy(block); }
 };
 
-/// The variables of the machine, as Windows makes them for a process of its own: whoever started this process has no
-/// say in them. Null when Windows could not make them.
+/// The variables of the machine, as Windows makes them for its own processes: the parent process cannot
+/// influence them. Null when that fails.
 std::unique_ptr<void, DestroyBlock> machineVariables()
 {
-    // Not among the libraries that the program starts with: those are looked for before it can say where.
+    // Loaded here: the libraries that a program is linked to are searched for before it can restrict the
+    // search.
     const HMODULE library = LoadLibraryExW(L"userenv.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     auto *const create = functionOf<decltype(CreateEnvironmentBlock)>(library, "CreateEnvironmentBlock");
     auto *const destroy = functionOf<decltype(DestroyEnvironmentBlock)>(library, "DestroyEnvironmentBlock");
-    // Windows takes where it lies from the variables of the process that asks, and makes others with it.
+    // Windows copies the path of its own directory from the variables of the calling process, and derives
+    // others from it.
     const std::wstring windows = directoryFrom(&GetSystemWindowsDirectoryW);
     void *block = nullptr;
     const bool made = create != nullptr && destroy != nullptr && windows.size() > 1 &&
@@ -49,7 +51,7 @@ std::unique_ptr<void, DestroyBlock> machineVariables()
     return {made ? block : nullptr, DestroyBlock{destroy}};
 }
 
-/// Starts a program in the system's directory, where it finds no files but the system's, without a window.
+/// Starts a program without a window in the system directory, where it finds only the system's files.
 WindowsHandle startHidden(const std::wstring &program, std::wstring commandLine)
 {
     const std::wstring directory = directoryFrom(&GetSystemDirectoryW);
@@ -89,7 +91,7 @@ std::wstring registerLibrary(const std::wstring &regsvr32, const std::wstring &l
     }
     if (WaitForSingleObject(process.get(), static_cast<DWORD>(timeLimit.count())) != WAIT_OBJECT_0) {
         TerminateProcess(process.get(), 1);
-        // Until then the library may still be in use. A process that does not end is not waited for for ever.
+        // The library may be in use until the process has ended, but the wait must have a limit.
         constexpr DWORD endLimit = 5000;
         WaitForSingleObject(process.get(), endLimit);
         return L"took too long and was ended";

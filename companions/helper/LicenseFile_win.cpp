@@ -9,8 +9,8 @@
 
 namespace {
 
-/// Stores what a licence file holds in @p bytes, or gives the reason to refuse it. What is looked at is what is open,
-/// and what is counted is what is read: nothing of it can be exchanged in between.
+/// Reads a licence file into @p bytes, or returns the reason to refuse it. Checks the open file and counts
+/// the bytes read: there is no race between time of check and time of use.
 std::wstring readSource(const std::wstring &path, std::vector<unsigned char> &bytes)
 {
     const OpenedPath source = openPath(path, Links::followed, GENERIC_READ);
@@ -21,7 +21,7 @@ std::wstring readSource(const std::wstring &path, std::vector<unsigned char> &by
     bytes.resize(largestLicense + 1);
     DWORD count = 0;
     DWORD more = 0;
-    do { // not every file system gives all of a file at once
+    do { // not every file system returns the whole file at once
         if (ReadFile(source.handle.get(), bytes.data() + count, static_cast<DWORD>(bytes.size()) - count,
                      &more, nullptr) == 0) {
             return refusalOfReading(path, GetLastError());

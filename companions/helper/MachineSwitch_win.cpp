@@ -28,7 +28,7 @@ HelperOutcome switchMachine(const HelperRequest &request, std::chrono::milliseco
             return {HelperExitCode::refused, refusal};
         }
     }
-    // From the first change on nothing may throw; this takes memory.
+    // This allocates memory, and nothing may throw once something has changed.
     const std::function registerOne = [&](const std::wstring &library) {
         return registerLibrary(regsvr32, library, timeLimit);
     };

@@ -28,11 +28,11 @@ public:
         StoredValue found;
         DWORD size = 0;
         LSTATUS status = ERROR_MORE_DATA;
-        // Somebody may make the value longer between two calls.
+        // The value may grow between two calls.
         while (status == ERROR_MORE_DATA) {
             found.bytes.resize(size);
             DWORD type = REG_NONE;
-            // Without a buffer the call would succeed whatever the size.
+            // With a null buffer the call would succeed for any size.
             BYTE nothing = 0;
             status = RegQueryValueExW(key, name.c_str(), nullptr, &type,
                                       size == 0 ? &nothing : found.bytes.data(), &size);

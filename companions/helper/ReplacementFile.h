@@ -6,10 +6,11 @@
 #include <string>
 #include <vector>
 
-/// A new file that goes away with its owner unless it takes the place of another in its directory. Windows only.
+/// A new file, deleted with its owner unless it has replaced another in its directory. Windows only.
 ///
-/// Somebody with rights to an empty directory can make it lead elsewhere although it is held. So it is the new file
-/// that tells whether it lies in the held directory; from then on that is not empty any more and stays what it is.
+/// An empty directory can be turned into a junction even while it is held. So the new file is created first
+/// and then checked for being in the held directory: from then on the directory is not empty and cannot
+/// become a junction.
 class ReplacementFile {
 public:
     enum class Place {
@@ -26,11 +27,11 @@ public:
 
     Place place() const { return where; }
 
-    /// False as well when the file does not lie in the directory.
+    /// Also false when the file does not lie in the directory.
     bool write(const std::vector<unsigned char> &bytes) const;
 
-    /// Takes the name @p path, which is one in the directory, and with it the place of the file that has it, which may
-    /// be read-only. When that fails the file is as it was, but may not be read-only any more.
+    /// Renames the new file to @p path, in the same directory, and so replaces a file of that name, even a
+    /// read-only one. On failure the old file keeps its contents, but may have lost its read-only attribute.
     bool replace(const std::wstring &path);
 
 private:

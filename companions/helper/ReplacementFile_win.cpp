@@ -6,8 +6,8 @@
 
 namespace {
 
-/// A file that is read-only cannot be replaced. What is under the path itself is changed, never what that leads to, nor
-/// a file with a second name, which would lose the mark as well.
+/// Clears the read-only attribute, with which a file cannot be replaced. Never that of a link's target, nor
+/// that of a file with another hard link, which shares the attribute.
 void makeWritable(const std::wstring &path)
 {
     const OpenedPath file = openPath(path, Links::asTheyAre, FILE_WRITE_ATTRIBUTES);
@@ -17,7 +17,7 @@ void makeWritable(const std::wstring &path)
         (information.dwFileAttributes & FILE_ATTRIBUTE_READONLY) == 0) {
         return;
     }
-    // Times that are 0 stay as they are, and so would attributes.
+    // A time of 0 leaves the file's time unchanged; attributes of 0 would do the same.
     const DWORD attributes = information.dwFileAttributes & ~DWORD{FILE_ATTRIBUTE_READONLY};
     FILE_BASIC_INFO basic = {};
     basic.FileAttributes = attributes != 0 ? attributes : DWORD{FILE_ATTRIBUTE_NORMAL};
@@ -26,7 +26,7 @@ void makeWritable(const std::wstring &path)
 
 } // namespace
 
-// Once the other constructor is through, the file goes away even if this one throws.
+// Delegates, so that the destructor deletes the file even if this constructor throws.
 ReplacementFile::ReplacementFile(const HeldPath &directory, const std::wstring &path) : ReplacementFile()
 {
     const std::wstring name = L"qz_com_helper-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
@@ -61,9 +61,9 @@ bool ReplacementFile::replace(const std::wstring &path)
     if (where != Place::inDirectory) {
         return false;
     }
-    // What is renamed is told by its handle: under its name somebody might have put another. The new name is a whole
-    // path because this function takes none that is relative to an open directory; it leads to the held one, as none
-    // of the directories on its way is empty now.
+    // Renames by handle, because another file may have the name by now. The new name is a full path, because
+    // this function accepts none relative to an open directory. It leads to the held directory: no directory
+    // on the way is empty any more.
     const std::wstring target = literalPath(path);
     const std::size_t length = target.size() * sizeof(wchar_t);
     std::vector<unsigned char> buffer(sizeof(FILE_RENAME_INFO) + length);
@@ -71,7 +71,7 @@ bool ReplacementFile::replace(const std::wstring &path)
     information->ReplaceIfExists = TRUE;
     information->FileNameLength = static_cast<DWORD>(length);
     std::memcpy(information->FileName, target.data(), length);
-    // Only now, when nothing is left that takes memory.
+    // Only now, because nothing after this allocates memory.
     makeWritable(path);
     inPlace = SetFileInformationByHandle(file.get(), FileRenameInfo, information,
                                          static_cast<DWORD>(buffer.size())) != 0;

@@ -9,7 +9,7 @@ int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, PWSTR /*argu
     try {
         return static_cast<int>(runHelper(GetCommandLineW()));
     } catch (const std::exception &) {
-        // Out of memory: the C library would show a box of its own.
+        // Out of memory. Without this the C library would show a message box.
         return static_cast<int>(HelperExitCode::internalError);
     }
 }

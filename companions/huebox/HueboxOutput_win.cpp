@@ -19,7 +19,7 @@ bool isConsole(HANDLE handle)
     return GetConsoleMode(handle, &mode) != 0;
 }
 
-/// Sets the text colour of a console while it lives.
+/// Sets the text colour of a console while this object lives.
 class ConsoleColour {
 public:
     ConsoleColour(HANDLE console, const HueboxLine &line) : console(console)

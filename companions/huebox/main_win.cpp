@@ -13,7 +13,7 @@ struct LocalMemory {
     void operator()(void *memory) const { LocalFree(memory); }
 };
 
-/// The program's arguments, read by Windows' own rules: the C library's would expand wildcards.
+/// The program's arguments, split by Windows' own rules: the C library would expand wildcards.
 std::vector<std::wstring> programArguments()
 {
     int count = 0;
