@@ -19,7 +19,7 @@ class DebugLogTest : public QObject {
     Q_OBJECT
 
 private slots:
-    // The log cannot be cleared, so the tests run in the order in which they stand and build on each other.
+    // The log cannot be cleared, so the tests depend on their order.
     void emptyLog();
     void warningsStayOut();
     void slotsOfTheDialog();
@@ -224,7 +224,7 @@ void DebugLogTest::endIsFollowed()
         return browser->document()->documentLayout()->documentSize().toSize().height() -
                browser->viewport()->height();
     };
-    // The text is laid out anew for the window's width.
+    // The text is laid out again for the window's width.
     EVENTUALLY_COMPARE(down->maximum(), end());
     down->setValue(down->maximum());
     for (int line = 0; line < 3; ++line) {

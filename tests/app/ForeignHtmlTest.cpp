@@ -12,10 +12,11 @@
 
 namespace {
 
-/// Part of every name that must not be looked for. tests/app/opens-nothing looks for it in a trace of the process.
+/// Part of every name that must not be accessed. tests/app/opens-nothing searches a trace of the process for
+/// it.
 const QString mark = "evil-share";
 
-/// Opens links in the desktop's place.
+/// Receives links instead of the desktop.
 class Desktop : public QObject {
     Q_OBJECT
 
@@ -68,7 +69,7 @@ void useEverything(QTextBrowser &browser)
 
 } // namespace
 
-/// What HTML from the network may do: be read, and lead to the web or to a mail with a click.
+/// HTML from the network may only be read, and open web and mail links on a click.
 class ForeignHtmlTest : public QObject {
     Q_OBJECT
 
@@ -85,7 +86,7 @@ private slots:
 
 void ForeignHtmlTest::initTestCase()
 {
-    // Shows whoever traces the process that the trace would tell.
+    // Proves that the trace would show an access.
     QVERIFY(!QFile::exists("/" + mark + "/control"));
 }
 

@@ -58,7 +58,7 @@ public:
         return QRect(control.mapTo(this, QPoint()), control.size()).adjusted(-3, -3, 3, 3);
     }
 
-    /// The part of the window in which cards can be seen.
+    /// The part of the window in which cards are visible.
     QRect sight() const { return {area->viewport()->mapTo(this, QPoint()), area->viewport()->size()}; }
 
     QScrollArea *area;
@@ -217,7 +217,7 @@ void KeyboardFocusFrameTest::takesNoClicks()
     QCOMPARE(clicked.size(), 1);
 }
 
-/// What is drawn as the focus moves has to be what is drawn when all of the window is.
+/// Partial repaints while the focus moves must give the same picture as a full repaint.
 void KeyboardFocusFrameTest::leavesNoTraces()
 {
     CardWindow window(1);

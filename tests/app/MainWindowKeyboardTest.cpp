@@ -67,7 +67,7 @@ void MainWindowKeyboardTest::tabStops()
     QCOMPARE(unseen.join(", "), QString());
 }
 
-/// Where Space starts nothing.
+/// At first the focus is where Space starts nothing.
 void MainWindowKeyboardTest::startsOutsideTheCards()
 {
     WindowMachine::install("13.0");
@@ -106,7 +106,7 @@ void MainWindowKeyboardTest::focusIsBroughtIntoSight()
     const QRect sight(area->mapTo(&window, QPoint()), area->size());
     constexpr int cards = 4;
     constexpr int stopsOfCard = 16;
-    // Backwards, because then the cards are entered from outside the scroll area.
+    // Backwards, because then the focus enters the cards from outside the scroll area.
     for (int i = 0; i < cards * stopsOfCard; ++i) {
         QTest::keyClick(window.windowHandle(), Qt::Key_Backtab);
         const QWidget *control = QApplication::focusWidget();

@@ -26,7 +26,7 @@ namespace {
 const QByteArray newProgram =
     R"({"corvanta-for-halcon": {"major": "9999", "minor": "0"}, "updateMessage": "<b>%1</b> & more"})";
 
-/// What @p html looks like once a browser has taken it in and is asked for it again.
+/// @p html after a round trip through a text browser.
 QString digested(const QString &html, const QTextBrowser &alike)
 {
     QTextDocument document;
@@ -35,19 +35,18 @@ QString digested(const QString &html, const QTextBrowser &alike)
     return document.toHtml();
 }
 
-/// @p html with the line that tells of the release @p version.
+/// @p html with the line that announces the release @p version.
 QString withUpdate(const QString &html, const QString &version)
 {
     return QString(html).replace(
         "</body>", "Latest version: " + version + " <a href=\"" + MakerAddresses::halconDownloads() +
-                       "\"><span style=\"text-decoration: "
-                       "underline; color:#ff0000; font-size:12pt;\"><b>Update available!</b></span></a><br>"
-                       "</body>");
+                       "\"><span style=\"text-decoration: underline; color:#ff0000; font-size:12pt;\">"
+                       "<b>Update available!</b></span></a><br></body>");
 }
 
 } // namespace
 
-/// What the window makes of what it is sent.
+/// How the window shows what it has downloaded.
 class MainWindowNewsTest : public QObject {
     Q_OBJECT
 
@@ -97,7 +96,7 @@ void MainWindowNewsTest::cardsTellOfUpdates()
     QCOMPARE(now("17.12.0"), before.value("17.12.0"));
     QCOMPARE(now("18.11.0 Progress"), before.value("18.11.0 Progress"));
 
-    // Kept for each card that a release is published for, newer or not.
+    // Kept for each card for which a release is published, newer or not.
     const auto kept = [&](const QString &version) {
         return details(window, version)->property("cachedHtml");
     };
@@ -151,7 +150,7 @@ void MainWindowNewsTest::missingDirectoriesStayMarked()
                      "Latest version: 13.0.1 Update available!\n"));
 }
 
-/// The line goes by the latest list, but a list with nothing newer leaves it as it is.
+/// The line follows the latest list, but a list with nothing newer leaves it unchanged.
 void MainWindowNewsTest::newestComparisonCounts()
 {
     MainWindow window;
@@ -241,9 +240,8 @@ void MainWindowNewsTest::dialogTellsOfANewProgram()
                          "Your current version: " +
                          projectVersion() +
                          "<br>Latest version: 9999.0<br><br><b>%1</b> & more<br><br>"
-                         "Note: This check can be disabled with the checkbox \"Enable Corvanta for HALCON "
-                         "Update Checks\" near "
-                         "the bottom of the main screen.";
+                         "Note: This check can be disabled with the checkbox "
+                         "\"Enable Corvanta for HALCON Update Checks\" near the bottom of the main screen.";
     const LogLines log;
     DialogUser<MessageDialog> user([&](MessageDialog &dialog) {
         QCOMPARE(dialog.windowTitle(), QString("Update available for Corvanta for HALCON"));
@@ -279,7 +277,7 @@ void MainWindowNewsTest::oldProgramIsNoNews()
     Registry::setString(settingsKey, updateCheckCorvanta, "true");
     const MainWindow window;
     const LogLines log;
-    // The window has been told before the spy.
+    // The window receives the signal before the spy.
     QSignalSpy ended(window.findChild<UpdateCheck *>(), &UpdateCheck::downloaded);
     QVERIFY(ended.wait(patienceMilliseconds));
     QCOMPARE(log.lines(), QStringList());

@@ -15,7 +15,7 @@ namespace {
 
 const QString machineKey = R"(HKEY_LOCAL_MACHINE\Software\Quorvik Solutions\Corvanta for HALCON)";
 
-/// Each value of @p key with its content, in order.
+/// Each value of @p key with its data, in order.
 QStringList valuesOf(const QString &key)
 {
     const QSettings settings(key, QSettings::NativeFormat);
@@ -90,7 +90,7 @@ void MainWindowPresetsTest::presetHoldsUntilTheUserChooses()
         QCOMPARE(isTicked(window, halconBox), ticked);
         QCOMPARE(isTicked(window, corvantaBox), ticked);
     }
-    // What is preset stays the machine's, and can be changed there.
+    // A preset stays in the machine's settings and can be changed there.
     QCOMPARE(valuesOf(settingsKey), before);
     QCOMPARE(Registry::exists(machineKey), !preset.isNull());
 }

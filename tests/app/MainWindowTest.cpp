@@ -84,7 +84,7 @@ private slots:
 void MainWindowTest::initTestCase()
 {
     setApplicationIdentity();
-    // What is asked for is nobody's business here.
+    // The requests are not this test's subject.
     QNetworkProxy::setApplicationProxy(
         QNetworkProxy(QNetworkProxy::HttpProxy, "127.0.0.1", WebServer::closedPort()));
 }
@@ -244,7 +244,7 @@ void MainWindowTest::restoringDoesNotWrite()
 {
     QFETCH(QString, key);
     QFETCH(QString, checkBox);
-    // A text that reads as true but is not what the program would write.
+    // A string that reads as true but differs from what the program writes.
     Registry::setString(settingsKey, key, "yes");
     {
         const MainWindow window;
@@ -380,7 +380,7 @@ void MainWindowTest::f4LeadsToTheSearchLine()
     MainWindow window;
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
-    // As the window system has it: the key goes to where the focus is.
+    // As from the window system: the key goes to the control with the focus.
     const auto press = [&](int key) { QTest::keyClick(window.windowHandle(), Qt::Key(key)); };
     press(Qt::Key_F4);
     auto *frame = window.findChild<RecentProgramsFrame *>();
@@ -428,7 +428,7 @@ void MainWindowTest::otherKeysArePassedOn_data()
     QTest::newRow("letter") << int(Qt::Key_D);
 }
 
-/// The base class declares a key that it has no use for, which an accepted event would hide.
+/// The base class ignores a key that it does not use; an accepted event would hide that.
 void MainWindowTest::otherKeysArePassedOn()
 {
     QFETCH(int, key);

@@ -71,9 +71,7 @@ void MainWindowTextsTest::browserHtmlServesAsTemplate()
     document.setHtml(footerTemplate());
     document.setHtml(filledFooter(document.toHtml()));
     QCOMPARE(document.toPlainText(), "Quorvik Solutions Corvanta for HALCON (" + projectVersion() +
-                                         ") - Please find more "
-                                         "information about our HALCON services "
-                                         "at " +
+                                         ") - Please find more information about our HALCON services at " +
                                          MakerAddresses::homePage() + " or our products at " +
                                          MakerAddresses::shop() +
                                          ". We are happy to receive feedback from you.");

@@ -17,7 +17,7 @@ using WindowMachine::updateCheckHalcon;
 
 namespace {
 
-/// The signals or slots that @p type declares itself, in order.
+/// The signals or slots that @p type itself declares, in order.
 QStringList ownMethods(const QMetaObject &type)
 {
     QStringList methods;
@@ -27,7 +27,7 @@ QStringList ownMethods(const QMetaObject &type)
     return methods;
 }
 
-/// Leads everything to one proxy, and records in which order it was asked.
+/// Sends every request to one proxy and records the order of the requests.
 class RecordingProxies : public QNetworkProxyFactory {
 public:
     RecordingProxies(const QNetworkProxy &proxy, QList<QByteArray> *asked) : proxy(proxy), asked(asked) {}
@@ -45,13 +45,13 @@ private:
 
 } // namespace
 
-/// What the window asks for, and when.
+/// What the window requests, and when.
 class MainWindowUpdatesTest : public QObject {
     Q_OBJECT
 
     std::unique_ptr<UpdateMachine> machine;
 
-    /// Asks for something of its own, and gives what has been asked for before that came back.
+    /// Makes a request of its own, and returns the requests that arrived before it.
     QList<QByteArray> askedBefore();
 
 private slots:
@@ -191,7 +191,7 @@ void MainWindowUpdatesTest::everyTickComparesAnew()
     click(window, halconBox);
     const QString found = "update check found remotely available HALCON version";
     EVENTUALLY_COMPARE(log.lines().count(found), 1);
-    // The first download ends last, and what the latest one has brought is compared once more.
+    // The first download ends last, and the result of the latest one is compared once more.
     machine->server.proceed();
     EVENTUALLY_COMPARE(log.lines().count(found), 2);
     QCOMPARE(log.lines().filter("revision"), (QStringList{"  revision: 1", "  revision: 1"}));

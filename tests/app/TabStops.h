@@ -6,7 +6,7 @@
 #include <QTextBrowser>
 #include <QtTest>
 
-/// The Tab key, pressed by a user who looks at the window.
+/// Walks a window with the Tab key and checks that the focus is visible.
 namespace TabStops {
 
 /// What has the focus: the accessible name of the control, and the text of the link in it.
@@ -32,8 +32,9 @@ inline QRect focusedArea(const QWidget &window)
         .adjusted(-around, -around, around, around);
 }
 
-/// Presses @p key, Tab or Backtab, in @p window until the focus is back where the first press has led it. The names of
-/// the stops in their order; those at which the focus cannot be seen are added to @p unseen, unless that is null.
+/// Presses @p key, Tab or Backtab, in @p window until the focus is back where the first press moved it.
+/// Returns the names of the stops in order; those at which the focus is not visible are added to @p unseen,
+/// unless that is null.
 inline QStringList walk(QWidget &window, Qt::Key key, QStringList *unseen = nullptr)
 {
     constexpr int tooMany = 400;
@@ -59,7 +60,8 @@ inline QStringList walk(QWidget &window, Qt::Key key, QStringList *unseen = null
     return stops + QStringList{"and so on"};
 }
 
-/// The stops on a 64-bit card of @p version, with @p links in its details and, if there is a Visual Studio, its IDE.
+/// The stops on a 64-bit card of @p version, with @p links in its details and, if there is a Visual Studio,
+/// its IDE.
 inline QStringList ofCard(const QString &version, const QStringList &links, bool ide)
 {
     return QStringList{"HDevelop " + version + " (x64-win64)", "HDevelop x64", "Details"} + links +

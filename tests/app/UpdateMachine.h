@@ -14,7 +14,7 @@ inline const QByteArray webServer = "http://www." + MakerAddresses::webDomain().
 inline const QByteArray releaseList = webServer + "/halcon-versions.json";
 inline const QByteArray ownRelease = webServer + "/corvanta-for-halcon-version.json";
 
-/// What the list of releases holds of one.
+/// One release in the list of releases.
 inline QByteArray release(const QByteArray &version, const QByteArray &revision, const QByteArray &edition)
 {
     return R"({"version": ")" + version + R"(", "revision": ")" + revision +
@@ -38,8 +38,8 @@ inline QTextBrowser *details(const MainWindow &window, const QString &version)
     return nullptr;
 }
 
-/// One HALCON is installed, and the program has never been started. The maker's web server is one on loopback, which the
-/// window reaches as the application's proxy.
+/// One HALCON is installed, and the program has never been started. A fake of the maker's web server runs on
+/// loopback; the window reaches it as the application's proxy.
 class UpdateMachine {
 public:
     UpdateMachine() : proxy(server.asProxy())

@@ -15,7 +15,7 @@ inline const QString settingsKey = R"(HKEY_CURRENT_USER\Software\Quorvik Solutio
 inline const QString updateCheckHalcon = "updateCheckHalcon";
 inline const QString updateCheckCorvanta = "updateCheckCorvanta";
 
-/// Makes HALCON @p version, such as "20.11-Progress", be installed for x64 in @p directory.
+/// Registers HALCON @p version, such as "20.11-Progress", for x64 in @p directory.
 inline void install(const QString &version, const QString &directory)
 {
     Registry::setDword(productKey + '\\' + version + "\\InstalledComponents", "RuntimeX64", 1);
@@ -35,7 +35,7 @@ inline void clear()
     Registry::removeTree(settingsKey);
 }
 
-/// The stored option as the registry has it, or an invalid value when there is none.
+/// The option as stored in the registry, or an invalid value when there is none.
 inline QVariant stored(const QString &option)
 {
     return QSettings(settingsKey, QSettings::NativeFormat).value(option);

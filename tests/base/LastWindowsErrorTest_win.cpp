@@ -22,7 +22,7 @@ void LastWindowsErrorTest::systemText_data()
     QTest::newRow("success") << quint32(ERROR_SUCCESS);
     QTest::newRow("file not found") << WindowsError::fileNotFound;
     QTest::newRow("access denied") << WindowsError::accessDenied;
-    QTest::newRow("text with a place to be filled in") << WindowsError::badExeFormat;
+    QTest::newRow("message with a placeholder") << WindowsError::badExeFormat;
 }
 
 void LastWindowsErrorTest::systemText()

@@ -4,7 +4,7 @@
 
 #include <QtTest>
 
-/// Each row of a test is run below both hives.
+/// Each row runs below both hives.
 class RegistryReaderTest : public QObject {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ private slots:
 private:
     static void hives();
 
-    QString top; ///< of all keys of a test
+    QString top; ///< above all keys of a test
 };
 
 void RegistryReaderTest::hives()
@@ -85,7 +85,7 @@ void RegistryReaderTest::groupsAndValues()
     QCOMPARE(key.value("B/number"), QVariant(7));
     QVERIFY(key.contains("text"));
     QVERIFY(!key.contains("number"));
-    // A key is no value.
+    // A key does not count as a value.
     QVERIFY(!key.contains("B"));
 
     const RegistryReader below = key.below("B");

@@ -1,6 +1,6 @@
 // How long a keystroke in the search line of the recent programs takes, in multiples of one plain pass of the
-// highlighting over the same programs. The absolute times differ from machine to machine and from build to build;
-// the multiple should not.
+// highlighting over the same programs. The absolute times differ from machine to machine and from build to
+// build; the multiple should not.
 
 #include "recent/RecentPrograms.h"
 #include "tests/recent/HDevelopSettings.h"
@@ -19,7 +19,7 @@ namespace {
 constexpr int programs = 20000;
 constexpr int rounds = 5;
 
-/// Counts how often a widget is drawn.
+/// Counts how often a widget is painted.
 class Drawings : public QObject {
 public:
     explicit Drawings(QWidget &watched) { watched.installEventFilter(this); }
@@ -58,7 +58,7 @@ double medianOf(QList<double> values)
     return values.at(values.size() / 2);
 }
 
-/// Kept, so that no pass is left out by the compiler.
+/// Kept, so that the compiler cannot optimise a pass away.
 qint64 matches = 0;
 
 void plainPass(const QStringList &paths, const QString &search)
@@ -68,7 +68,7 @@ void plainPass(const QStringList &paths, const QString &search)
     }
 }
 
-/// A key in the search line, and all that follows until the list is drawn anew.
+/// A key in the search line, and everything that follows until the list is repainted.
 bool keystroke(RecentProgramsFrame &frame, Drawings &drawings, Qt::Key key)
 {
     drawings.count = 0;
@@ -101,7 +101,7 @@ int main(int argc, char **argv)
     std::printf("%-12s %12s %12s %8s\n", "search", "pass [ms]", "key [ms]", "ratio");
     struct Step {
         Qt::Key key;
-        const char *search; // the text of the search line behind that key
+        const char *search; // the text of the search line after that key
     };
     const QList<Step> steps{{Qt::Key_H, "h"},         {Qt::Key_D, "hd"},          {Qt::Key_E, "hde"},
                             {Qt::Key_X, "hdex"},      {Qt::Key_Backspace, "hde"}, {Qt::Key_Backspace, "hd"},

@@ -1,5 +1,5 @@
-// A window at the top left of the screen from which files can be dragged, as from an Explorer: what is said to have been
-// moved is deleted.
+// A window at the top left of the screen from which files can be dragged, as from Explorer: a file that the
+// target reports as moved is deleted.
 //
 //   drag-source [--move-only] FILE...
 
@@ -27,7 +27,7 @@ protected:
         data->setUrls(files);
         QDrag drag(this);
         drag.setMimeData(data);
-        // An Explorer proposes to move on the same drive.
+        // Explorer proposes a move on the same drive.
         if (drag.exec(offered, Qt::MoveAction) == Qt::MoveAction) {
             for (const QUrl &file : files) {
                 QFile::remove(file.toLocalFile());

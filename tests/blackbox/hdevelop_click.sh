@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# A click on a card's HDevelop button, HDevelop XL button or version number starts that version's executable with that
-# version's environment. When its window is closed, the program ends with exit code 0.
+# A click on a card's HDevelop button, HDevelop XL button or version number starts that version's executable
+# with that version's environment. When its window is closed, the program ends with exit code 0.
 #
 #   hdevelop_click.sh PROGRAM STAND_INS
 set -uo pipefail
@@ -16,8 +16,8 @@ product 13.0 '$root' x64 examples='$examples'
 TABLE
 "$tools/demo-machine/make" "$WINEPREFIX" "$stand_ins" "$TEST_DIRECTORY/table" || give_up "no demo machine"
 
-# click_starts WHAT X Y EXECUTABLE TITLE: clicks at a place, expects EXECUTABLE to be started by that for this
-# installation, and closes its window, which is titled TITLE.
+# click_starts WHAT X Y EXECUTABLE TITLE: clicks at a position, expects that to start EXECUTABLE for this
+# installation, and closes its window TITLE.
 click_starts() {
   local path
   rm -f "$record"
@@ -38,10 +38,10 @@ start_program "$program"
 read -r x y < <(find_colour '#E0218A')
 [ -n "${x-}" ] || give_up "there is no HDevelop button with the stand-in's icon"
 click_starts 'HDevelop' "$x" "$y" hdevelop.exe 'HDevelop'
-# The button below it is as high as the first one, 52 pixels, and a bit more away.
+# The button below it has the same height, 52 pixels, and there is a small gap.
 click_starts 'HDevelop XL' "$x" $((y + 56)) hdevelopxl.exe 'HDevelop XL'
-# The version number has the colour of the card under a red tint; so has the list of Visual Studio versions further
-# right.
+# The version number has the colour of the card under a red tint; so has the list of Visual Studio versions
+# further right.
 read -r x y < <(find_colour '#D197CC' 0 "$x")
 [ -n "${y-}" ] || give_up "there is no version number"
 click_starts 'the version number' "$x" "$y" hdevelop.exe 'HDevelop'

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# On a screen set to 125, 150 or 200 % the window's content is larger by just that.
+# On a screen set to 125, 150 or 200 % the window's content is scaled by exactly that.
 #
 #   high_resolution.sh PROGRAM STAND_INS
 set -uo pipefail
@@ -7,7 +7,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/expectations"
 
 program=$1 stand_ins=$2
 
-# How many pixels the HDevelop XL icon on the screen is below the HDevelop icon, going by the colour of both.
+# By how many pixels the HDevelop XL icon is below the HDevelop icon, found by their colour.
 distance_of_icons() {
   pixels_of '#E0218A' | awk '
     !n++ { first = $2 }
@@ -23,7 +23,7 @@ distance=$(distance_of_icons)
 [ -n "$distance" ] || give_up "there are no two buttons with the stand-in's icon"
 end_program
 
-# The icons' places are rounded to whole pixels.
+# The icons' positions are rounded to whole pixels.
 for scale in 125 150 200; do
   wineserver -w
   wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d $((96 * scale / 100)) /f >/dev/null

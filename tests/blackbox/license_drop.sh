@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# A licence file dragged with the mouse from another program's window onto the licence dialog is installed, and stays
-# where it came from. What cannot be read or copied is not taken.
+# A licence file dragged with the mouse from another program's window onto the licence dialog is installed,
+# and the source file stays. A file that cannot be read or copied is not accepted.
 #
 #   license_drop.sh PROGRAM DRAG_SOURCE STAND_INS
 set -uo pipefail
@@ -16,9 +16,9 @@ mkdir -p "$files/directory"
 printf 'license 1\r\nbinary: \x81\xff\r\n' >"$files/license & more.dat"
 printf 'license 2\r\n' >"$files/second.dat"
 
-# Opens the licence dialog and sets field_x and field_y to the middle of the field that takes drops.
+# Opens the licence dialog and sets field_x and field_y to the middle of the field that accepts drops.
 open_dialog() {
-  # The arrow on the button, the rightmost blue thing there is.
+  # The arrow on the button is the rightmost blue.
   local button
   button=$(pixels_of '#2A72B5' | awk '$1 > 1470 { x += $1; y += $2; ++n } END { if (n) printf "%d %d", x / n, y / n }')
   [ -n "$button" ] || give_up "there is no licence button"
@@ -30,7 +30,7 @@ open_dialog() {
   [ -n "${field_y-}" ] || give_up "there is no field to drop on"
 }
 
-# drag [--move-only] FILE...: drags the files onto the field, in small steps as a hand does.
+# drag [--move-only] FILE...: drags the files onto the field, in small steps as a user does.
 drag() {
   local source
   wine "$drag_source" "$@" &

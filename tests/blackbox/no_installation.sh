@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Without an installation the program shows one dialog, never its window, looks for no updates, and ends with exit code
-# 1, however the dialog is closed.
+# Without an installation the program shows one dialog and never its window, checks for no updates, and ends
+# with exit code 1, however the dialog is closed.
 #
 #   no_installation.sh PROGRAM ok|escape|close
 set -uo pipefail

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The permanent switch through the real helper: agreed to, it sets the machine's variables to the card's version;
-# cancelled, it changes nothing; and a helper that fails is reported.
+# The permanent switch with the real helper: on OK it sets the machine's variables to the card's version, on
+# Cancel it changes nothing, and a helper that fails is reported.
 #
 #   permanent_switch.sh PROGRAM HELPER STAND_INS
 set -uo pipefail
@@ -9,7 +9,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/expectations"
 program=$1 helper=$2 stand_ins=$3
 program_dir="$WINEPREFIX/drive_c/Program Files/Corvanta for HALCON"
 
-# start_with TABLE-LINE: makes the machine have this one installation and starts the program on it.
+# start_with TABLE-LINE: sets up a machine with this one installation and starts the program on it.
 start_with() {
   wine reg delete 'HKLM\Software\MVTec' /f >/dev/null 2>&1
   printf 'this_program\n%s\n' "$1" >"$TEST_DIRECTORY/table"
@@ -19,13 +19,13 @@ start_with() {
   start_program "$program_dir/corvanta.exe"
 }
 
-# The machine's variables, as the registry has them.
+# The machine's variables in the registry.
 machine_variables() {
   wine reg query 'HKLM\SYSTEM\CurrentControlSet\Control\Session Manager\Environment' 2>/dev/null |
     tr -d '\r' | sed -nE 's/^ *(HALCON[A-Z]+) +REG_SZ *(.*)$/\1=\2/p' | sort
 }
 
-# The button with the pin, by the blue of its monitor; other buttons have that too, left and right of it.
+# The button with the pin, found by the blue of its monitor; buttons left and right of it have that as well.
 click_permanent() {
   local button
   button=$(find_colour '#2A72B5' 1050 1340)
@@ -54,12 +54,12 @@ answer 'Perform permanent changes?' Escape
 answer 'Cancelled' Return
 expect "variables after cancelling" "$(machine_variables)" "$of_12"
 
-# A program that ends with exit code 1 in the helper's place.
+# A fake helper that ends with exit code 1.
 cp "$program_dir/vswhere.exe" "$program_dir/qz_com_helper.exe"
 rm "$program_dir/vswhere-report.txt"
 click_permanent
 answer 'Perform permanent changes?' Return
-# What was shown before the switch is there a second time.
+# The plan shown before the switch is repeated.
 plan="changing environment variable HALCONROOT (scope: system) from
  C:\\Program Files\\MVTec\\HALCON-12.0 to
  $root_of_13 (scope: system)

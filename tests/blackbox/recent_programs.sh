@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# F4 shows the programs that HDevelop opened last, typing marks what matches in red, Escape hides the list, and F4 shows
-# it again.
+# F4 shows the programs that HDevelop opened last, typing marks what matches in red, Escape hides the list,
+# and F4 shows it again.
 #
 #   recent_programs.sh PROGRAM STAND_INS
 set -uo pipefail
@@ -14,12 +14,12 @@ recent_programs 'C:\Bottles & caps\caps.hdev' 'D:\Wafer\Übersicht, neu.hdev' 'D
 TABLE
 "$tools/demo-machine/make" "$WINEPREFIX" "$stand_ins" "$TEST_DIRECTORY/table" || give_up "no demo machine"
 
-# The rows of the list, which is in the middle of the screen, that have something marked; 0 is the topmost.
+# The rows with marks in the list in the middle of the screen; 0 is the topmost.
 marked_rows() {
   pixels_of '#FF0000' | awk '$1 > 600 && $1 < 1000 { print int(($2 - 590) / 20) }' | uniq | xargs
 }
 
-# Presses keys in the window and waits until it shows what comes of it.
+# Presses keys in the window and waits until it shows the result.
 press() {
   xdotool key "$@"
   wait_until_still

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The program can be started again while it runs: each start has a window and an end of its own.
+# The program can be started again while it runs: each process has its own window and ends separately.
 #
 #   second_start.sh PROGRAM STAND_INS
 set -uo pipefail
@@ -7,7 +7,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/expectations"
 
 program=$1 stand_ins=$2
 
-# Waits until there are this many of the program's windows.
+# Waits until the program has this many windows.
 expect_windows() {
   local count
   for _ in $(seq 100); do

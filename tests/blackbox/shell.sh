@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# A double click on a Visual Studio of a card opens a shell in which that version's HDevelop can be started by name.
+# A double click on a Visual Studio of a card opens a shell in which that version's HDevelop can be started by
+# name.
 #
 #   shell.sh PROGRAM COLOUR_TOOL STAND_INS
 set -uo pipefail
@@ -24,7 +25,7 @@ list=$(find_colour '#D197CC' "$(find_colour '#E0218A' | cut -d' ' -f1)")
 read -r x y <<<"$list"
 # The one row is at the top of the list.
 xdotool mousemove "$x" $((y - 17)) sleep 0.2 click --repeat 2 --delay 60 1
-# The interpreter takes the blank in front of the next command to be part of the title.
+# For the interpreter the space before the next command is part of the title.
 wait_for_window 'HALCON 13.0.0 (x64-win64) ' || give_up "the double click opened no shell"
 wait_until_still
 xdotool type --delay 60 'hdevelop.exe'

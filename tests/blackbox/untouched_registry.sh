@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Looking changes nothing: a start and an end of the program leave the registry as it was, but for the program's own
-# settings, whether the machine has what is looked for or not.
+# Searching changes nothing: a start and an end of the program leave the registry unchanged, except for the
+# program's own settings, whether or not the machine has what is searched for.
 #
 #   untouched_registry.sh PROGRAM STAND_INS empty|filled
 set -uo pipefail
@@ -8,7 +8,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/expectations"
 
 program=$1 stand_ins=$2 machine=$3
 
-# What is there and what is missing differs from key to key.
+# Different keys exist, and different keys are missing.
 if [ "$machine" = filled ]; then
   cat >"$TEST_DIRECTORY/table" <<'TABLE'
 product 12.0 'C:\Program Files\MVTec\HALCON-12.0' x86 sse2 view=32

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The update checks through the system's proxy: none before the user has asked for one, a red line on the card and a
-# dialog as soon as the boxes are ticked, both again at the next start, and no waiting for a server that says nothing.
+# The update checks through the system's proxy: none before the user has enabled them, a red line on the card
+# and a dialog as soon as the boxes are ticked, both again at the next start, and no wait for a silent server.
 #
 #   updates.sh PROGRAM STAND_INS
 set -uo pipefail
@@ -26,13 +26,13 @@ cat >"$TEST_DIRECTORY/web/corvanta-for-halcon-version.json" <<'JSON'
 {"corvanta-for-halcon": {"major": "9999", "minor": "0"}, "updateMessage": "News"}
 JSON
 
-# What has been asked for since the last call, sorted.
+# The requests since the last call, sorted.
 requested() {
   sort "$requests"
   : >"$requests"
 }
 
-# Waits until as many requests have been made.
+# Waits until this many requests have been made.
 wait_for_requests() {
   for _ in $(seq 100); do
     [ "$(grep -c '^GET' "$requests")" -lt "$1" ] || return 0
@@ -41,13 +41,13 @@ wait_for_requests() {
   give_up "the program made fewer than $1 requests"
 }
 
-# How many of the details' pixels, which are right of the large version numbers' badges, are red on the card above and
-# on the one below, which stand at the top of the window.
+# How many pixels of the details are red on the upper and on the lower card. The details are right of the
+# badges of the large version numbers; the cards are at the top of the window.
 red_pixels() {
   pixels_of '#FF0000' | awk '$1 > 280 && $1 < 600 { $2 < 187 ? ++above : ++below } END { print above + 0, below + 0 }'
 }
 
-# Waits until the card below tells of an update, which the one above must not.
+# Waits until the lower card announces an update, which the upper one must not.
 wait_for_update_line() {
   local above below
   for _ in $(seq 50); do
@@ -59,7 +59,7 @@ wait_for_update_line() {
   expect "$1: red pixels on the card that is up to date" "$above" 0
 }
 
-# The stored options, as the registry has them.
+# The options stored in the registry.
 stored_options() {
   wine reg query 'HKCU\Software\Quorvik Solutions\Corvanta for HALCON' 2>/dev/null |
     tr -d '\r' | sed -nE 's/^ *(update[A-Za-z]+) +REG_SZ *(.*)$/\1=\2/p' | sort

@@ -4,7 +4,7 @@
 
 #include <QStringList>
 
-/// Everything about each box, one line for each part, so that a comparison names the part that differs.
+/// Every property of each box, one line for each, so that a comparison shows the one that differs.
 inline QStringList boxLines(const QList<ShownBox> &boxes, const QWidget &card)
 {
     static const char *const icons[] = {"none", "information", "warning", "critical", "question"};
@@ -27,14 +27,14 @@ inline QStringList warningLines(const QString &title, const QString &text)
             "buttons: OK",     "default: OK",   "parent: the card"};
 }
 
-/// What the card says, for every Visual Studio button, on a machine without Visual Studio.
+/// The card's message for every Visual Studio button on a machine without Visual Studio.
 inline QStringList noVisualStudioLines()
 {
     return warningLines(
         "No Visual Studio detected",
         "The shell cannot be launched, as we could not detect any Visual Studio on your computer. "
-        "Please make sure that you have installed Microsoft Visual Studio and that the component "
-        "\"Visual C++ toolset\" has been selected during installation. To review potential errors in "
-        "detecting your Visual Studio version, close this dialog and press F12 to see debug output of "
-        "this program.");
+        "Please make sure that you have installed Microsoft Visual Studio "
+        "and that the component \"Visual C++ toolset\" has been selected during installation. "
+        "To review potential errors in detecting your Visual Studio version, "
+        "close this dialog and press F12 to see debug output of this program.");
 }

@@ -16,7 +16,7 @@ HalconInstallation installation()
 
 } // namespace
 
-/// What screen readers say of a card.
+/// What screen readers announce for a card.
 class CardAccessibilityTest : public QObject {
     Q_OBJECT
 

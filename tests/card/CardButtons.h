@@ -22,13 +22,13 @@ inline QImage shownIcon(const QPushButton &button)
     return button.icon().pixmap(button.iconSize()).toImage();
 }
 
-/// A picture of the program as a button with icons of this size shows it.
+/// One of the program's pictures as a button with icons of this size shows it.
 inline QImage resource(const QString &path, const QSize &size)
 {
     return QIcon(path).pixmap(size).toImage();
 }
 
-/// The icon that the system has for a file, as a button with icons of this size shows it.
+/// The system's icon for a file as a button with icons of this size shows it.
 inline QImage fileIcon(const QString &path, const QSize &size)
 {
     return QIcon(QFileIconProvider().icon(QFileInfo(path)).pixmap(48, 48)).pixmap(size).toImage();

@@ -51,7 +51,7 @@ QList<Place> groupTitles(const QWidget &card)
     return places;
 }
 
-/// The first letters of every run of text in the details but of those in a colour that is the text's own.
+/// The first letters of every run of text in the details, except those with a colour of their own.
 QList<Place> details(const QWidget &card)
 {
     QList<Place> places;
@@ -60,7 +60,7 @@ QList<Place> details(const QWidget &card)
         for (auto run = block.begin(); !run.atEnd(); ++run) {
             const QTextFragment fragment = run.fragment();
             const QString text = fragment.text().remove(QChar::LineSeparator);
-            // The red of a missing directory is fixed, whatever it stands on.
+            // The red of a missing directory is fixed, whatever the background.
             if (text.size() < 3 || fragment.charFormat().foreground().color() == QColor("#ff0000")) {
                 continue;
             }
@@ -86,7 +86,7 @@ QList<Place> listRows(const QWidget &card)
     return places;
 }
 
-/// Every text on the card but the badges: that they are white on their colours is fixed.
+/// Every text on the card except the badges, whose white text and colours are fixed.
 QList<Place> texts(const QWidget &card)
 {
     QList<Place> places = groupTitles(card) + details(card) + listRows(card);

@@ -25,7 +25,7 @@ HalconInstallation installation(const QString &installDir, const QString &exampl
     return result;
 }
 
-/// A command line as the child reads it, without the program's name.
+/// A command line as the child splits it, without the program's name.
 QStringList argumentsOf(const QString &commandLine)
 {
     int count = 0;
@@ -38,12 +38,12 @@ QStringList argumentsOf(const QString &commandLine)
     return result;
 }
 
-/// Clicks on the first place where the card's details say @p text.
+/// Clicks on the first occurrence of @p text in the card's details.
 void clickOn(QTextBrowser &details, const QString &text)
 {
     QTextCursor place = details.document()->find(text);
     QVERIFY(!place.isNull());
-    // Where the text begins, as a long one may go on in another line.
+    // At its beginning, because a long text may be broken over two lines.
     place.setPosition(place.selectionStart() + 1);
     details.setTextCursor(place);
     details.ensureCursorVisible();
@@ -52,8 +52,8 @@ void clickOn(QTextBrowser &details, const QString &text)
 
 } // namespace
 
-/// A program is looked for in the directory of the one that starts it first: a recording program in
-/// Explorer's name lies there. This test program therefore has a directory of its own.
+/// Windows first looks for a program in the directory of the one that starts it: a recording program named
+/// explorer.exe is there. This test program therefore has a directory of its own.
 class CardExplorerTest : public QObject {
     Q_OBJECT
 
@@ -73,14 +73,14 @@ private:
 
 void CardExplorerTest::initTestCase()
 {
-    // An earlier run may have been broken off.
+    // An aborted run may have left it.
     QFile::remove(explorer());
     EchoChild::copyTo(explorer());
 }
 
 void CardExplorerTest::cleanupTestCase()
 {
-    // As long as a child is ending, its program cannot be removed.
+    // The program cannot be removed until the child has ended.
     EVENTUALLY_VERIFY(QFile::remove(explorer()) || !QFile::exists(explorer()));
 }
 
@@ -105,10 +105,10 @@ void CardExplorerTest::directoryLinks_data()
     QTest::newRow("missing examples") << example << "C:\\windows"
                                       << "C:\\missing\\examples"
                                       << "C:\\missing\\examples";
-    QTest::newRow("blanks") << install << "C:\\Program Files\\HALCON 20.11"
+    QTest::newRow("spaces") << install << "C:\\Program Files\\HALCON 20.11"
                             << ""
                             << "C:\\Program Files\\HALCON 20.11";
-    QTest::newRow("blanks and a backslash at the end") << example << ""
+    QTest::newRow("spaces and a backslash at the end") << example << ""
                                                        << "C:\\my examples\\"
                                                        << "C:\\my examples\\";
     QTest::newRow("signs that mean something to a shell") << install << "C:\\A & B 100% %PATH% ^ (x86)"
@@ -176,7 +176,7 @@ void CardExplorerTest::clickOnLink()
     QVERIFY(child.waitForRecord(found));
     QCOMPARE(QDir::fromNativeSeparators(found.executable), explorer());
     QCOMPARE(argumentsOf(found.commandLine), QStringList{path(directory)});
-    // The details have not gone anywhere themselves.
+    // The text browser has not followed the link itself.
     QCOMPARE(details->toHtml(), html);
     QCOMPARE(details->source(), QUrl());
     QCOMPARE(desktop.opened, QList<QUrl>());

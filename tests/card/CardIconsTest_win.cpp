@@ -27,7 +27,7 @@ HalconInstallation installation(const QTemporaryDir &directory, const QString &a
     return result;
 }
 
-/// What both buttons of the card show, in the order HDevelop, HDevelop XL.
+/// The icons of the card's buttons, HDevelop first, then HDevelop XL.
 QList<QImage> hdevelopIcons(const HalconInstallation &installation)
 {
     const SingleHalconVersionFrame card(installation);
@@ -53,7 +53,7 @@ private:
 
 void CardIconsTest::initTestCase()
 {
-    // Wine lacks this part of every Windows, and without it shows no program's own icon.
+    // Wine lacks this registry entry of every Windows, and without it shows no program's own icon.
     Registry::setString(R"(HKEY_LOCAL_MACHINE\Software\Classes\.exe)", QString(), "exefile");
     ofProgram = fileIcon(picturedProgram, shownSize);
     ofAnyProgram = fileIcon("C:\\no such directory\\hdevelop.exe", shownSize);

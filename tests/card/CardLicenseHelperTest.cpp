@@ -6,8 +6,8 @@
 
 #include <QtTest>
 
-/// What the card says when the program cannot copy a licence file itself, with a real child in the helper's
-/// place. This test program therefore has a directory of its own.
+/// What the card says when the program cannot copy a licence file itself, with a real child as the fake
+/// helper. This test program therefore has a directory of its own.
 class CardLicenseHelperTest : public QObject {
     Q_OBJECT
 
@@ -69,7 +69,7 @@ void CardLicenseHelperTest::helperFails_data()
 void CardLicenseHelperTest::helperFails()
 {
     QFETCH(bool, dropped);
-    const EchoChild child; // before the directory for temporary files becomes another
+    const EchoChild child; // before the directory for temporary files changes
     const LicenseFiles files;
     files.write("license.dat", "x");
     const ElevatedHelperProgram helper;
@@ -109,7 +109,8 @@ void CardLicenseHelperTest::helperIsMissing()
                      "  helper process returned with value -1. This indicates an error in its execution!"));
 }
 
-/// It is asked about, cannot be removed, and is still there when the helper says that it has succeeded.
+/// The user is asked about the directory; it cannot be removed and is still there when the helper reports
+/// success.
 void CardLicenseHelperTest::writeProtectedFile()
 {
     const LicenseFiles files;

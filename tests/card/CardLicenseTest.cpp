@@ -107,7 +107,7 @@ void CardLicenseTest::chosenFile_data()
 
     QTest::newRow("plain") << "licences"
                            << "license_1234567.dat";
-    QTest::newRow("blanks") << "my licences"
+    QTest::newRow("spaces") << "my licences"
                             << "license 1.dat";
     QTest::newRow("signs") << "R & D"
                            << "100% %1 %2 & (x).dat";
@@ -218,7 +218,7 @@ void CardLicenseTest::droppedAndThenChosen()
     card.show();
     const MessageBoxes boxes;
 
-    // What is chosen is gone too: what was dropped before does not take its place.
+    // The chosen file has vanished as well: the one dropped before is not used instead.
     QVERIFY(installThroughCard(card, [&](InstallLicenseDialog &dialog) {
         dropLicense(files.path("dropped.dat"), true)(dialog);
         dialog.set_path(files.path("chosen.dat"));

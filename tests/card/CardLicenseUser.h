@@ -13,7 +13,7 @@
 
 Q_DECLARE_METATYPE(QMessageBox::StandardButton)
 
-/// The HALCON version in "H H" of @p files, which has a place for licences only if the test makes one.
+/// The HALCON version in "H H" of @p files, which has a license directory only if the test makes one.
 inline HalconInstallation licensedInstallation(const LicenseFiles &files)
 {
     HalconInstallation result(20, 11, 1, 0);
@@ -22,7 +22,7 @@ inline HalconInstallation licensedInstallation(const LicenseFiles &files)
     return result;
 }
 
-/// What is done in the dialog before its button OK is pressed.
+/// What the user does in the dialog before pressing OK.
 using LicenseChoice = std::function<void(InstallLicenseDialog &)>;
 
 /// Chooses a file by its path.
@@ -31,7 +31,7 @@ inline LicenseChoice choose(const QString &file)
     return [file](InstallLicenseDialog &dialog) { dialog.set_path(file); };
 }
 
-/// Drops a file, which then vanishes unless it @p stays.
+/// Drops a file, which is then removed unless it @p stays.
 inline LicenseChoice dropLicense(const QString &file, bool stays)
 {
     return [file, stays](InstallLicenseDialog &dialog) {
@@ -47,8 +47,8 @@ inline void pressInDialog(const InstallLicenseDialog &dialog, QDialogButtonBox::
     QTest::mouseClick(dialog.findChild<QDialogButtonBox *>("buttonBox")->button(button), Qt::LeftButton);
 }
 
-/// Clicks on the card's licence button, makes the choice in the dialog and presses OK. False when no dialog
-/// opened.
+/// Clicks on the card's licence button, makes the choice in the dialog and presses OK. Returns false when no
+/// dialog opened.
 inline bool installThroughCard(const SingleHalconVersionFrame &card, const LicenseChoice &choice)
 {
     const DialogUser<InstallLicenseDialog> user([&](InstallLicenseDialog &dialog) {

@@ -10,7 +10,7 @@
 #include <QStringList>
 #include <QStyleOptionGroupBox>
 
-/// What looks wrong in a shown card: controls that overlap or stick out of what they stand in, texts that are cut off.
+/// Layout errors in a shown card: controls that overlap or leave their parent, texts that are cut off.
 namespace CardShape {
 
 inline QString nameOf(const QWidget &widget)
@@ -19,7 +19,7 @@ inline QString nameOf(const QWidget &widget)
     return button != nullptr && button->objectName().isEmpty() ? button->text() : widget.objectName();
 }
 
-/// A badge stands on its button on purpose.
+/// A badge overlaps its button on purpose.
 inline bool belongTogether(const QWidget &one, const QWidget &other)
 {
     const QStringList names{nameOf(one), nameOf(other)};
@@ -27,7 +27,7 @@ inline bool belongTogether(const QWidget &one, const QWidget &other)
            (names.contains("x64") && names.contains("pbMajor"));
 }
 
-/// The room for what stands in @p widget.
+/// The room for the contents of @p widget.
 inline QRect room(const QWidget &widget)
 {
     const auto *group = qobject_cast<const QGroupBox *>(&widget);
@@ -51,7 +51,7 @@ inline QSize neededSize(const QWidget &widget)
     if (const auto *group = qobject_cast<const QGroupBox *>(&widget)) {
         return {group->fontMetrics().horizontalAdvance(group->title()), 0};
     }
-    // An icon button's minimum size is that of its icon; the style would like room around that.
+    // An icon button's minimum size is that of its icon; the style's size hint adds a margin.
     const bool fixedText =
         widget.minimumSize().isEmpty() && (qobject_cast<const QLabel *>(&widget) != nullptr ||
                                            qobject_cast<const QPushButton *>(&widget) != nullptr ||
@@ -96,7 +96,7 @@ inline QStringList faults(const QWidget &parent)
                              text(children.at(j)->geometry()));
             }
         }
-        // What a list and a text browser are made of inside is their own affair.
+        // The inner widgets of a list and a text browser do not count.
         if (qobject_cast<const QAbstractScrollArea *>(&child) == nullptr) {
             found += faults(child);
         }
@@ -104,7 +104,7 @@ inline QStringList faults(const QWidget &parent)
     return found;
 }
 
-/// Gives @p card what it has on a machine with Visual Studio.
+/// Makes @p card look as on a machine with Visual Studio.
 inline void addVisualStudio(const SingleHalconVersionFrame &card)
 {
     auto *list = card.findChild<QListWidget *>("lwVsVersion");

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The main window's part that scrolls, on a screen that the window fills.
+/// The scrolling part of the main window, on a screen that the window fills.
 class CardArea {
 public:
     CardArea(int cards, const QSize &screen)
@@ -23,10 +23,10 @@ public:
         for (const SingleHalconVersionFrame *card : shown()) {
             CardShape::addVisualStudio(*card);
         }
-        const QSize aroundIt(0, 150); // title bar, options, footer and the system's task bar
+        const QSize aroundIt(0, 150); // title bar, options, footer and task bar
         area.resize(QSizeF(QSizeF(screen) / area.devicePixelRatioF()).toSize() - aroundIt);
         area.show();
-        // Fonts of the style sheet come with the first show, and layouts learn of them by events.
+        // The style sheet's fonts apply from the first show on, and reach the layouts by events.
         QCoreApplication::sendPostedEvents();
         QCoreApplication::processEvents();
     }
@@ -57,7 +57,7 @@ private slots:
 
 void CardShapeTest::initTestCase()
 {
-    // The scale is there as it is, not rounded to a whole number.
+    // The scale is applied exactly, not rounded to a whole number.
     const double scale = qEnvironmentVariable("QT_SCALE_FACTOR", "1").toDouble();
     QCOMPARE(QGuiApplication::primaryScreen()->devicePixelRatio(), scale);
 }
@@ -69,7 +69,7 @@ void CardShapeTest::nothingIsSqueezed_data()
     QTest::addColumn<int>("letters");
 
     constexpr int usual = 11;
-    constexpr int large = 14; // lines of 16 pixels: the tallest that Windows' own font has at 9 points
+    constexpr int large = 14; // for lines of 16 pixels, the tallest of Windows' own font at 9 points
     const QSize screens[] = {{1366, 768}, {1920, 1080}, {3840, 2160}};
     for (const int cards : {2, 8}) {
         for (const QSize &screen : screens) {

@@ -17,7 +17,7 @@
 
 namespace {
 
-/// Names another command interpreter until the end.
+/// Sets ComSpec to another command interpreter until the end.
 class CommandInterpreter {
 public:
     explicit CommandInterpreter(const QString &path) : before(qgetenv("ComSpec"))
@@ -122,7 +122,7 @@ void CardShellTest::doubleClickOnRow()
     QCOMPARE(found.executable, interpreter());
     QCOMPARE(found.commandLine, arguments);
     QCOMPARE(halconVariables(found), halconVariables(installation));
-    // One start, and nothing else.
+    // Only one start.
     QCOMPARE(log.lines(), QStringList{"CreateProcess: " + interpreter() + " " + arguments});
     QCOMPARE(boxLines(boxes.shown(), card), QStringList());
 }
@@ -193,7 +193,7 @@ void CardShellTest::ideButton()
     EchoRecord found;
     QVERIFY(child.waitForRecord(found));
     QCOMPARE(QDir::fromNativeSeparators(found.executable), ide);
-    // The system fills an empty command line in with the executable, quoted: no arguments all the same.
+    // For an empty command line Windows substitutes the quoted executable: still no arguments.
     const QStringList withoutArguments{"", '"' + ide + '"'};
     QVERIFY2(withoutArguments.contains(found.commandLine), qPrintable(found.commandLine));
     QCOMPARE(halconVariables(found), halconVariables(installation));
@@ -216,7 +216,7 @@ void CardShellTest::buttonsWithoutARow()
     QCOMPARE(boxLines(boxes.shown(), card),
              warningLines("Error", noRowForShell) + warningLines("Error", noRowForIde));
     QCOMPARE(log.lines(), QStringList());
-    // The card is as before, and a row can still be chosen.
+    // The card is unchanged, and a row can still be chosen.
     QVERIFY(button(card, "pbDevEnv")->isVisible());
     QCOMPARE(rows(card).currentRow(), -1);
 }
@@ -356,7 +356,7 @@ void CardShellTest::ideIsRemoved()
     QCOMPARE(log.lines(), QStringList{"CreateProcess: " + studios.ide14() + " "});
 }
 
-/// The IDE's button is hidden for such a row, but its slot tries to start it, and the system has its say.
+/// The IDE's button is hidden for such a row, but its slot tries to start it and reports the system's error.
 void CardShellTest::rowWithoutIde()
 {
     const HalconInstallation installation = progressInstallation("x86-win32");

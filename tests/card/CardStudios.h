@@ -12,10 +12,10 @@
 #include <QtTest>
 
 /// A machine with three Visual Studio versions: 14.0 Professional builds for both architectures, 12.0
-/// Professional for 32-bit only and without an IDE, 11.0 Express for both with an IDE of its own. A
-/// recording program stands in for the IDEs. Windows only.
+/// Professional for 32-bit only and without an IDE, 11.0 Express for both with an IDE of its own. The IDEs
+/// are fakes that record their start. Windows only.
 ///
-/// The program looks for Visual Studio once: make this before the first card.
+/// The program looks for Visual Studio only once: create this before the first card.
 class CardStudios {
 public:
     CardStudios()
@@ -31,7 +31,7 @@ public:
         installIdes();
     }
 
-    /// Puts those IDEs in place that are missing.
+    /// Adds the IDEs that are missing.
     void installIdes() const
     {
         for (const QString &ide : {ide14(), ide11()}) {
@@ -44,14 +44,14 @@ public:
     QString ide14() const { return machine.slashPath("Visual Studio 14.0/Common7/IDE/devenv.exe"); }
     QString ide11() const { return machine.slashPath("Visual Studio 11.0/Common7/IDE/wdexpress.exe"); }
 
-    /// The records behind the rows of a 64-bit card, in their order.
+    /// The records of the rows of a 64-bit card, in their order.
     QList<VisualStudioVersion> records64() const
     {
         return {record14("amd64", "Visual Studio 14.0\\VC\\bin\\amd64\\vcvars64.bat"),
                 record11("amd64", "Visual Studio 11.0\\VC\\bin\\amd64\\vcvars64.bat")};
     }
 
-    /// The records behind the rows of a 32-bit card, in their order.
+    /// The records of the rows of a 32-bit card, in their order.
     QList<VisualStudioVersion> records32() const
     {
         VisualStudioVersion record12;

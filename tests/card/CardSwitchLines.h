@@ -17,7 +17,7 @@ inline QStringList switchQuestionLines(const QString &text)
             "parent: the card"};
 }
 
-/// What boxLines() says of a piece of information from the card, with the button OK.
+/// What boxLines() says of an information box of the card, with the button OK.
 inline QStringList informationLines(const QString &title, const QString &text)
 {
     return {"title: " + title, "text: " + text, "icon: information",

@@ -42,7 +42,7 @@ public:
         return result;
     }
 
-    /// What is said before anything is done, with the variables as initTestCase() leaves them.
+    /// The announcement before anything is done, with the variables as initTestCase() leaves them.
     QStringList plannedLines(const QStringList &libraries) const
     {
         return {
@@ -78,8 +78,8 @@ const QString failedText = "There were errors when switching to HALCON 20.11.1 P
 
 } // namespace
 
-/// The card's switch with a real child in the helper's place and the real registry. This test program
-/// therefore has a directory of its own.
+/// The card's switch with a real child as the fake helper and the real registry. This test program therefore
+/// has a directory of its own.
 class CardSwitchRunTest : public QObject {
     Q_OBJECT
 

@@ -23,8 +23,8 @@ HalconInstallation installation(const QString &arch = "x64-win64")
 const QString variableArguments =
     R"(--env HALCONROOT="C:\H" --env HALCONARCH="x64-win64" --env HALCONIMAGES="" --env HALCONEXAMPLES="" )";
 
-/// Both check boxes are ticked at first. As there is no library to register, the option for the
-/// architecture alone tells that something was asked for.
+/// Both check boxes are ticked at first. There is no library to register, so only the option for the
+/// architecture shows that a registration was requested.
 const QString arguments = variableArguments + "--x64";
 
 /// The lines of a dry run, where no variable is set yet.
@@ -128,7 +128,7 @@ void CardSwitchTest::notConfirmed()
 void CardSwitchTest::checkBoxes_data()
 {
     QTest::addColumn<QStringList>("clicked");
-    QTest::addColumn<QString>("asked"); // behind the variables
+    QTest::addColumn<QString>("asked"); // after the variables
 
     QTest::newRow("as they are at first") << QStringList() << "--x64";
     QTest::newRow("without HALCON COM") << QStringList{"cbRegCom"} << "--x64";
@@ -168,7 +168,7 @@ void CardSwitchTest::failure_data()
 {
     QTest::addColumn<int>("exitCode");
     QTest::addColumn<bool>("broadcastSucceeds");
-    QTest::addColumn<QStringList>("said"); // in the second run, after what was planned
+    QTest::addColumn<QStringList>("said"); // in the second run, after the plan
 
     const QString broadcast = "broadcast environment updated message (WM_SETTINGCHANGE)";
     const QString failed = "helper process returned with value %1. This indicates an error in the execution!";
@@ -192,7 +192,7 @@ void CardSwitchTest::failure()
 
     clickSwitch(card);
 
-    // Both runs wrote into one list.
+    // Both runs appended to one list.
     const QStringList lines = dryRunLines(arguments) + dryRunLines(arguments).mid(0, 5) + said;
     QCOMPARE(boxLines(boxes.shown(), card),
              questionLines(arguments) +

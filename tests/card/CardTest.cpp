@@ -168,7 +168,7 @@ void CardTest::bigNumberFont()
     QCOMPARE(number->font().family(), QString("Consolas"));
     QCOMPARE(number->font().pointSize(), 60);
     QCOMPARE(card.minimumHeight(), QFontMetrics(number->font()).height() * 3 / 2);
-    // The style sheet has its say when the card is shown.
+    // The style sheet applies when the card is shown.
     number->ensurePolished();
     QCOMPARE(number->font().pointSize(), 64);
     QVERIFY(number->font().bold());

@@ -169,7 +169,7 @@ void CardTextsTest::details()
 {
     HalconInstallation installation(20, 11, 1, 0);
     installation.setSuffix("Progress");
-    // The arguments are put in one after the other, but what looks like an earlier place stays.
+    // The arguments are inserted one after the other, but what looks like an earlier placeholder stays.
     installation.installDir = "C:\\H %1";
     installation.setExampleRoot("D:\\E");
     QFETCH(bool, installDirExists);

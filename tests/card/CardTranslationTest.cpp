@@ -31,7 +31,7 @@ void click(const SingleHalconVersionFrame &card, const QString &button)
 
 } // namespace
 
-/// Which texts of a card are translated, and which are the same in every language.
+/// Which texts of a card pass through the translation, and which are fixed.
 class CardTranslationTest : public QObject {
     Q_OBJECT
 
@@ -147,7 +147,7 @@ void CardTranslationTest::licenseInstalled()
     QCOMPARE(title, QString("[Install HALCON license]"));
     QCOMPARE(boxTexts(boxes), (QStringList{"[Overwrite?]", "[The file", "[Install license]",
                                            "[Installation of license file as"}));
-    // The log is for those who wrote the program.
+    // The log is for developers.
     QCOMPARE(log.lines().filter("[").size(), 0);
     QCOMPARE(log.lines().size(), 1);
 }

@@ -31,7 +31,7 @@ const QString engineComTip =
 
 } // namespace
 
-/// Walks the whole card, so that nothing in it changes unnoticed.
+/// Compares the whole card, so that nothing in it changes unnoticed.
 class CardTreeTest : public QObject {
     Q_OBJECT
 
@@ -103,7 +103,7 @@ void CardTreeTest::layouts()
     QWidget parent;
     SingleHalconVersionFrame card(installation(), &parent);
 
-    // What the form leaves to the style differs between machines: those layouts' own figures are given.
+    // Defaults of the style differ between machines, so those layouts get fixed values.
     card.layout()->setSpacing(0);
     card.layout()->setContentsMargins(0, 0, 0, 0);
     const auto clear = [&](const char *name) { card.findChild<QLayout *>(name)->setSpacing(0); };

@@ -11,8 +11,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-/// Where Velloxa is, is looked up once in a process: each of these runs in a process of its own, with an
-/// empty registry of its own.
+/// Velloxa is looked up once in a process: each of these cases runs in a process and a registry of its own.
 class CardVelloxaTest : public QObject {
     Q_OBJECT
 
@@ -22,7 +21,7 @@ private slots:
     void noProgram();
 
 private:
-    /// The path of Velloxa, for which there is a directory and a registry entry afterwards.
+    /// Makes Velloxa's directory and registry entry, and returns its path.
     QString install() const;
 
     QTemporaryDir directory;
@@ -87,7 +86,7 @@ void CardVelloxaTest::installed()
     QCOMPARE(boxLines(boxes.shown(), card), QStringList());
 }
 
-/// What the system says of the failed start is kept from the user.
+/// The system's error about the failed start is not shown to the user.
 void CardVelloxaTest::noProgram()
 {
     const QString velloxa = install();

@@ -18,7 +18,7 @@ struct Shell {
         card.show();
     }
 
-    /// What is selected and what is shown, such as "row 0: shell, IDE".
+    /// The selection and the visible buttons, such as "row 0: shell, IDE".
     QString state() const
     {
         QStringList rows;
@@ -172,7 +172,7 @@ void CardVisualStudioTest::rowNumbers_data()
     QTest::newRow("far too few") << -1000 << "row 0: shell";
 }
 
-/// Only the buttons follow: what is selected stays selected.
+/// Only the buttons change: the selection stays.
 void CardVisualStudioTest::rowNumbers()
 {
     QFETCH(int, row);

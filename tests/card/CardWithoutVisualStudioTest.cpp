@@ -19,7 +19,7 @@ HalconInstallation installation()
 
 } // namespace
 
-/// A machine without any Visual Studio: a user who asks for one is told so, and nothing is started.
+/// A machine without Visual Studio: a user who asks for one is told so, and nothing is started.
 class CardWithoutVisualStudioTest : public QObject {
     Q_OBJECT
 
@@ -74,7 +74,7 @@ void CardWithoutVisualStudioTest::slotsWithAnIndex_data()
     }
 }
 
-/// That there is none is said before anything is said about the row.
+/// That message comes before any about the row.
 void CardWithoutVisualStudioTest::slotsWithAnIndex()
 {
     QFETCH(QByteArray, slot);

@@ -14,7 +14,7 @@ inline double luminance(QRgb colour)
     return 0.2126 * part(qRed(colour)) + 0.7152 * part(qGreen(colour)) + 0.0722 * part(qBlue(colour));
 }
 
-/// From 1, no difference, to 21, black and white.
+/// From 1 (no difference) to 21 (black and white).
 inline double contrast(QRgb one, QRgb other)
 {
     const double brighter = qMax(luminance(one), luminance(other));
@@ -22,8 +22,8 @@ inline double contrast(QRgb one, QRgb other)
     return (brighter + 0.05) / (darker + 0.05);
 }
 
-/// The contrast between the background of @p area in @p picture, which is the colour that most of it has, and the
-/// colour there that stands out most.
+/// The contrast between the background of @p area in @p picture, which is its most frequent colour, and the
+/// colour that differs most from it.
 inline double highestContrast(const QImage &picture, const QRect &area)
 {
     QHash<QRgb, int> colours;

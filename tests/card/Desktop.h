@@ -5,7 +5,7 @@
 #include <QObject>
 #include <QUrl>
 
-/// Receives, while it lives, the links of one scheme that the program hands to the desktop.
+/// While it lives, receives the links of one scheme that the program passes to the desktop.
 class Desktop : public QObject {
     Q_OBJECT
 

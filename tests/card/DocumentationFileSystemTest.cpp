@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Takes the right to read a directory away until the end.
+/// Revokes the right to read a directory until the end.
 class UnreadableDirectory {
 public:
     explicit UnreadableDirectory(const QString &path) : path(path)
@@ -28,7 +28,7 @@ private:
     QString path;
 };
 
-/// Gives up, until the end, the administrator's power to read everything, if the test has it.
+/// Drops, until the end, root's right to read everything, if the test runs as root.
 class OrdinaryUser {
 public:
     OrdinaryUser() : user(geteuid())
@@ -52,7 +52,7 @@ private:
 
 } // namespace
 
-/// What only a Unix file system has.
+/// Cases that only a Unix file system has.
 class DocumentationFileSystemTest : public QObject {
     Q_OBJECT
 
@@ -66,7 +66,7 @@ private slots:
 
 void DocumentationFileSystemTest::initTestCase()
 {
-    // Everybody may read what the tests make, unless they say otherwise.
+    // By default everybody may read the files of the tests.
     umask(S_IWGRP | S_IWOTH);
 }
 
@@ -75,7 +75,7 @@ void DocumentationFileSystemTest::unreadableDirectory()
     const DocumentationTree tree;
     tree.add({"doc/pdf/manuals/quick_guide.pdf", "doc/pdf/reference/reference_hdevelop.pdf",
               "doc/html/reference/io/io-overview.html"});
-    // The temporary directory is its owner's alone by itself.
+    // By default only its owner may read the temporary directory.
     constexpr QFile::Permissions forAll = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
                                           QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther |
                                           QFile::ExeOther;
@@ -119,7 +119,7 @@ void DocumentationFileSystemTest::linkedFiles()
     QCOMPARE(messages.warnings(), QStringList());
 }
 
-/// A backslash separates directories wherever it comes from.
+/// A backslash separates directories whatever its source.
 void DocumentationFileSystemTest::backslashInADirectoryName()
 {
     const DocumentationTree tree;

@@ -6,8 +6,9 @@
 #include <QList>
 #include <QStringList>
 
-/// Every entry whole, one line each, such as "Manuals > Quick Guide = doc/pdf/manuals/quick_guide.pdf",
-/// with ", bold" at its end where it is. A file outside @p tree is given with its full path.
+/// Every field of every entry, one line each, such as "Manuals > Quick Guide =
+/// doc/pdf/manuals/quick_guide.pdf", with ", bold" at its end where it is. A file outside @p tree is given
+/// with its full path.
 inline QStringList entryLines(const QList<DocumentationEntry> &entries, const DocumentationTree &tree)
 {
     QStringList lines;
@@ -27,7 +28,7 @@ inline QStringList allEntryLines(const Documentation &documentation, const Docum
            entryLines(documentation.releaseNotes, tree);
 }
 
-/// For lists whose order the file system decides.
+/// Sorted, for lists whose order depends on the file system.
 inline QStringList sorted(QStringList lines)
 {
     lines.sort();

@@ -115,7 +115,7 @@ void DocumentationTest::nothingThere()
     tree.add({"bin/x64-win64/hdevelop.exe"});
     const CaughtMessages messages;
     QCOMPARE(allEntryLines(findDocumentation(tree.installDir()), tree), QStringList());
-    // The next one is found, so the installation was looked at.
+    // Another manual is found, which proves that the installation was searched.
     tree.add({"doc/pdf/manuals/quick_guide.pdf"});
     QCOMPARE(allEntryLines(findDocumentation(tree.installDir()), tree),
              QStringList{"Manuals > Quick Guide = doc/pdf/manuals/quick_guide.pdf"});
@@ -131,7 +131,7 @@ void DocumentationTest::missingDirectory()
     QCOMPARE(messages.warnings(), QStringList());
 }
 
-/// The directory in which the program happens to run is nobody's installation, nor is the root of its drive.
+/// Neither the current directory nor the root of its drive is an installation.
 void DocumentationTest::noDirectory()
 {
     const DocumentationTree tree;
@@ -147,7 +147,7 @@ void DocumentationTest::someHtmlManuals()
 {
     const DocumentationTree tree;
     tree.add({"doc/html/manuals/programmers_guide/index.html", "doc/html/reference/io/io-overview.html",
-              // Names that only look like a manual's.
+              // Names that only resemble a manual's.
               "doc/html/reference/operators/index.htm", "doc/html/reference/acquisition/index.html",
               "doc/html/index.html"});
     const CaughtMessages messages;
@@ -192,7 +192,7 @@ void DocumentationTest::pdf_data()
     QTest::newRow("name of release notes")
         << "manuals/release_notes_20_11.pdf"
         << "Manuals > release_notes_20_11" << QStringList{fileWarning("release_notes_20_11")};
-    QTest::newRow("blanks, #, % and &")
+    QTest::newRow("spaces, #, % and &")
         << "my dir #1 & 50%/a #2 100%41 & b.pdf"
         << "my dir #1 & 50% > a #2 100%41 & b"
         << QStringList{directoryWarning("my dir #1 & 50%"), fileWarning("a #2 100%41 & b")};
@@ -222,7 +222,7 @@ void DocumentationTest::pdfsThatAreNone()
               "doc/pdf/manuals/quick_guidepdf", "doc/pdf/release_notes.html",
               // Elsewhere.
               "quick_guide.pdf", "doc/quick_guide.pdf", "doc/html/manuals/quick_guide.pdf",
-              // The directory's name does not make its contents manuals.
+              // A directory's name does not make its files manuals.
               "doc/pdf/folder.pdf/readme.txt"});
     const CaughtMessages messages;
     QCOMPARE(allEntryLines(findDocumentation(tree.installDir()), tree), QStringList());
@@ -240,7 +240,7 @@ void DocumentationTest::severalPdfsInUnknownDirectories()
              (QStringList{"extra > Programmer's Guide = doc/pdf/extra/programmers_guide.pdf",
                           "extra > Quick Guide = doc/pdf/extra/quick_guide.pdf",
                           "extra > more > Installation Guide = doc/pdf/extra/more/installation_guide.pdf"}));
-    // One for each file and unknown directory on its way.
+    // One for each file and each unknown directory above it.
     QCOMPARE(sorted(messages.warnings()), (QStringList{directoryWarning("extra"), directoryWarning("extra"),
                                                        directoryWarning("extra"), directoryWarning("more")}));
 }
@@ -262,7 +262,7 @@ void DocumentationTest::releaseNotes_data()
     QTest::newRow("release_notes_.html") << "Release Notes " << false << "release_notes_";
     QTest::newRow("release_notes_release_notes_1.html")
         << "Release Notes Release Notes 1" << false << "release_notes_release_notes_1";
-    // Only what stands before the first dot counts.
+    // Only the part before the first dot counts.
     QTest::newRow("release_notes.de.html") << "Release Notes" << true << "release_notes";
     QTest::newRow("release_notes_20.11.html") << "Release Notes 20" << false << "release_notes_20";
     QTest::newRow("RELEASE_NOTES.HTML") << "RELEASE.NOTES" << false << "RELEASE_NOTES";
@@ -304,7 +304,7 @@ void DocumentationTest::namesOfTheInstallation_data()
 {
     QTest::addColumn<QString>("name");
 
-    QTest::newRow("blanks") << "Program Files/HALCON 20.11";
+    QTest::newRow("spaces") << "Program Files/HALCON 20.11";
     QTest::newRow("parentheses") << "Program Files (x86)/HALCON";
     QTest::newRow("#, % and &") << "H #1 100%41 & more %PATH%";
     QTest::newRow("brackets and braces") << "[a-z]{1}";

@@ -49,7 +49,7 @@ void DocumentationTitlesTest::unknownDirectory_data()
                              << R"("Solution Guide")";
     QTest::newRow("beginning of a name") << "manual"
                                          << R"("manual")";
-    QTest::newRow("trailing blank") << "manuals "
+    QTest::newRow("trailing space") << "manuals "
                                     << R"("manuals ")";
     QTest::newRow("a file's name") << "quick_guide"
                                    << R"("quick_guide")";
@@ -121,7 +121,7 @@ void DocumentationTitlesTest::unknownFile_data()
                                         << R"("quick_guide.pdf")";
     QTest::newRow("beginning of a name") << "solution_guide_ii"
                                          << R"("solution_guide_ii")";
-    QTest::newRow("leading blank") << " quick_guide"
+    QTest::newRow("leading space") << " quick_guide"
                                    << R"(" quick_guide")";
     QTest::newRow("a directory's name") << "manuals"
                                         << R"("manuals")";

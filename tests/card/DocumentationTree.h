@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// A made-up installation's documentation on disk, which goes with its owner.
+/// A fixture: an installation's documentation on disk, removed with its owner.
 class DocumentationTree {
 public:
     /// @p name is the installation's directory, inside a temporary one.
@@ -37,7 +37,7 @@ public:
         }
     }
 
-    /// Adds what a complete installation has.
+    /// Adds the documentation of a complete installation.
     void addEverything() const
     {
         add(pdfManuals());
@@ -71,7 +71,7 @@ public:
                 "doc/pdf/solution_guide/solution_guide_iii_c_3d_vision.pdf"};
     }
 
-    /// In an order of its own, so that the menu's order cannot come from here.
+    /// Deliberately not in the menu's order.
     static QStringList htmlManuals()
     {
         return {"doc/html/manuals/programmers_guide/index.html",

@@ -8,7 +8,7 @@
 #include <QPushButton>
 #include <QStringList>
 
-/// An installation with its documentation in @p installDir.
+/// An installation whose documentation is in @p installDir.
 inline HalconInstallation installation(const QString &installDir)
 {
     HalconInstallation result(20, 11, 1, 0);

@@ -54,7 +54,7 @@ private:
     QScopedPointer<CaughtMessages> messages;
 };
 
-/// Names without a title are reported, which is not this test's subject.
+/// Warnings about names without a title are not this test's subject.
 void HelpMenuTest::init()
 {
     messages.reset(new CaughtMessages);
@@ -202,7 +202,7 @@ void HelpMenuTest::menusAndTheirParents()
     QCOMPARE(extra->parent(), manuals);
     QCOMPARE(extra->title(), QString("extra"));
 
-    // Without a parent it would outlive the card, were it not for the card.
+    // It has no parent: the card must delete it.
     const QPointer<QMenu> releaseNotes = actionAt(*top, {"Release Notes"})->menu();
     QVERIFY(releaseNotes->parent() == nullptr);
     QCOMPARE(releaseNotes->title(), QString("Release Notes"));
@@ -263,8 +263,8 @@ void HelpMenuTest::boldEntries()
     QCOMPARE(bold, QStringList{"release_notes.html"});
 }
 
-/// The entry keeps the file's name, and the menu takes a single "&" in it as the mark of a mnemonic: the
-/// user sees "Black  White" with its second blank underlined, and "AB" with its "B" underlined.
+/// The entry keeps the file's name, and the menu takes a single "&" in it as a mnemonic: the
+/// user sees "Black  White" with its second space underlined, and "AB" with its "B" underlined.
 void HelpMenuTest::ampersandInATitle()
 {
     const DocumentationTree tree;

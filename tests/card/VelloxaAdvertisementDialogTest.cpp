@@ -17,7 +17,7 @@ namespace {
 
 const QString picturePath = ":/velloxa-256.png";
 
-/// All pieces of the text that are formatted alike, in order.
+/// The runs of equally formatted text, in order.
 QList<QTextFragment> fragments(const QTextDocument &document)
 {
     QList<QTextFragment> result;
@@ -29,7 +29,7 @@ QList<QTextFragment> fragments(const QTextDocument &document)
     return result;
 }
 
-/// The pieces that are a link.
+/// The runs that are a link.
 QList<QTextFragment> links(const QTextDocument &document)
 {
     QList<QTextFragment> result;
@@ -43,7 +43,7 @@ QList<QTextFragment> links(const QTextDocument &document)
 
 } // namespace
 
-/// Takes addresses in place of the system's browser.
+/// Receives addresses instead of the system's browser.
 class AddressReceiver : public QObject {
     Q_OBJECT
 
@@ -144,7 +144,7 @@ void VelloxaAdvertisementDialogTest::text()
 void VelloxaAdvertisementDialogTest::textIsOfNinePoints()
 {
     const QList<QTextFragment> pieces = fragments(*browser()->document());
-    // Text of the other size would stand in a piece of its own.
+    // Text of another size would be a run of its own.
     QVERIFY(pieces.size() >= 4);
     for (const QTextFragment &piece : pieces) {
         QVERIFY2(piece.charFormat().isImageFormat() || piece.charFormat().fontPointSize() == 9.0,
@@ -160,7 +160,7 @@ void VelloxaAdvertisementDialogTest::picture()
     QVERIFY(first.charFormat().isImageFormat());
     QCOMPARE(first.charFormat().toImageFormat().name(), picturePath);
 
-    // A picture that cannot be loaded is a small sign.
+    // A picture that cannot be loaded is shown as a small symbol.
     dialog->show();
     QVERIFY(QTest::qWaitForWindowExposed(dialog.data()));
     const QTextDocument &document = *browser()->document();

@@ -5,9 +5,9 @@
 
 namespace {
 
-/// Windows' name for the end of a program that has noticed an overflow is STATUS_STACK_BUFFER_OVERRUN.
+/// STATUS_STACK_BUFFER_OVERRUN, with which Windows ends a program that has detected an overflow.
 constexpr auto overrun = static_cast<int>(0xC0000409U);
-/// What abort() makes the C library end a program with.
+/// The exit code of the C library's abort().
 constexpr int aborted = 3;
 
 /// Runs the careless program to its end. Its exit code is -1 when it did not start or did not end.
@@ -70,7 +70,7 @@ void BufferGuardTest::guardDiffersFromRunToRun()
     QCOMPARE(runCareless({"guard"}, &first), 0);
     QCOMPARE(runCareless({"guard"}, &second), 0);
     QVERIFY2(first != second, first.constData());
-    // The byte that stops what reads or copies text.
+    // The byte that stops reading or copying a string.
     QVERIFY2(first.endsWith("00"), first.constData());
 }
 

@@ -8,13 +8,13 @@
 namespace {
 
 struct Result {
-    int exitCode = -1; ///< stays so when the program did not start or did not end by itself
+    int exitCode = -1; ///< unchanged when the program did not start or did not end by itself
     QByteArray output;
     QByteArray errors;
 };
 
-/// Runs huebox to its end with exactly these arguments on its command line. Channels that are forwarded go to the
-/// console of the test program.
+/// Runs huebox to its end with exactly this command line. Forwarded channels go to the console of the test
+/// program.
 Result runHuebox(const QString &arguments, QProcess::ProcessChannelMode channels = QProcess::SeparateChannels,
                  const QString &directory = QString())
 {
@@ -72,10 +72,10 @@ void HueboxTest::redirected_data()
     QTest::newRow("no arguments") << "" << QByteArray("\r\n");
     QTest::newRow("only options") << "--fgred --fgint" << QByteArray("\r\n");
     QTest::newRow("one word") << "HALCON" << QByteArray("HALCON\r\n");
-    QTest::newRow("words behind options")
+    QTest::newRow("words after options")
         << "--fgred --fgint HALCON 20.11.1 (x64-win64)" << QByteArray("HALCON 20.11.1 (x64-win64)\r\n");
-    QTest::newRow("blanks between words become one") << "  --fgred   a    b  c   " << QByteArray("a b c\r\n");
-    QTest::newRow("blanks in a quoted word stay") << R"(--fgred "a  b" " c ")" << QByteArray("a  b  c \r\n");
+    QTest::newRow("spaces between words become one") << "  --fgred   a    b  c   " << QByteArray("a b c\r\n");
+    QTest::newRow("spaces in a quoted word stay") << R"(--fgred "a  b" " c ")" << QByteArray("a  b  c \r\n");
     QTest::newRow("quoted empty word") << R"(a "" b)" << QByteArray("a  b\r\n");
     QTest::newRow("quoted option") << R"("--fgred" a)" << QByteArray("a\r\n");
     QTest::newRow("escaped quotes") << R"(say \"a\")" << QByteArray("say \"a\"\r\n");
@@ -83,7 +83,7 @@ void HueboxTest::redirected_data()
         << R"(type 'devenv' (C:\a\b\))" << QByteArray("type 'devenv' (C:\\a\\b\\)\r\n");
     QTest::newRow("characters of the command interpreter")
         << "100% %PATH% ^ a&b | c > d" << QByteArray("100% %PATH% ^ a&b | c > d\r\n");
-    QTest::newRow("option behind a word") << "a --fgred --foo" << QByteArray("a --fgred --foo\r\n");
+    QTest::newRow("option after a word") << "a --fgred --foo" << QByteArray("a --fgred --foo\r\n");
     QTest::newRow("one dash") << "-x --fgred" << QByteArray("-x --fgred\r\n");
     QTest::newRow("umlauts") << "Größe" << QByteArray("Gr\xC3\xB6\xC3\x9F\x65\r\n");
     QTest::newRow("Chinese") << "寸法" << QByteArray("\xE5\xAF\xB8\xE6\xB3\x95\r\n");
@@ -101,7 +101,7 @@ void HueboxTest::redirected()
     QCOMPARE(result.exitCode, 0);
 }
 
-/// Even where they would fit a file of the current directory.
+/// Even if they match a file in the current directory.
 void HueboxTest::wildcardsAreWords()
 {
     const QTemporaryDir directory;
@@ -132,7 +132,7 @@ void HueboxTest::unknownOption_data()
     QTest::addColumn<QByteArray>("errors");
 
     QTest::newRow("first") << "--foo a" << QByteArray("huebox: unknown option --foo\r\n");
-    QTest::newRow("behind an option") << "--fgred --foo a" << QByteArray("huebox: unknown option --foo\r\n");
+    QTest::newRow("after an option") << "--fgred --foo a" << QByteArray("huebox: unknown option --foo\r\n");
     QTest::newRow("the first of two") << "--foo --bar" << QByteArray("huebox: unknown option --foo\r\n");
     QTest::newRow("two dashes") << "-- a" << QByteArray("huebox: unknown option --\r\n");
     QTest::newRow("quoted together with a word")

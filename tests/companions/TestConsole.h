@@ -6,13 +6,13 @@
 
 #include <memory>
 
-/// A console of the test program's own, in place of the one it may have had, with an empty screen. What the test
-/// program starts meanwhile without redirecting its output shows there. Windows only; one object at a time.
+/// Gives the test program a new console with an empty screen, instead of the one it may have had. Programs
+/// that it starts without redirecting their output write there. Windows only; one object at a time.
 ///
-/// A console that cannot be made, written or read ends the test program.
+/// A failure to create, write or read the console ends the test program.
 class TestConsole {
 public:
-    /// Characters in a line, enough for every text and path of a test.
+    /// Columns: enough for every text and path of a test.
     static constexpr int width = 400;
 
     TestConsole();
@@ -21,13 +21,13 @@ public:
     /// Ends the processes that are still in the console.
     ~TestConsole();
 
-    /// The lines from the top to the cursor's, without the blanks at their ends.
+    /// The lines from the top to the cursor's, without trailing spaces.
     QStringList lines() const;
 
     /// The attributes (colours) of the first @p count characters of a line.
     QVector<quint16> attributes(int line, int count) const;
 
-    /// The attributes of what is printed next.
+    /// The attributes of the next output.
     quint16 attributes() const;
     void setAttributes(quint16 attributes);
 

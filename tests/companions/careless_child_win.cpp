@@ -1,9 +1,9 @@
-// A program with the mistakes that the compiler's checks are there for. Its argument says which one it makes:
+// A program with the errors that the compiler's checks detect. Its argument selects one:
 //
 //   stack      writes past a buffer on the stack
-//   copy       copies more than fits into a buffer that lies elsewhere
+//   copy       copies too much into a buffer elsewhere
 //   element    asks a vector for an element that it does not have
-//   guard      none: it prints what functions put behind their buffers
+//   guard      none: prints the canary that functions put after their buffers
 //
 // With a second argument it stays within bounds.
 
@@ -25,7 +25,7 @@ std::array<char, capacity> elsewhere = {};
 [[gnu::noinline]] void writeOnStack(std::size_t count)
 {
     std::array<char, capacity> buffer = {};
-    // The compiler must not see how far this goes.
+    // Volatile, so that the compiler cannot see the overflow.
     volatile char *place = buffer.data();
     for (std::size_t index = 0; index < count; ++index) {
         place[index] = 'x';

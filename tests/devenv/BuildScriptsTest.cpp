@@ -31,7 +31,7 @@ void BuildScriptsTest::init()
 
 void BuildScriptsTest::bothAreLookedForBeforeTheReports_data()
 {
-    QTest::addColumn<bool>("before"); // whether the 32-bit script is there before the first report
+    QTest::addColumn<bool>("before"); // whether the 32-bit script exists before the first report
     QTest::addColumn<QString>("report");
     QTest::addColumn<QStringList>("names");
 

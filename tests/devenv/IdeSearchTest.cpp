@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Makes empty files named @p names in the IDE directory of a product; true when all are there.
+/// Makes empty files named @p names in the IDE directory of a product; true when all exist.
 bool addIdes(const QString &productDir, const QStringList &names)
 {
     const QString ideDir = productDir + "/Common7/IDE/";
@@ -192,7 +192,7 @@ void IdeSearchTest::directoryNames_data()
 {
     QTest::addColumn<QString>("name");
 
-    QTest::newRow("blanks") << "Microsoft Visual Studio 14.0";
+    QTest::newRow("spaces") << "Microsoft Visual Studio 14.0";
     QTest::newRow("parentheses") << "Program Files (x86)";
     QTest::newRow("ampersand") << "Tools & More";
     QTest::newRow("percent signs") << "100%1 %PATH%";
@@ -258,7 +258,7 @@ void IdeSearchTest::relativeDirectory()
     VisualStudioVersion record = product("products\\VS", false);
     findIdeExecutable(record);
     QCOMPARE(record.idePath, directory.path() + "/products/VS/Common7/IDE/devenv.exe");
-    // A directory that is in use cannot be removed.
+    // The current directory cannot be removed.
     QVERIFY(QDir::setCurrent(startDirectory));
 }
 

@@ -18,7 +18,7 @@ inline QStringList fieldLines(const QList<VisualStudioVersion> &versions)
     return lines;
 }
 
-/// What the user sees of each record.
+/// The display name of each record.
 inline QStringList displayNames(const QList<VisualStudioVersion> &versions)
 {
     QStringList names;

@@ -6,7 +6,7 @@
 
 #include <QtTest>
 
-/// The list that is made once per process, and therefore this one test per program.
+/// The list is made once in a process, so this program has one test only.
 class VisualStudioCacheTest : public QObject {
     Q_OBJECT
 
@@ -42,7 +42,7 @@ void VisualStudioCacheTest::detectedOnce()
                            dir14 + "\\VC\\bin\\vcvars32.bat found"};
     QCOMPARE(firstLog.lines(), detectionLog(of12, of14));
 
-    // Neither what changes on the machine nor what a caller does to its copy reaches the list.
+    // Changes on the machine or to a caller's copy do not affect the list.
     machine.removeKeys();
     machine.addEdition(Roots::studio64, "15.0", "Community", machine.path("VS 15"));
     first.clear();
@@ -50,7 +50,7 @@ void VisualStudioCacheTest::detectedOnce()
     QCOMPARE(fieldLines(visualStudioVersions()), expected);
     QCOMPARE(secondLog.lines(), QStringList());
 
-    // The change was one that a new detection sees.
+    // A new detection does see the change.
     QCOMPARE(displayNames(detectVisualStudioVersions()), QStringList{"Visual Studio 15.0 (Community)"});
 }
 

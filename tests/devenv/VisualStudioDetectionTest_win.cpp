@@ -54,7 +54,7 @@ void VisualStudioDetectionTest::everyRoot()
     QFETCH(QString, root);
     QFETCH(bool, express);
 
-    // Both kinds of registration stand in the key, and only the one that belongs there counts.
+    // The key has both kinds of registration; only the one that belongs there counts.
     VisualStudioMachine machine;
     machine.addEdition(root, "12.0", "Professional", machine.path("VS"));
     machine.addExpress(root, "12.0", machine.path("Express\\VC"));

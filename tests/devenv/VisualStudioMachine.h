@@ -8,8 +8,8 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// Made-up Visual Studio products: files in a directory and the registry keys that name them. Both go with
-/// their owner.
+/// A fixture of Visual Studio products: files in a directory and the registry keys that name them. Both are
+/// removed with their owner.
 class VisualStudioMachine {
 public:
     VisualStudioMachine() = default;
@@ -23,7 +23,7 @@ public:
         return QDir::toNativeSeparators(directory.path()) + '\\' + relative;
     }
 
-    /// The same with forward slashes, as the log names the executables that were looked for.
+    /// The same with slashes, as in the log's lines about executables.
     QString slashPath(const QString &relative) const { return QDir::fromNativeSeparators(path(relative)); }
 
     /// Makes an empty file with the directories above it.
@@ -58,7 +58,7 @@ public:
         return key;
     }
 
-    /// Uninstalls everything, as far as the registry goes.
+    /// Removes everything from the registry.
     void removeKeys()
     {
         for (const QString &key : setupKeys) {
@@ -81,7 +81,7 @@ const QString express64 = R"(HKEY_LOCAL_MACHINE\SOFTWARE\Microsoft\VCExpress)";
 
 } // namespace Roots
 
-/// What a detection over the whole machine logs, given the lines of the products below each of the four root
+/// The log of a detection over the whole machine, given the lines of the products below each of the four root
 /// keys.
 inline QStringList detectionLog(const QStringList &ofStudio32 = {}, const QStringList &ofStudio64 = {},
                                 const QStringList &ofExpress32 = {}, const QStringList &ofExpress64 = {})

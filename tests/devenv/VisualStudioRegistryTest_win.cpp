@@ -211,7 +211,7 @@ void VisualStudioRegistryTest::directoryNames_data()
     QTest::addColumn<QString>("name");      // as registered
     QTest::addColumn<QString>("slashName"); // as the search for the IDE names it
 
-    QTest::newRow("blanks and parentheses") << "Program Files (x86)\\VS 14.0"
+    QTest::newRow("spaces and parentheses") << "Program Files (x86)\\VS 14.0"
                                             << "Program Files (x86)/VS 14.0";
     QTest::newRow("ampersand and percent signs") << "A & B %1 %PATH%"
                                                  << "A & B %1 %PATH%";
@@ -248,7 +248,7 @@ void VisualStudioRegistryTest::directoryNames()
 
 void VisualStudioRegistryTest::emptyDirectory()
 {
-    // The value is there, so the product counts.
+    // The value exists, so the product counts.
     VisualStudioMachine machine;
     machine.addEdition(root, "14.0", "Professional", "");
     const LogLines log;
@@ -326,7 +326,7 @@ void VisualStudioRegistryTest::expressDirectory_data()
     QTest::addColumn<QString>("registered");
     QTest::addColumn<QString>("productDir");
 
-    // What lies above it would be the root of the drive.
+    // Its parent would be the root of the drive.
     QTest::newRow("empty") << ""
                            << "";
     QTest::newRow("plain") << "C:\\VS 10\\VC"
@@ -369,7 +369,7 @@ void VisualStudioRegistryTest::expressIgnoresEditions()
     QVERIFY(detectVisualStudioInRegistry(root, true).isEmpty());
     QCOMPARE(log.lines(), QStringList{rootLine});
 
-    // One record, however many editions there are.
+    // One record, whatever the number of editions.
     machine.addEdition(root, "10.0", "Ultimate", machine.path("VS 10"));
     machine.addExpress(root, "10.0", machine.path("VS 10 Express\\VC"));
     QCOMPARE(displayNames(detectVisualStudioInRegistry(root, true)),

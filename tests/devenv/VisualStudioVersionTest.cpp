@@ -72,16 +72,16 @@ void VisualStudioVersionTest::displayName_data()
                              << ""
                              << ""
                              << "Visual Studio  ()";
-    QTest::newRow("edition that looks like the place of the architecture")
+    QTest::newRow("edition that looks like the placeholder of the architecture")
         << "14.0"
         << "100 %3"
         << "x86"
         << "Visual Studio 14.0 (100 %3) (x86)";
-    QTest::newRow("edition that looks like the place of the version") << "14.0"
-                                                                      << "%1"
-                                                                      << ""
-                                                                      << "Visual Studio 14.0 (%1)";
-    QTest::newRow("version that looks like the place of the edition")
+    QTest::newRow("edition that looks like the placeholder of the version") << "14.0"
+                                                                            << "%1"
+                                                                            << ""
+                                                                            << "Visual Studio 14.0 (%1)";
+    QTest::newRow("version that looks like the placeholder of the edition")
         << "%2"
         << "Professional"
         << "amd64"
@@ -223,7 +223,7 @@ void VisualStudioVersionTest::order()
     QTEST(displayNames(versions), "expected");
 }
 
-/// Sorting that does not keep the order of equals shows only in lists of more than 16.
+/// An unstable sort shows only in lists of more than 16.
 void VisualStudioVersionTest::longList()
 {
     QList<VisualStudioVersion> versions;

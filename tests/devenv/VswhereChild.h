@@ -6,14 +6,14 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// How the program behaves that stands in for vswhere.exe.
+/// How the fake vswhere.exe behaves.
 struct VswhereConduct {
     QByteArray report;       ///< what it writes to standard output
-    QByteArray errors;       ///< what it writes to standard error, behind the report
+    QByteArray errors;       ///< what it writes to standard error, after the report
     bool readsInput = false; ///< whether it first reads its standard input to the end
-    bool repeats = false;    ///< whether it writes the report again and again without end
-    int delay = 0;           ///< milliseconds that it waits before the report
-    int linger = 0;          ///< milliseconds that it waits behind the report
+    bool repeats = false;    ///< whether it repeats the report for ever
+    int delay = 0;           ///< wait before the report, in milliseconds
+    int linger = 0;          ///< wait after the report, in milliseconds
     quint32 exitCode = 0;
 };
 
@@ -24,28 +24,27 @@ struct VswhereRun {
     QStringList arguments; ///< without the program itself
 };
 
-/// A program that stands in for vswhere.exe, beside the test program while this object lives. Windows only;
-/// one object at a time.
+/// A fake vswhere.exe, beside the test program while this object lives. Windows only; one object at a time.
 class VswhereChild {
 public:
-    /// It behaves by @p conduct. A failure ends the test program.
+    /// The fake behaves as @p conduct says. A failure ends the test program.
     explicit VswhereChild(const VswhereConduct &conduct);
-    /// It writes @p report and ends.
+    /// The fake writes @p report and ends.
     explicit VswhereChild(const QByteArray &report);
     VswhereChild(const VswhereChild &) = delete;
     VswhereChild &operator=(const VswhereChild &) = delete;
     ~VswhereChild();
 
-    /// Where it is: vswhere.exe in the directory of the test program.
+    /// Its path: vswhere.exe in the directory of the test program.
     static QString path();
 
-    /// Removes the file or empty directory @p path and waits until that is possible. False when it stays.
+    /// Removes the file or empty directory @p path, as soon as that is possible. False when that fails.
     static bool removeFrom(const QString &path);
 
-    /// Puts it at another place instead.
+    /// Moves the fake to another path.
     void moveTo(const QString &otherPath) const;
 
-    /// Lets it report something else from now on.
+    /// Makes the fake report something else from now on.
     void setReport(const QByteArray &report) const;
 
     /// Every run so far.
@@ -57,5 +56,5 @@ private:
     QTemporaryDir directory;
 };
 
-/// Whether there is a process with this number that has not ended.
+/// Whether the process with this identifier is running.
 bool isRunning(quint32 processId);

@@ -87,7 +87,7 @@ QString VswhereChild::path()
 
 bool VswhereChild::removeFrom(const QString &path)
 {
-    // The file of a program cannot be removed before it has ended.
+    // A program's file cannot be removed before the program has ended.
     return QTest::qWaitFor(
         [&path] {
             QFile::remove(path);
@@ -120,7 +120,7 @@ QList<VswhereRun> VswhereChild::runs() const
     QList<VswhereRun> result;
     for (const QString &line : text.split('\n', Qt::SkipEmptyParts)) {
         QStringList parts = line.split(QChar::Null);
-        // The last part is what follows the last closing 0: nothing.
+        // The last part is empty: it follows the last terminating 0.
         parts.removeLast();
         const quint32 processId = parts.takeFirst().toUInt();
         const QString executable = parts.takeFirst();

@@ -7,7 +7,7 @@
 
 #include <QtTest>
 
-/// What is found on the machine of the installations in a report.
+/// Which parts of the reported installations are found on the machine.
 class VswhereDetectionTest : public QObject {
     Q_OBJECT
 
@@ -28,7 +28,7 @@ private slots:
     void nothingReported();
 
 private:
-    /// A Visual Studio in @p directory of @p machine, with those of its files that the arguments name.
+    /// A Visual Studio in @p directory of @p machine, with the files that the arguments name.
     static ReportedStudio install(const VisualStudioMachine &machine, const QString &directory, bool ide,
                                   bool script64, bool script32);
 };
@@ -123,7 +123,7 @@ void VswhereDetectionTest::filesOfAnInstallation()
     QCOMPARE(log.lines(), studio.logLines());
 }
 
-/// Where the scripts were before 2017 there may still be some.
+/// The directories of before 2017 may still contain scripts.
 void VswhereDetectionTest::olderLayoutIsNotLookedAt()
 {
     const VisualStudioMachine machine;
@@ -151,7 +151,7 @@ void VswhereDetectionTest::directoryNames_data()
 {
     QTest::addColumn<QString>("name");
 
-    QTest::newRow("blanks") << "Microsoft Visual Studio 2022";
+    QTest::newRow("spaces") << "Microsoft Visual Studio 2022";
     QTest::newRow("parentheses and ampersand") << "Program Files (x86) & more";
     QTest::newRow("percent signs") << "100%1 %PATH%";
     QTest::newRow("not ASCII") << "Pr\u00fcfung \u691c\u67fb \U0001f52c";
@@ -167,7 +167,7 @@ void VswhereDetectionTest::directoryNames()
     QCOMPARE(log.lines(), studio.logLines());
 }
 
-/// Slashes are neither turned nor taken away, except in the absolute path of the IDE.
+/// Slashes are neither converted nor removed, except in the absolute path of the IDE.
 void VswhereDetectionTest::pathIsKeptAsReported()
 {
     const VisualStudioMachine machine;
@@ -193,7 +193,7 @@ void VswhereDetectionTest::pathIsKeptAsReported()
     QCOMPARE(log.lines(), expectedLog);
 }
 
-/// What is found before the product directory is known stays when nothing is found there.
+/// An IDE found before the product directory is known is kept when none is found there.
 void VswhereDetectionTest::ideOfTheFirstSearch()
 {
     const VisualStudioMachine machine;
@@ -219,7 +219,7 @@ void VswhereDetectionTest::twoInstallations()
     second.name = "Visual Studio Build Tools 2019";
     second.version = "16.9";
     const LogLines log;
-    // Nothing of the first, such as its IDE, may be left in the second; and nothing is sorted.
+    // Nothing of the first, such as its IDE, may leak into the second; and nothing is sorted.
     QCOMPARE(fieldLines(parseVswhereReport(first.block() + second.block())),
              fieldLines(first.records() + second.records()));
     QCOMPARE(log.lines(), first.logLines() + second.logLines());
@@ -248,7 +248,7 @@ void VswhereDetectionTest::logOfAnIncompleteInstallation()
              fieldLines(studio.records()));
     QCOMPARE(log.lines(), studio.logLines() + incomplete);
 
-    // Before a complete one its values are replaced.
+    // The values of an incomplete one are replaced.
     const LogLines otherLog;
     QCOMPARE(fieldLines(parseVswhereReport("installationPath: C:\\Other\n" + studio.block())),
              fieldLines(studio.records()));

@@ -8,7 +8,7 @@
 
 #include <QtTest>
 
-/// What the registry and the utility know, together.
+/// The combined results of the registry and vswhere.exe.
 class VswhereMergeTest : public QObject {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ private slots:
     void utilityRunsOncePerProcess();
 };
 
-/// A test program that was ended early may have left it.
+/// An aborted test may have left it.
 void VswhereMergeTest::init()
 {
     QVERIFY(VswhereChild::removeFrom(VswhereChild::path()));
@@ -123,7 +123,7 @@ void VswhereMergeTest::sameTextTwiceInAReport()
     QCOMPARE(displayNames(detectVisualStudioVersions()), expected);
 }
 
-/// It takes nothing away from what the registry knows.
+/// It removes nothing that the registry names.
 void VswhereMergeTest::utilityThatFails()
 {
     VisualStudioMachine machine;
@@ -137,7 +137,7 @@ void VswhereMergeTest::utilityThatFails()
     QVERIFY(VswhereChild::removeFrom(VswhereChild::path()));
 }
 
-/// The only test here that asks for the list that is made once.
+/// The only test here that uses the cached list.
 void VswhereMergeTest::utilityRunsOncePerProcess()
 {
     const ReportedStudio studio{"C:\\A", "Community", "17.4"};

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// All of a report, one line for each value, so that a comparison names the value that differs.
+/// All values of a report, one line each, so that a comparison shows the one that differs.
 QStringList description(const VswhereReport &report)
 {
     QStringList lines;
@@ -22,7 +22,7 @@ QStringList description(const VswhereReport &report)
     return lines;
 }
 
-/// An installation whose report named each of its values once, in the order of the fields.
+/// An installation whose values were reported once each, in the order of the fields.
 VswhereInstallation installation(const QString &path, const QString &name, const QString &version)
 {
     return {path,
@@ -54,7 +54,7 @@ private slots:
     void lineEnds();
 };
 
-/// With all that the utility says about two installations.
+/// A full report of vswhere.exe about two installations.
 void VswhereReportTest::wholeReport()
 {
     const QByteArray report = R"(Visual Studio Locator version 3.0.3+45247720e1 [query version 3.4.1106.11442]
@@ -117,7 +117,7 @@ void VswhereReportTest::anyOrderOfLines()
 {
     QFETCH(QStringList, order);
 
-    // Two blocks: the second has to start afresh whichever line closed the first.
+    // Two blocks: the second starts afresh, whichever line completed the first.
     const auto block = [&order](const QMap<QString, QString> &values) {
         QStringList lines;
         for (const QString &key : order) {
@@ -197,7 +197,7 @@ void VswhereReportTest::blocks_data()
            {"installationPath: C:\\A", "installationPath: C:\\B", "displayName: B",
             "installationVersion: 17.4"}}},
          {}});
-    row("value that comes again behind a complete installation is the next one's",
+    row("value that comes again after a complete installation is the next one's",
         "installationPath: C:\\A\ndisplayName: A\ninstallationVersion: 17.4\ndisplayName: Late\n"
         "installationPath: C:\\B\ninstallationVersion: 16.9\n",
         {{installation("C:\\A", "A", "17.4"),
@@ -206,13 +206,13 @@ void VswhereReportTest::blocks_data()
            "16.9",
            {"displayName: Late", "installationPath: C:\\B", "installationVersion: 16.9"}}},
          {}});
-    row("name without a text", "installationPath: C:\\A\ndisplayName:\ninstallationVersion: 17.4\n",
+    row("name without a value", "installationPath: C:\\A\ndisplayName:\ninstallationVersion: 17.4\n",
         {{}, {"installationPath: C:\\A", "displayName: ", "installationVersion: 17.4"}});
-    row("name of blanks only", "installationPath: C:\\A\ndisplayName: \t \ninstallationVersion: 17.4\n",
+    row("name of white space only", "installationPath: C:\\A\ndisplayName: \t \ninstallationVersion: 17.4\n",
         {{}, {"installationPath: C:\\A", "displayName: ", "installationVersion: 17.4"}});
-    row("path without a text", "installationPath:\ndisplayName: A\ninstallationVersion: 17.4\n",
+    row("path without a value", "installationPath:\ndisplayName: A\ninstallationVersion: 17.4\n",
         {{}, {"installationPath: ", "displayName: A", "installationVersion: 17.4"}});
-    row("name without a text takes the earlier one away",
+    row("name without a value takes the earlier one away",
         "displayName: A\ndisplayName:\ninstallationPath: C:\\A\ninstallationVersion: 17.4\n",
         {{}, {"displayName: A", "displayName: ", "installationPath: C:\\A", "installationVersion: 17.4"}});
     row("version that is none leaves the earlier one",
@@ -231,7 +231,7 @@ void VswhereReportTest::blocks()
 void VswhereReportTest::keys_data()
 {
     QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("line"); // one that must not be taken for the key's
+    QTest::addColumn<QString>("line"); // must not be taken for the key's line
 
     const QMap<QString, QString> values{
         {"installationPath", "C:\\A"}, {"displayName", "A"}, {"installationVersion", "17.4"}};
@@ -240,9 +240,9 @@ void VswhereReportTest::keys_data()
         const auto row = [&](const QString &name, const QString &keyAndColon) {
             QTest::newRow(qPrintable(key + ", " + name)) << key << keyAndColon + ' ' + each.value();
         };
-        row("blank before the key", ' ' + key + ':');
+        row("space before the key", ' ' + key + ':');
         row("tab before the key", '\t' + key + ':');
-        row("blank before the colon", key + " :");
+        row("space before the colon", key + " :");
         row("no colon", key);
         row("equals sign", key + '=');
         row("upper case", key.toUpper() + ':');
@@ -272,22 +272,22 @@ void VswhereReportTest::keys()
 
 void VswhereReportTest::values_data()
 {
-    QTest::addColumn<QByteArray>("path"); // as they stand behind the colons
+    QTest::addColumn<QByteArray>("path"); // as after the colons
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<QString>("readPath");
     QTest::addColumn<QString>("readName");
 
-    QTest::newRow("no blank behind the colon") << QByteArray("C:\\A") << QByteArray("A") << "C:\\A"
-                                               << "A";
+    QTest::newRow("no space after the colon") << QByteArray("C:\\A") << QByteArray("A") << "C:\\A"
+                                              << "A";
     QTest::newRow("white space around") << QByteArray(" \t C:\\A \t ") << QByteArray("   A\v\f ") << "C:\\A"
                                         << "A";
-    QTest::newRow("blanks inside") << QByteArray(" C:\\Program  Files\\A ") << QByteArray(" A  B\tC ")
+    QTest::newRow("spaces inside") << QByteArray(" C:\\Program  Files\\A ") << QByteArray(" A  B\tC ")
                                    << "C:\\Program  Files\\A"
                                    << "A  B\tC";
     QTest::newRow("colons") << QByteArray(" \\\\?\\C:\\A: B:") << QByteArray(" : A: displayName: B:")
                             << "\\\\?\\C:\\A: B:"
                             << ": A: displayName: B:";
-    QTest::newRow("percent signs are no places")
+    QTest::newRow("percent signs are no placeholders")
         << QByteArray(" C:\\%1 %PATH%") << QByteArray(" 100%1 %2") << "C:\\%1 %PATH%"
         << "100%1 %2";
     QTest::newRow("forward slashes and one at the end")
@@ -312,26 +312,26 @@ void VswhereReportTest::values()
 
 void VswhereReportTest::versionNumbers_data()
 {
-    QTest::addColumn<QByteArray>("text");     // as it stands behind the colon
-    QTest::addColumn<QString>("readVersion"); // empty when it is no version
+    QTest::addColumn<QByteArray>("text");     // as after the colon
+    QTest::addColumn<QString>("readVersion"); // empty when it is not a version
 
     QTest::newRow("four numbers") << QByteArray(" 17.4.33205.214") << "17.4";
-    QTest::newRow("two digits behind the point") << QByteArray(" 16.11.32929.386") << "16.11";
+    QTest::newRow("two digits after the point") << QByteArray(" 16.11.32929.386") << "16.11";
     QTest::newRow("two numbers") << QByteArray(" 17.4") << "17.4";
-    QTest::newRow("no blank") << QByteArray("17.4.1") << "17.4";
-    QTest::newRow("blanks and tabs") << QByteArray(" \t 17.4 \t ") << "17.4";
+    QTest::newRow("no space") << QByteArray("17.4.1") << "17.4";
+    QTest::newRow("spaces and tabs") << QByteArray(" \t 17.4 \t ") << "17.4";
     QTest::newRow("zeros stay") << QByteArray(" 017.040.1") << "017.040";
     QTest::newRow("many digits") << QByteArray(" 123456789012.34567890") << "123456789012.34567890";
-    QTest::newRow("words behind") << QByteArray(" 17.4-preview 3") << "17.4";
-    QTest::newRow("another number behind") << QByteArray(" 16.9 17.4") << "16.9";
+    QTest::newRow("words after") << QByteArray(" 17.4-preview 3") << "17.4";
+    QTest::newRow("another number after") << QByteArray(" 16.9 17.4") << "16.9";
     QTest::newRow("one number") << QByteArray(" 17") << "";
-    QTest::newRow("nothing behind the point") << QByteArray(" 17.") << "";
+    QTest::newRow("nothing after the point") << QByteArray(" 17.") << "";
     QTest::newRow("two points") << QByteArray(" 17..4") << "";
     QTest::newRow("nothing before the point") << QByteArray(" .4") << "";
     QTest::newRow("comma") << QByteArray(" 17,4") << "";
     QTest::newRow("letter before") << QByteArray(" v17.4") << "";
     QTest::newRow("minus sign") << QByteArray(" -17.4") << "";
-    QTest::newRow("blank inside") << QByteArray(" 17 .4") << "";
+    QTest::newRow("space inside") << QByteArray(" 17 .4") << "";
     QTest::newRow("hexadecimal") << QByteArray(" 0x11.4") << "";
     QTest::newRow("word") << QByteArray(" unknown") << "";
     QTest::newRow("nothing") << QByteArray("") << "";
@@ -372,10 +372,10 @@ void VswhereReportTest::encoding_data()
         {{installation("C:\\A\ufffd", "A", "17.4")}, {}});
     row("stray byte before a key", "\xffinstallationPath: C:\\A\ndisplayName: A\ninstallationVersion: 17.4\n",
         {{}, {"displayName: A", "installationVersion: 17.4"}});
-    row("byte-order mark at the start",
+    row("byte order mark at the start",
         "\xef\xbb\xbfinstallationPath: C:\\A\ndisplayName: A\ninstallationVersion: 17.4\n",
         {{installation("C:\\A", "A", "17.4")}, {}});
-    row("byte-order mark at the start of another line",
+    row("byte order mark at the start of another line",
         "installationPath: C:\\A\n\xef\xbb\xbf"
         "displayName: A\ninstallationVersion: 17.4\n",
         {{}, {"installationPath: C:\\A", "installationVersion: 17.4"}});
@@ -412,7 +412,7 @@ void VswhereReportTest::lineEnds_data()
         "installationPath: C:\\A\r\r\ndisplayName: A\r\r\ninstallationVersion: 17.4\r\r\n", one);
     row("carriage return at the end only",
         "installationPath: C:\\A\ndisplayName: A\ninstallationVersion: 17.4\r", one);
-    row("name without a text before carriage return and line feed",
+    row("name without a value before carriage return and line feed",
         "installationPath: C:\\A\r\ndisplayName:\r\ninstallationVersion: 17.4\r\n",
         {{}, {"installationPath: C:\\A", "displayName: ", "installationVersion: 17.4"}});
     row("one number before carriage return and line feed",

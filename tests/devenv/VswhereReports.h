@@ -13,11 +13,11 @@ struct ReportedStudio {
     QString path;
     QString name;
     QString version;       ///< two numbers
-    bool hasIde = false;   ///< whether devenv.exe is there
-    bool has64Bit = false; ///< whether vcvars64.bat is there
-    bool has32Bit = false; ///< whether vcvars32.bat is there
+    bool hasIde = false;   ///< whether devenv.exe exists
+    bool has64Bit = false; ///< whether vcvars64.bat exists
+    bool has32Bit = false; ///< whether vcvars32.bat exists
 
-    /// How it is reported, among other lines.
+    /// Its lines in a report, among others.
     QByteArray block() const
     {
         return "instanceId: 4a5b6c7d\ninstallationPath: " + path.toUtf8() +
@@ -26,7 +26,7 @@ struct ReportedStudio {
                "\ncatalog_productLine: Dev17\n\n";
     }
 
-    /// What is found of it, in the order in which it is found.
+    /// The records found for it, in the order in which they are found.
     QList<VisualStudioVersion> records() const
     {
         const VisualStudioVersion none{
@@ -46,7 +46,7 @@ struct ReportedStudio {
         return result << none;
     }
 
-    /// What is logged about it.
+    /// The log lines about it.
     QStringList logLines() const
     {
         return {"installationPath: " + path,

@@ -14,14 +14,14 @@ namespace {
 
 const QString started = "Trying to detect Visual Studio via vswhere.exe utility (VS2017+)";
 
-/// None of them is there; what is found on the machine does not matter here.
+/// None of their directories exists; what is found on the machine does not matter here.
 const ReportedStudio community{"C:\\Program Files\\VS", "Visual Studio Community 2022", "17.4"};
 const ReportedStudio buildTools{"D:\\Pr\u00fcfung \u691c\u67fb", "Visual Studio Build Tools 2019", "16.11"};
 
-/// Longer than the program is waited for, so that a report that comes then, or counts then, shows.
+/// Longer than the time limit, so that a report that arrives later and is used shows.
 constexpr int tooLong = 15000;
 
-/// Gives the environment variable PATH another value, and makes another directory the current one.
+/// Changes the environment variable PATH and the current directory until the end.
 class SearchPlaces {
 public:
     explicit SearchPlaces(const QString &directory) : path(qgetenv("PATH")), current(QDir::currentPath())
@@ -44,7 +44,7 @@ private:
 
 } // namespace
 
-/// The utility as a process.
+/// vswhere.exe as a process.
 class VswhereRunTest : public QObject {
     Q_OBJECT
 
@@ -66,7 +66,7 @@ private slots:
     void runsAtEachCall();
 };
 
-/// A test program that was ended early may have left it.
+/// An aborted test may have left it.
 void VswhereRunTest::init()
 {
     QVERIFY(VswhereChild::removeFrom(VswhereChild::path()));
@@ -115,7 +115,7 @@ void VswhereRunTest::reportCounts_data()
 
     conduct = {};
     conduct.report = "\xef\xbb\xbf" + QByteArray(report).replace('\n', "\r\n");
-    QTest::newRow("carriage returns and a byte-order mark") << conduct;
+    QTest::newRow("carriage returns and a byte order mark") << conduct;
 
     conduct = {};
     conduct.report = report.trimmed();
@@ -154,7 +154,7 @@ void VswhereRunTest::reportCounts()
     QCOMPARE(child.runs().size(), 1);
 }
 
-/// More than any pipe holds: the program only ends when it is read while it runs.
+/// More than a pipe holds: the program only ends if its output is read while it runs.
 void VswhereRunTest::longReport()
 {
     const QByteArray filler = QByteArray("description: " + QByteArray(1000, 'x') + "\r\n").repeated(1500);
@@ -216,9 +216,9 @@ void VswhereRunTest::neverEnds_data()
     conduct = {};
     conduct.report = community.block();
     conduct.linger = tooLong;
-    QTest::newRow("behind a complete report") << conduct;
+    QTest::newRow("after a complete report") << conduct;
 
-    // Its input stays open, and nothing is written there.
+    // Its standard input stays open and empty.
     conduct = {};
     conduct.report = community.block();
     conduct.readsInput = true;
@@ -240,7 +240,7 @@ void VswhereRunTest::neverEnds()
     QCOMPARE(log.lines(), QStringList{started});
     QCOMPARE(messages.warnings(), QStringList());
     QCOMPARE(child.runs().size(), 1);
-    // Proves that a running process would be seen.
+    // Proves that a running process would be detected.
     QVERIFY(isRunning(quint32(QCoreApplication::applicationPid())));
     EVENTUALLY_VERIFY(!isRunning(child.runs().constFirst().processId));
 }

@@ -188,7 +188,7 @@ void HalconInstallationTest::ordering()
     QTEST(identities(installations), "ordered");
 }
 
-/// Sorting that does not keep the order of equals shows only in lists of more than 16.
+/// An unstable sort shows only in lists of more than 16.
 void HalconInstallationTest::longList()
 {
     QList<HalconInstallation> installations;

@@ -5,7 +5,7 @@
 #include <QString>
 #include <QStringList>
 
-/// The registry keys of HALCON installations that one test writes. They go with their owner; keys of others
+/// A fixture of the registry keys of HALCON installations. Its keys are removed with their owner; others
 /// stay.
 class HalconKeys {
 public:
@@ -19,7 +19,7 @@ public:
         }
     }
 
-    /// Makes the group @p name below @p parent and gives back its full path.
+    /// Makes the group @p name below @p parent and returns its full path.
     QString addGroup(const QString &parent, const QString &name)
     {
         QString key = parent + '\\' + name;

@@ -5,7 +5,7 @@
 #include <QList>
 #include <QStringList>
 
-/// Every field of @p installations as text, one line for each record, so that a comparison shows them whole:
+/// Every field of @p installations as text, one line for each record, so that a comparison shows all of them:
 /// numbers, suffix, architecture, installation directory, example root and components.
 inline QStringList recordLines(const QList<HalconInstallation> &installations)
 {

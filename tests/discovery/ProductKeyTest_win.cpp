@@ -138,9 +138,9 @@ void ProductKeyTest::componentValue_data()
     QTest::addColumn<bool>("installed");
 
     QTest::newRow("number 1") << dword(1) << true;
-    QTest::newRow("text 1") << text("1") << true;
+    QTest::newRow("string 1") << text("1") << true;
     QTest::newRow("64-bit number 1") << qword(1) << true;
-    QTest::newRow("expandable text 1") << expandText("1") << true;
+    QTest::newRow("expandable string 1") << expandText("1") << true;
 
     QTest::newRow("number 0") << dword(0) << false;
     QTest::newRow("number 2") << dword(2) << false;
@@ -148,14 +148,14 @@ void ProductKeyTest::componentValue_data()
     QTest::newRow("greatest number") << dword(0xffffffff) << false;
     QTest::newRow("64-bit number 0") << qword(0) << false;
     QTest::newRow("64-bit number that ends in 1") << qword((quint64(1) << 32U) + 1) << false;
-    QTest::newRow("text 0") << text("0") << false;
-    QTest::newRow("text 2") << text("2") << false;
-    QTest::newRow("text with a leading 0") << text("01") << false;
-    QTest::newRow("text with a sign") << text("+1") << false;
-    QTest::newRow("text with a fraction") << text("1.0") << false;
-    QTest::newRow("text with a leading blank") << text(" 1") << false;
-    QTest::newRow("text with a trailing blank") << text("1 ") << false;
-    QTest::newRow("empty text") << text("") << false;
+    QTest::newRow("string 0") << text("0") << false;
+    QTest::newRow("string 2") << text("2") << false;
+    QTest::newRow("string with a leading 0") << text("01") << false;
+    QTest::newRow("string with a sign") << text("+1") << false;
+    QTest::newRow("string with a fraction") << text("1.0") << false;
+    QTest::newRow("string with a leading space") << text(" 1") << false;
+    QTest::newRow("string with a trailing space") << text("1 ") << false;
+    QTest::newRow("empty string") << text("") << false;
     QTest::newRow("word") << text("true") << false;
     QTest::newRow("list of one 0") << texts({"0"}) << false;
     QTest::newRow("list of several") << texts({"1", "1"}) << false;
@@ -169,7 +169,7 @@ void ProductKeyTest::componentValue()
     QFETCH(WriteValue, write);
     QFETCH(bool, installed);
 
-    // The runtime that is always there tells a component that does not count from a group that was not read.
+    // The constant runtime distinguishes a component that does not count from a group that was not read.
     HalconKeys keys;
     const QString group = keys.addGroup(Keys::product64, "20.11-Progress");
     Registry::setString(group + "\\InstalledComponents", "RuntimeX86", "1");
@@ -223,7 +223,7 @@ void ProductKeyTest::nothingInitialized()
     HalconKeys keys;
     const QString group = keys.addGroup(Keys::product64, "13.0");
     Registry::setString(group + "\\InstalledComponents", "RuntimeX64", "1");
-    // Revision and build read as 0, so the identity says more than that of an unknown revision.
+    // Revision and build are read as 0, so the identity differs from that of an unknown revision.
     const QList<HalconInstallation> found = readMainHalconKey(Keys::product64);
     QCOMPARE(recordLines(found), QStringList{"13.0.0.0 '' x64-win64 |  |  | RuntimeX64"});
     QCOMPARE(found.first().versionArchText(), QString("13.0.0 (x64-win64)"));
@@ -262,15 +262,15 @@ void ProductKeyTest::numbers_data()
     QTest::newRow("64-bit number beyond 31 bits") << qword(0x80000000) << 0;
     QTest::newRow("64-bit number beyond 32 bits") << qword((quint64(1) << 32U) + 2) << 0;
     QTest::newRow("greatest 64-bit number") << qword(~quint64(0)) << 0;
-    QTest::newRow("text of a number") << text("3") << 3;
-    QTest::newRow("text of the greatest signed number") << text("2147483647") << 0x7fffffff;
-    QTest::newRow("text of a number beyond 31 bits") << text("2147483648") << 0;
-    QTest::newRow("text of a number beyond 32 bits") << text("4294967298") << 0;
-    QTest::newRow("text of a number beyond 64 bits") << text("18446744073709551619") << 0;
+    QTest::newRow("string of a number") << text("3") << 3;
+    QTest::newRow("string of the greatest signed number") << text("2147483647") << 0x7fffffff;
+    QTest::newRow("string of a number beyond 31 bits") << text("2147483648") << 0;
+    QTest::newRow("string of a number beyond 32 bits") << text("4294967298") << 0;
+    QTest::newRow("string of a number beyond 64 bits") << text("18446744073709551619") << 0;
     QTest::newRow("missing") << nothing() << 0;
     QTest::newRow("word") << text("three") << 0;
     QTest::newRow("number and word") << text("3 beta") << 0;
-    QTest::newRow("empty text") << text("") << 0;
+    QTest::newRow("empty string") << text("") << 0;
 }
 
 void ProductKeyTest::numbers()
@@ -299,7 +299,7 @@ void ProductKeyTest::directories_data()
     QTest::addColumn<WriteValue>("write");
     QTest::addColumn<QString>("expected");
 
-    QTest::newRow("blanks") << text("C:\\Program Files\\MVTec HALCON") << "C:\\Program Files\\MVTec HALCON";
+    QTest::newRow("spaces") << text("C:\\Program Files\\MVTec HALCON") << "C:\\Program Files\\MVTec HALCON";
     QTest::newRow("non-ASCII") << text("C:\\Pr\u00fcfung \u691c\u67fb\\HALCON")
                                << "C:\\Pr\u00fcfung \u691c\u67fb\\HALCON";
     QTest::newRow("trailing backslash") << text("C:\\HALCON\\") << "C:\\HALCON\\";

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Writes a value with the registry tool of the system. @p view is "32" or "64".
+/// Writes a value with reg.exe. @p view is "32" or "64".
 bool addWithTool(const QString &view, const QString &key, const QString &name, const QString &type,
                  const QString &value)
 {
@@ -17,7 +17,7 @@ bool addWithTool(const QString &view, const QString &key, const QString &name, c
 
 } // namespace
 
-/// The discovery of what another process has written.
+/// The discovery of keys that another process has written.
 class RegistryToolTest : public QObject {
     Q_OBJECT
 

@@ -164,7 +164,7 @@ void UninstallKeysTest::skippedEntries()
 
     HalconKeys keys;
     keys.addUninstallEntry(Keys::uninstallOfMachine, name, "C:\\elsewhere");
-    // What the entry calls itself does not matter.
+    // The entry's display name does not matter.
     Registry::setString(Keys::uninstallOfMachine + '\\' + name, "DisplayName", "MVTec HALCON 20.11 Progress");
     keys.addUninstallEntry(Keys::uninstallOfMachine, "MVTec HALCON 21.05 Steady", "C:\\H");
 

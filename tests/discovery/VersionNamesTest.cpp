@@ -5,7 +5,7 @@
 
 namespace {
 
-/// What a name stands for, as one line of text.
+/// The result for a name, as one line of text.
 QString meaning(const VersionName &version)
 {
     if (!version.installation) {
@@ -15,7 +15,7 @@ QString meaning(const VersionName &version)
     return QString("%1 | %2 | %3").arg(base.major).arg(base.minor).arg(base.suffix);
 }
 
-/// The fields that a name says nothing about.
+/// The fields that do not depend on the name.
 QStringList otherFields(const HalconInstallation &installation)
 {
     return {QString::number(installation.revision),
@@ -61,13 +61,13 @@ void VersionNamesTest::productKeyName_data()
                                            << "20 | 11 | ";
     QTest::newRow("third number ends the match") << "12.0.1-Steady"
                                                  << "12 | 0 | ";
-    QTest::newRow("blank ends the match") << "20.11 Progress"
+    QTest::newRow("space ends the match") << "20.11 Progress"
                                           << "20 | 11 | ";
     QTest::newRow("second hyphen ends the match") << "20.11--Progress"
                                                   << "20 | 11 | ";
     QTest::newRow("hyphen ends the suffix") << "20.11-Progress-Beta"
                                             << "20 | 11 | Progress";
-    QTest::newRow("blank ends the suffix") << "20.11-Progress Beta"
+    QTest::newRow("space ends the suffix") << "20.11-Progress Beta"
                                            << "20 | 11 | Progress";
     QTest::newRow("underscores in the suffix") << "20.11-_Pro_gress_"
                                                << "20 | 11 | _Pro_gress_";
@@ -106,7 +106,7 @@ void VersionNamesTest::productKeyName_data()
                               << "no version";
     QTest::newRow("comma") << "20,11"
                            << "no version";
-    QTest::newRow("blank after the dot") << "20. 11"
+    QTest::newRow("space after the dot") << "20. 11"
                                          << "no version";
     QTest::newRow("other digits than ASCII") << "\u0968\u0966.\u0967\u0967"
                                              << "no version";
@@ -132,21 +132,21 @@ void VersionNamesTest::uninstallKeyName_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("expected");
 
-    QTest::newRow("blank and suffix") << "MVTec HALCON 20.11 Progress"
+    QTest::newRow("space and suffix") << "MVTec HALCON 20.11 Progress"
                                       << "20 | 11 | Progress";
     QTest::newRow("hyphen and suffix") << "MVTec HALCON 20.11-Progress"
                                        << "20 | 11 | Progress";
-    QTest::newRow("blank without suffix") << "MVTec HALCON 13.0 "
+    QTest::newRow("space without suffix") << "MVTec HALCON 13.0 "
                                           << "13 | 0 | ";
     QTest::newRow("hyphen without suffix") << "MVTec HALCON 13.0-"
                                            << "13 | 0 | ";
-    QTest::newRow("blank and hyphen") << "MVTec HALCON 20.11 -Progress"
+    QTest::newRow("space and hyphen") << "MVTec HALCON 20.11 -Progress"
                                       << "20 | 11 | ";
     QTest::newRow("further word") << "MVTec HALCON 20.11 Progress Update"
                                   << "20 | 11 | Progress";
     QTest::newRow("underscores in the suffix") << "MVTec HALCON 20.11 _Pro_2"
                                                << "20 | 11 | _Pro_2";
-    QTest::newRow("parenthesis after the blank") << "MVTec HALCON 20.11 (x64)"
+    QTest::newRow("parenthesis after the space") << "MVTec HALCON 20.11 (x64)"
                                                  << "20 | 11 | ";
     QTest::newRow("leading text") << "The MVTec HALCON 20.11 Progress"
                                   << "20 | 11 | Progress";
@@ -165,7 +165,7 @@ void VersionNamesTest::uninstallKeyName_data()
                                 << "no version";
     QTest::newRow("no vendor") << "HALCON 20.11 Progress"
                                << "no version";
-    QTest::newRow("two blanks") << "MVTec HALCON  20.11 Progress"
+    QTest::newRow("two spaces") << "MVTec HALCON  20.11 Progress"
                                 << "no version";
     QTest::newRow("word before the numbers") << "MVTec HALCON Runtime 20.11 Progress"
                                              << "no version";

@@ -3,8 +3,8 @@
 #include <QList>
 #include <QString>
 
-/// In place of launch/ElevatedHelper_win.cpp and launch/EnvironmentBroadcast_win.cpp: starts nothing, records what
-/// would have been started, and has the outcome it is told.
+/// A fake of launch/ElevatedHelper_win.cpp and launch/EnvironmentBroadcast_win.cpp: starts nothing, records
+/// what would have been started, and returns the results that it is given.
 namespace ElevatedHelperFake {
 
 struct Start {
@@ -20,7 +20,7 @@ QList<Start> &starts();
 /// How often the change of the environment was broadcast since the last reset.
 int broadcasts();
 
-/// What every further start returns (0 at first), and whether a broadcast succeeds (true at first).
+/// What every further start returns (initially 0), and whether a broadcast succeeds (initially true).
 void setOutcome(int exitCode, bool broadcastSucceeds);
 
 /// Forgets all starts and broadcasts, and lets further ones succeed.

@@ -5,7 +5,7 @@
 #include <QList>
 #include <QString>
 
-/// In place of launch/ProcessStart_win.cpp: starts nothing, records every start, and fails when told to.
+/// A fake of launch/ProcessStart_win.cpp: starts nothing, records every start, and fails when told to.
 namespace ProcessStartFake {
 
 struct Start {
@@ -17,7 +17,7 @@ struct Start {
 /// Every start since the last reset.
 QList<Start> &starts();
 
-/// Lets every further start fail with this line; an empty text lets them succeed.
+/// Makes every further start fail with this line, or succeed if it is empty.
 void failWith(const QString &errorLine);
 
 /// Forgets all starts and lets further ones succeed.

@@ -4,7 +4,7 @@
 
 #include <sys/stat.h>
 
-/// In place of license/SameFile_win.cpp: the same question to this system.
+/// Instead of license/SameFile_win.cpp: the same query on the host system.
 bool isSameFile(const QString &one, const QString &other)
 {
     struct stat oneFile = {};

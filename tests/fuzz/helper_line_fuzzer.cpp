@@ -5,10 +5,10 @@
 #include <cstdint>
 #include <cstdlib>
 
-/// Whatever the line, it is refused or read as what it says.
+/// Every line is refused, or read as exactly what it says.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    // Bytes stand for themselves but for the upper half, which is spread over all that UTF-16 has.
+    // Bytes below 128 represent themselves; the others are spread over all of UTF-16.
     std::wstring line;
     for (std::size_t i = 0; i < size; ++i) {
         line += static_cast<wchar_t>(data[i] < 0x80 ? data[i] : (data[i] & 0x7F) * 0x203);

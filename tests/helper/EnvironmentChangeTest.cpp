@@ -16,13 +16,13 @@ constexpr quint32 regBinary = 3;
 constexpr quint32 regDword = 4;
 constexpr quint32 regMultiSz = 7;
 
-/// The UTF-16 bytes of @p text with a closing 0.
+/// The UTF-16 bytes of @p text with a terminating 0.
 QByteArray stored(const QString &text)
 {
     return QByteArray(reinterpret_cast<const char *>(text.utf16()), (text.size() + 1) * 2);
 }
 
-/// A store in memory that can be made to fail.
+/// A fake store in memory that can be made to fail.
 class FakeStore : public EnvironmentStore {
 public:
     using Values = std::map<std::wstring, std::pair<quint32, QByteArray>>;
@@ -30,7 +30,7 @@ public:
     Values values;
     std::set<std::wstring> unreadable;
     std::set<int> failingChanges; ///< the numbers, from 1, of the writes and removals that fail
-    bool throws = false;          ///< whether what fails throws
+    bool throws = false;          ///< whether a failing call throws
     QStringList calls;
 
     bool read(const std::wstring &name, std::optional<StoredValue> &value) override
@@ -76,7 +76,7 @@ const std::vector<EnvironmentAssignment> assignments{{L"HALCONROOT", L"C:\\New\\
                                                      {L"HALCONIMAGES", L""},
                                                      {L"HALCONEXAMPLES", L"%ProgramData%\\Größe 寸法"}};
 
-/// One value of each kind, and one name, HALCONIMAGES, without any.
+/// One value of each type, and one name, HALCONIMAGES, without a value.
 FakeStore::Values mixedValues()
 {
     return {{L"HALCONROOT", {regExpandSz, stored("%ProgramFiles%\\Old")}},
@@ -85,7 +85,7 @@ FakeStore::Values mixedValues()
             {L"Path", {regExpandSz, stored("C:\\Windows")}}};
 }
 
-/// What the assignments make of the mixed values.
+/// The mixed values after the assignments.
 FakeStore::Values changedValues()
 {
     return {{L"HALCONROOT", {regExpandSz, stored("C:\\New\\")}},
@@ -128,12 +128,12 @@ void EnvironmentChangeTest::types_data()
     QTest::addColumn<quint32>("before");
     QTest::addColumn<quint32>("after");
 
-    QTest::newRow("text") << regSz << regSz;
-    QTest::newRow("text to expand") << regExpandSz << regExpandSz;
+    QTest::newRow("string") << regSz << regSz;
+    QTest::newRow("expandable string") << regExpandSz << regExpandSz;
     QTest::newRow("none") << quint32(0) << regSz;
     QTest::newRow("binary") << regBinary << regSz;
     QTest::newRow("number") << regDword << regSz;
-    QTest::newRow("list of texts") << regMultiSz << regSz;
+    QTest::newRow("multi-string") << regMultiSz << regSz;
     QTest::newRow("unknown") << quint32(77) << regSz;
 }
 
@@ -175,7 +175,7 @@ void EnvironmentChangeTest::nothingIsWrittenWhenAValueCannotBeRead()
     }
 }
 
-/// The caller may say then that nothing was changed.
+/// The caller may then report that nothing was changed.
 void EnvironmentChangeTest::nothingIsWrittenWhenReadingThrows()
 {
     for (const EnvironmentAssignment &assignment : assignments) {
@@ -207,7 +207,7 @@ void EnvironmentChangeTest::putsBack_data()
                                                       "write HALCONROOT"};
 }
 
-/// Value, type and absence, the last change first. Whether the failure is told or thrown makes no difference.
+/// Restores value, type and absence, the last change first, whether the failure is returned or thrown.
 void EnvironmentChangeTest::putsBack()
 {
     QFETCH(int, failing);
@@ -231,10 +231,10 @@ void EnvironmentChangeTest::cannotPutBack_data()
 
     QTest::newRow("absence") << 5 << "HALCONIMAGES";
     QTest::newRow("number") << 6 << "HALCONARCH";
-    QTest::newRow("text") << 7 << "HALCONROOT";
+    QTest::newRow("string") << 7 << "HALCONROOT";
 }
 
-/// The others are put back all the same.
+/// The others are still restored.
 void EnvironmentChangeTest::cannotPutBack()
 {
     QFETCH(int, failing);

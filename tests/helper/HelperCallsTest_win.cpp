@@ -14,7 +14,7 @@ using HelperMachine::makeFile;
 
 namespace {
 
-/// What CreateProcessW was given.
+/// The arguments of CreateProcessW.
 struct Start {
     QString program;
     QString commandLine;
@@ -47,7 +47,7 @@ QByteArray read(const QString &path)
     return file.open(QFile::ReadOnly) ? file.readAll() : "unreadable";
 }
 
-/// What the license directory had when a file was flushed: the length of each file under its name.
+/// The contents of the license directory when a file was flushed: the length of each file under its name.
 QVector<QMap<QString, qint64>> flushes;
 bool flushingFails = false;
 
@@ -64,7 +64,7 @@ BOOL WINAPI recordFlush(HANDLE /*file*/)
 
 bool restrictingFails = false;
 
-/// Restricts the search for libraries as the system does, unless it is to fail.
+/// Restricts the search for libraries as the real function does, unless it is to fail.
 BOOL WINAPI restrictSearch(DWORD directories)
 {
     const HMODULE system = GetModuleHandleW(L"kernel32.dll");
@@ -75,7 +75,7 @@ BOOL WINAPI restrictSearch(DWORD directories)
 
 } // namespace
 
-/// The imports through which the helper calls, in place of those from the system's library.
+/// Fakes of the imports through which the helper calls the system's library.
 extern "C" decltype(&CreateProcessW) importedCreateProcess __asm__("__imp_CreateProcessW");
 extern "C" decltype(&FlushFileBuffers) importedFlush __asm__("__imp_FlushFileBuffers");
 extern "C" decltype(&SetDefaultDllDirectories) importedRestrict __asm__("__imp_SetDefaultDllDirectories");
@@ -85,7 +85,7 @@ decltype(&FlushFileBuffers) importedFlush = recordFlush;
 decltype(&SetDefaultDllDirectories) importedRestrict = restrictSearch;
 }
 
-/// What the helper gives to Windows where its effect cannot be seen.
+/// Calls of the helper to Windows whose effects cannot be seen.
 class HelperCallsTest : public QObject {
     Q_OBJECT
 
@@ -108,7 +108,7 @@ void HelperCallsTest::init()
     flushingFails = false;
 }
 
-/// It finds no files but the system's, gets none of the helper's handles, and shows nothing.
+/// regsvr32 finds only the system's files, inherits no handles of the helper, and shows nothing.
 void HelperCallsTest::startOfRegsvr32()
 {
     using namespace std::chrono_literals;
@@ -130,7 +130,7 @@ void HelperCallsTest::startOfRegsvr32()
             start.startup.hStdError == nullptr);
 }
 
-/// Otherwise a power failure could leave an empty file in the old one's place.
+/// Otherwise a power failure could leave an empty file instead of the old one.
 void HelperCallsTest::flushedBeforeItTakesThePlace()
 {
     QCOMPARE(replaceLicenseFile(toWide(target), toWide(source)).code, HelperExitCode::done);
@@ -162,7 +162,7 @@ void HelperCallsTest::nothingIsDoneUnsecured()
     restrictingFails = false;
 }
 
-/// The last test: there is no way back.
+/// Must be the last test: it cannot be undone.
 void HelperCallsTest::secureProcess()
 {
     const QString planted = "C:\\Calls test\\planted.dll";

@@ -50,7 +50,7 @@ private slots:
 void HelperCheckTest::whatIsThere_data()
 {
     QTest::addColumn<FileFacts>("facts");
-    QTest::addColumn<QString>("file"); // why it is refused as such; empty where it is not
+    QTest::addColumn<QString>("file"); // why the file is refused; empty where it is not
     QTest::addColumn<QString>("directory");
     QTest::addColumn<QString>("destination");
     const QString missing = "\"C:\\a b\\x\" does not exist.";
@@ -71,7 +71,7 @@ void HelperCheckTest::whatIsThere_data()
     row("directory above missing", facts(Kind::unknown, 3), missing, missing, missing);
     row("unreadable", facts(Kind::unknown, 5), unreadable, unreadable, unreadable);
     row("device", facts(Kind::other), device, noDirectory, device);
-    // How a file that is only read is reached does not count.
+    // For a file that is only read the way does not matter.
     row("link to a file", reparsePoint(Kind::file), "", link, link);
     row("link to a directory", reparsePoint(Kind::directory), isDirectory, link, link);
     row("file elsewhere", elsewhere(Kind::file), "", detour, detour);
@@ -116,7 +116,7 @@ void HelperCheckTest::shownTexts_data()
                                         << "\"a?b?c??\"";
     QTest::newRow("quote") << "a\" is all right. \"b"
                            << "\"a? is all right. ?b\"";
-    QTest::newRow("half a pair") << "a" + QString(QChar(0xD83D)) + "b" << "\"a?b\"";
+    QTest::newRow("lone surrogate") << "a" + QString(QChar(0xD83D)) + "b" << "\"a?b\"";
     QTest::newRow("cut within a pair") << QString(299, 'x') + "😀" << '"' + QString(299, 'x') + "?...\"";
     for (const ushort mark : {0x061C, 0x200E, 0x200F, 0x2028, 0x2029, 0x202A, 0x202B, 0x202C, 0x202D, 0x202E,
                               0x2066, 0x2067, 0x2068, 0x2069}) {

@@ -26,7 +26,7 @@ const QString license = top + "\\H\\license";
 const QString target = license + "\\license.dat";
 const QString source = top + "\\new.dat";
 
-/// With both ends of lines, a 0, and bytes that are no text.
+/// With both kinds of line ends, a 0, and bytes that are not text.
 const QByteArray contents("line\r\nline\n\0\xFF\xFE\x80", 16);
 
 QString line(const QString &destination, const QString &from)
@@ -87,7 +87,7 @@ void HelperCopyTest::copies_data()
     QTest::addColumn<QString>("from");
 
     QTest::newRow("plain") << target << source;
-    QTest::newRow("blanks") << top + "\\a b\\license\\my license.dat" << top + "\\c d\\a new file.dat";
+    QTest::newRow("spaces") << top + "\\a b\\license\\my license.dat" << top + "\\c d\\a new file.dat";
     QTest::newRow("directory in other case") << top + "\\H\\License\\license.dat" << source;
     QTest::newRow("path in capitals") << target.toUpper() << source.toUpper();
     QTest::newRow("signs") << top + "\\R&D 100% (a=b)^\\license\\l & 100% ^(x);,'!.dat"
@@ -96,7 +96,7 @@ void HelperCopyTest::copies_data()
     QTest::newRow("doubled backslashes") << top + "\\H\\\\license\\\\license.dat" << top + "\\\\new.dat";
     QTest::newRow("slashes") << QString(target).replace('\\', '/') << QString(source).replace('\\', '/');
     QTest::newRow("slashes and backslashes") << top + "/H\\license/license.dat" << top + "/new.dat";
-    // Wine cannot tell where a new file with a longer path lies, which the helper takes for a doubt.
+    // Wine knows no final path for a new file with a longer path, which the helper then refuses.
     QTest::newRow("long destination")
         << top + '\\' + QString(120, 'x') + '\\' + QString(60, 'y') + "\\license\\" + QString(100, 'z')
         << source;
@@ -120,7 +120,7 @@ void HelperCopyTest::copies()
     QCOMPARE(result.exitCode, 0);
     QCOMPARE(read(destination), contents);
     QCOMPARE(read(from), contents);
-    // Nothing but the one file has come.
+    // Only the one file is new.
     QCOMPARE(tree(top).size(), before.size() + 1);
 }
 
@@ -160,7 +160,7 @@ void HelperCopyTest::replacesReadOnly()
     QVERIFY(!isReadOnly(target));
 }
 
-/// Read-only or not, and with its own attributes.
+/// Read-only or not, and whatever its attributes.
 void HelperCopyTest::keepsTheSource()
 {
     setReadOnly(source, true);
@@ -173,7 +173,7 @@ void HelperCopyTest::keepsTheSource()
     setReadOnly(source, false);
 }
 
-/// The program keeps the temporary file of a dropped license open.
+/// The program keeps the temporary file of a dropped licence open.
 void HelperCopyTest::sourceStillOpen()
 {
     QTemporaryFile temporary;
@@ -266,7 +266,7 @@ void HelperCopyTest::refusesDetours_data()
     QTest::newRow("destination is a link") << license + "\\link.dat" << '"' + license + "\\link.dat" + link;
 }
 
-/// What the detours of the destination lead to would be all right.
+/// The targets of the destination's detours would be acceptable.
 void HelperCopyTest::refusesDetours()
 {
     QFETCH(QString, destination);
@@ -293,7 +293,7 @@ void HelperCopyTest::refusesDetours()
     QVERIFY(after == before);
 }
 
-/// The same directory under another drive's letter, to which the user could give another meaning.
+/// The same directory under another drive letter, which the user could map elsewhere.
 void HelperCopyTest::refusesAnotherDrive()
 {
     makeFile(target, "the old license");
@@ -321,7 +321,7 @@ void HelperCopyTest::sourceOnItsWay_data()
     QTest::newRow("second name") << top + "\\S\\second.dat";
 }
 
-/// Whoever asks may name any file for the source. How it is reached does not count.
+/// The caller may name any file as the source, however it is reached.
 void HelperCopyTest::sourceOnItsWay()
 {
     QFETCH(QString, from);
@@ -343,7 +343,7 @@ void HelperCopyTest::sourceOnItsWay()
     QCOMPARE(read(directory + "\\new.dat"), contents);
 }
 
-/// Another name of the file that is replaced keeps what it stands for.
+/// Another hard link to the replaced file keeps its contents.
 void HelperCopyTest::replacesOneNameOfTwo()
 {
     makeFile(top + "\\precious.dat", "precious");
@@ -364,7 +364,7 @@ void HelperCopyTest::overItself_data()
     QTest::newRow("second name") << top + "\\second.dat";
 }
 
-/// The source is the destination: it is replaced by what it holds.
+/// The source is the destination: it is replaced by its own contents.
 void HelperCopyTest::overItself()
 {
     QFETCH(QString, from);
@@ -385,11 +385,11 @@ void HelperCopyTest::failedCopyKeepsTheOldFile_data()
 
     QTest::newRow("ordinary") << license << false << license;
     QTest::newRow("read-only") << license << true << license;
-    // What shows a path backwards could make the message say something else.
-    QTest::newRow("mark of direction") << top + "\\a\u202Eb\\license" << false << top + "\\a?b\\license";
+    // A direction mark could make the message show another path.
+    QTest::newRow("direction mark") << top + "\\a\u202Eb\\license" << false << top + "\\a?b\\license";
 }
 
-/// An open file cannot be replaced. One that was read-only may not be so any more.
+/// An open file cannot be replaced. A read-only one may lose its attribute.
 void HelperCopyTest::failedCopyKeepsTheOldFile()
 {
     QFETCH(QString, directory);

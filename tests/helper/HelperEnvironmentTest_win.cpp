@@ -43,7 +43,7 @@ void removeVariables()
     }
 }
 
-/// The real store, of which one write fails without an effect.
+/// The real store, in which one write fails without an effect.
 class FailingEnvironment : public EnvironmentStore {
 public:
     explicit FailingEnvironment(int failing) : failing(failing) {}
@@ -63,7 +63,7 @@ private:
     int writes = 0;
 };
 
-/// Lets nobody change the machine's variables while it lives.
+/// While it lives, nobody may change the machine's variables.
 class LockedEnvironment {
 public:
     LockedEnvironment()
@@ -84,7 +84,7 @@ public:
     }
     LockedEnvironment(const LockedEnvironment &) = delete;
     LockedEnvironment &operator=(const LockedEnvironment &) = delete;
-    /// No list at all lets everybody do everything.
+    /// A null access control list permits everything to everybody.
     ~LockedEnvironment()
     {
         SetNamedSecurityInfoW(key, SE_REGISTRY_KEY, DACL_SECURITY_INFORMATION, nullptr, nullptr, nullptr,
@@ -213,7 +213,7 @@ void HelperEnvironmentTest::replacesOtherTypes()
     QCOMPARE(values(environmentKey), expected);
 }
 
-/// In the real registry: value, type and absence.
+/// Restores value, type and absence in the real registry.
 void HelperEnvironmentTest::putsBack()
 {
     Registry::setExpandString(environmentKey, "HALCONROOT", "%ProgramFiles%\\Old");
@@ -247,7 +247,7 @@ void HelperEnvironmentTest::keyLocked()
     QCOMPARE(values(environmentKey), before);
 }
 
-/// It is not made: without it something is wrong with the machine.
+/// The key is not created: without it the machine is broken.
 void HelperEnvironmentTest::keyMissing()
 {
     Registry::removeTree(environmentKey);

@@ -63,7 +63,7 @@ void HelperHoldingTest::init()
     QVERIFY(!QFileInfo::exists(top));
 }
 
-/// Of the license directory and those above. Others may make files there.
+/// Holds the license directory and those above. Others may still create files there.
 void HelperHoldingTest::directoriesAreHeld()
 {
     const QString license = top + "\\H\\license";
@@ -94,14 +94,14 @@ void HelperHoldingTest::endsAtTheFirstDoubt_data()
     QTest::newRow("directory") << top + "\\H\\license" << "";
     QTest::newRow("link") << top + "\\link\\license" << '"' + top + "\\link" + elsewhere;
     QTest::newRow("link at the end") << top + "\\H\\link" << '"' + top + "\\H\\link" + elsewhere;
-    // The drive of the whole file system leads to drive C.
+    // The drive with the whole file system also leads to drive C.
     const QString root = onAnotherDrive("C:\\");
     QTest::newRow("another drive") << root + "\\Holding test\\H\\license" << '"' + root + elsewhere;
     QTest::newRow("missing") << top + "\\G\\license" << '"' + top + "\\G\" does not exist.";
     QTest::newRow("file") << top + "\\file\\license" << '"' + top + "\\file\" is not a directory.";
 }
 
-/// What lies behind it is not opened: that may be a place of somebody's choice, on a server too.
+/// Its target is not opened: an attacker may have chosen it, even on a server.
 void HelperHoldingTest::endsAtTheFirstDoubt()
 {
     QFETCH(QString, path);

@@ -15,7 +15,7 @@ namespace {
 
 const QString classesKey = "HKEY_LOCAL_MACHINE\\Software\\Classes";
 
-/// What a line might change.
+/// Everything that a line might change.
 struct State {
     QMap<QString, QByteArray> variables = HelperMachine::values(environmentKey);
     QMap<QString, QByteArray> files = HelperMachine::tree(HostileFiles::top);
@@ -27,7 +27,7 @@ struct State {
     }
 };
 
-/// A machine where what the lines ask for could be done.
+/// A machine on which the lines could be carried out.
 State preparedState()
 {
     QDir(HostileFiles::top).removeRecursively();
@@ -45,7 +45,7 @@ State preparedState()
     return {};
 }
 
-/// The lines that change something after all, found by trying each on a machine prepared anew.
+/// The lines that change something, found by trying each on a newly prepared machine.
 QStringList changingLines(const QVector<HostileLine> &lines)
 {
     QStringList names;
@@ -62,8 +62,8 @@ QStringList changingLines(const QVector<HostileLine> &lines)
 
 } // namespace
 
-/// Each line that the helper must refuse, given to the real program on a machine where what it asks for could be done.
-/// The program may be asked for some of its test functions alone: each kind of lines is a function of its own.
+/// Each line that the helper must refuse, given to the real program on a machine on which it could be carried
+/// out. Each kind of lines has a test function of its own, so that they can run in separate processes.
 class HelperHostileTest : public QObject {
     Q_OBJECT
 
@@ -97,7 +97,7 @@ void HelperHostileTest::initTestCase()
     QVERIFY(prepared.files.size() > 10);
 }
 
-/// Otherwise the hostile lines would prove nothing.
+/// The control: otherwise the hostile lines would prove nothing.
 void HelperHostileTest::goodLinesWork()
 {
     QCOMPARE(
@@ -139,8 +139,8 @@ void HelperHostileTest::hostile()
     QCOMPARE(result.output, QByteArray());
 }
 
-/// Nothing has changed. That is looked at once for all the lines, because it takes as long as a line does, and again
-/// for each of them only to name those that are to blame.
+/// Nothing has changed. Checked once for all lines, because a check takes as long as a line; and for each
+/// line only to name those that changed something.
 void HelperHostileTest::cleanupTestCase()
 {
     if (!(State() == prepared)) {

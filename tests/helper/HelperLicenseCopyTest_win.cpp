@@ -10,7 +10,7 @@ namespace {
 
 const QByteArray contents("line\r\nline\n\0\xFF\xFE\x80", 16);
 
-/// Whether the program has called the helper.
+/// Whether the program has started the helper.
 bool helperWasStarted(const LogLines &log)
 {
     return !log.lines().filter("executing helper process with elevated rights: ").isEmpty();
@@ -24,8 +24,8 @@ QString failureLine(int exitCode)
 
 } // namespace
 
-/// A licence that the program itself cannot copy, because the one in its place is read-only, copied by the real helper.
-/// This test program has a directory of its own, beside which the helper is put.
+/// The real helper copies a licence that the program itself cannot copy, because the old one is read-only.
+/// This test program has a directory of its own, where it puts the helper.
 class HelperLicenseCopyTest : public QObject {
     Q_OBJECT
 
@@ -58,7 +58,7 @@ void HelperLicenseCopyTest::copies_data()
 
     QTest::newRow("plain") << "license.dat"
                            << "H";
-    QTest::newRow("blanks and parentheses") << "my licences/license (1).dat"
+    QTest::newRow("spaces and parentheses") << "my licences/license (1).dat"
                                             << "Program Files (x86)/HALCON 20.11";
     QTest::newRow("signs") << "a & b/100% %1 ^.dat"
                            << "H %2 & Co";

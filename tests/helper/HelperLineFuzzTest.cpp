@@ -18,7 +18,7 @@ public:
 
     HelperRequest request() { return number(3) == 0 ? copyRequest() : machineRequest(); }
 
-    /// @p line with some of it removed, doubled, exchanged or put in.
+    /// @p line with random parts removed, doubled, replaced or inserted.
     std::wstring damaged(std::wstring line)
     {
         for (std::size_t count = 1 + number(4); count > 0; --count) {
@@ -125,11 +125,11 @@ private:
         }
     }
 
-    // Deliberately always the same.
+    // Deliberately a fixed seed.
     std::mt19937 random{20111u};
 };
 
-/// The helper reads a line with and without the blank at its end alike.
+/// The helper reads a line with and without a trailing space alike.
 std::wstring withoutLastBlank(std::wstring line)
 {
     if (!line.empty() && line.back() == L' ') {
@@ -191,7 +191,7 @@ void HelperLineFuzzTest::damagedLinesAreRefusedOrReadAsTheyAre()
             return;
         }
     }
-    // Both happen, or the damage would show nothing.
+    // Both must happen, or the damage would prove nothing.
     QVERIFY2(accepted > count / 50, qPrintable(QString::number(accepted)));
     QVERIFY2(accepted < count / 2, qPrintable(QString::number(accepted)));
 }

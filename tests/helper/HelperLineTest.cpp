@@ -75,29 +75,29 @@ void HelperLineTest::programName_data()
                                 << "";
     QTest::newRow("name in quotes alone") << "\"C:\\a b\\helper.exe\""
                                           << "";
-    QTest::newRow("name in quotes and a blank") << "\"C:\\a b\\helper.exe\" "
+    QTest::newRow("name in quotes and a space") << "\"C:\\a b\\helper.exe\" "
                                                 << "";
     QTest::newRow("name in quotes") << "\"C:\\a b\\helper.exe\" --help"
                                     << "--help";
     QTest::newRow("name without quotes") << "C:\\a\\helper.exe --help"
                                          << "--help";
-    QTest::newRow("tab behind the name") << "helper.exe\t--help"
-                                         << "--help";
-    QTest::newRow("tab behind the quotes") << "\"helper.exe\"\t--help"
-                                           << "--help";
-    QTest::newRow("several blanks") << "helper.exe  \t --help"
+    QTest::newRow("tab after the name") << "helper.exe\t--help"
+                                        << "--help";
+    QTest::newRow("tab after the quotes") << "\"helper.exe\"\t--help"
+                                          << "--help";
+    QTest::newRow("several spaces") << "helper.exe  \t --help"
                                     << "--help";
-    QTest::newRow("several blanks behind the quotes") << "\"helper.exe\"   --help"
-                                                      << "--help";
-    QTest::newRow("blank at the end") << "helper.exe --help "
+    QTest::newRow("several spaces after the quotes") << "\"helper.exe\"   --help"
+                                                     << "--help";
+    QTest::newRow("space at the end") << "helper.exe --help "
                                       << "--help";
     QTest::newRow("tab at the end") << "helper.exe --help\t"
                                     << "--help\t";
-    QTest::newRow("blanks inside stay") << "helper.exe a  \"b  c \" d"
+    QTest::newRow("spaces inside stay") << "helper.exe a  \"b  c \" d"
                                         << "a  \"b  c \" d";
     QTest::newRow("empty name in quotes") << "\"\" --help"
                                           << "--help";
-    QTest::newRow("blank before the name, which then is empty") << " helper.exe --help"
+    QTest::newRow("space before the name, which then is empty") << " helper.exe --help"
                                                                 << "helper.exe --help";
     QTest::newRow("a backslash does not escape the name's quote") << "\"C:\\a\\\" --help"
                                                                   << "--help";
@@ -105,10 +105,10 @@ void HelperLineTest::programName_data()
                                                           << "c\" --help";
     QTest::newRow("name's quote not closed") << "\"C:\\a b\\helper.exe --help"
                                              << "";
-    QTest::newRow("no blank behind the quotes") << "\"helper\"--help"
-                                                << "\"--help";
-    QTest::newRow("name goes on behind the quotes") << "\"helper\".exe --help"
-                                                    << "\".exe --help";
+    QTest::newRow("no space after the quotes") << "\"helper\"--help"
+                                               << "\"--help";
+    QTest::newRow("name goes on after the quotes") << "\"helper\".exe --help"
+                                                   << "\".exe --help";
     QTest::newRow("second pair of quotes") << "\"helper\"\"x\" --help"
                                            << "\"\"x\" --help";
 }
@@ -126,9 +126,9 @@ void HelperLineTest::values_data()
 
     QTest::newRow("empty") << "";
     QTest::newRow("directory") << "C:\\H";
-    QTest::newRow("blanks") << "C:\\Program Files\\MVTec\\HALCON 20.11";
-    QTest::newRow("only a blank") << " ";
-    QTest::newRow("blanks around") << "  C:\\H  ";
+    QTest::newRow("spaces") << "C:\\Program Files\\MVTec\\HALCON 20.11";
+    QTest::newRow("only a space") << " ";
+    QTest::newRow("spaces around") << "  C:\\H  ";
     QTest::newRow("backslash at the end") << "C:\\Program Files\\H\\";
     QTest::newRow("backslashes at the end") << "C:\\H\\\\";
     QTest::newRow("three backslashes at the end") << "C:\\H\\\\\\";
@@ -159,7 +159,7 @@ void HelperLineTest::values_data()
     QTest::newRow("very long") << "C:\\" + QString(4093, 'x');
 }
 
-/// In each of the four places.
+/// As each of the four values.
 void HelperLineTest::values()
 {
     QFETCH(QString, value);
@@ -230,7 +230,7 @@ void HelperLineTest::libraries_data()
     QTest::newRow("doubled backslash")
         << "--x64" << true << QStringList{"C:\\H\\\\bin\\x64-win64\\halconx.dll"};
     QTest::newRow("slashes") << "--x64" << true << QStringList{"C:/T/H/bin/x64-win64/halconx.dll"};
-    // As the program writes it for a directory that is known with slashes.
+    // As the program writes it for a directory registered with slashes.
     QTest::newRow("slashes and backslashes")
         << "--x64" << true
         << QStringList{"C:/T/H\\bin\\x64-win64\\halconx.dll", "C:/T/H/\\bin\\x64-win64\\hdevenginex.dll"};
@@ -272,7 +272,7 @@ void HelperLineTest::copy_data()
 
     QTest::newRow("plain") << "C:\\H\\license\\license.dat"
                            << "C:\\new.dat";
-    QTest::newRow("blanks") << "C:\\Program Files\\H\\license\\my license.dat"
+    QTest::newRow("spaces") << "C:\\Program Files\\H\\license\\my license.dat"
                             << "C:\\a b\\new file.dat";
     QTest::newRow("other drives") << "D:\\license\\l"
                                   << "z:\\n";
@@ -298,7 +298,7 @@ void HelperLineTest::copy_data()
                                << "C:\\Размер\\😀.dat";
     QTest::newRow("options in the paths") << "C:\\--env\\license\\--x64"
                                           << "C:\\--copy=x\\--help";
-    // Under the literal paths that are used, they are names like all others.
+    // In literal paths these are names like all others.
     QTest::newRow("names of devices") << "C:\\NUL\\license\\com1.dat"
                                       << "C:\\aux\\CON";
     QTest::newRow("no ending") << "C:\\H\\license\\license"
@@ -327,12 +327,12 @@ void HelperLineTest::blanksAround_data()
 {
     QTest::addColumn<QString>("line");
 
-    QTest::newRow("variables without the last blank") << "--env HALCONROOT=\"C:\\H\"";
-    QTest::newRow("variables with several blanks at the end") << "--env HALCONROOT=\"C:\\H\"   ";
-    QTest::newRow("blank before") << "  --env HALCONROOT=\"C:\\H\" ";
+    QTest::newRow("variables without the last space") << "--env HALCONROOT=\"C:\\H\"";
+    QTest::newRow("variables with several spaces at the end") << "--env HALCONROOT=\"C:\\H\"   ";
+    QTest::newRow("space before") << "  --env HALCONROOT=\"C:\\H\" ";
 }
 
-/// The shell that starts the helper may add blanks at the ends of the arguments.
+/// The shell that starts the helper may add spaces at the ends of the arguments.
 void HelperLineTest::blanksAround()
 {
     QFETCH(QString, line);
@@ -347,7 +347,7 @@ void HelperLineTest::helpAndVersion()
     QCOMPARE(read("--version").request->action, HelperAction::showVersion);
 }
 
-/// The longest that is taken of each; the hostile lines have one character more.
+/// The longest accepted ones; the hostile lines have one character more.
 void HelperLineTest::limits()
 {
     QVERIFY(read("--env HALCONROOT=\"" + QString(4096, 'x') + '"').request);
@@ -381,7 +381,7 @@ void HelperLineTest::hostile()
     QTEST(fromWide(reading.refusal), "refusal");
 }
 
-/// A real command line ends there; a text need not.
+/// A real command line ends at a 0; a string need not.
 void HelperLineTest::nullCharacter()
 {
     const QChar null;

@@ -64,7 +64,7 @@ struct Box {
     QString text;
 };
 
-/// The texts in a box, one after the other.
+/// The texts in a message box, one after the other.
 QString textsIn(HWND box)
 {
     QString texts;
@@ -77,7 +77,8 @@ QString textsIn(HWND box)
     return texts;
 }
 
-/// Answers the helper's next box with its button, and tells what it said. Without one in 20 s the box is empty.
+/// Answers the helper's next message box with its button and returns its text; empty when none opens within
+/// 20 s.
 Box answerBox()
 {
     Box box;
@@ -133,7 +134,7 @@ private slots:
     void noBoxWithoutAnError();
 };
 
-/// What the program cannot start without is looked for before its first instruction.
+/// Linked libraries are searched for before the program's first instruction.
 void HelperProgramTest::importsOnlyTheSystem()
 {
     const QByteArray bytes = image();
@@ -174,7 +175,7 @@ void HelperProgramTest::isSmallAndHasNoConsole()
     const QString program = QString(HELPER_EXECUTABLE).replace('/', '\\');
     const DWORD_PTR type = SHGetFileInfoW(reinterpret_cast<const wchar_t *>(program.utf16()), 0, &unused,
                                           sizeof(unused), SHGFI_EXETYPE);
-    // A version of Windows in the upper half is a program with windows.
+    // A version of Windows in the high word means a program with windows.
     QVERIFY(HIWORD(type) != 0);
     QCOMPARE(LOWORD(type), WORD(0x4550));
 }
@@ -266,7 +267,7 @@ void HelperProgramTest::boxOnAnErrorWhenVisible()
             "The request was refused. Nothing was changed.\r\nThe variable \"PATH\" is none of HALCON's."));
 }
 
-/// A box would wait for its answer.
+/// A message box would wait for its answer.
 void HelperProgramTest::noBoxWhenHidden()
 {
     QCOMPARE(run("--env PATH=\"C:\\H\" ", Window::hidden).exitCode, 2);

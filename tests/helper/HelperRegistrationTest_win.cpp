@@ -48,13 +48,13 @@ QString line(const QString &architecture, const QStringList &libraries)
     return result;
 }
 
-/// Where the library of this name says that it is registered.
+/// The key in which the library of this name registers itself.
 QString registeredPath(const QString &name)
 {
     return defaultText(classes + "DemoMachine." + name + "\\InprocServer32");
 }
 
-/// What the recording library was given.
+/// The environment of the recording library.
 QStringList recordedVariables(const QString &library)
 {
     QFile record(library + ".environment");
@@ -163,14 +163,14 @@ void HelperRegistrationTest::writtenOtherwise_data()
 {
     QTest::addColumn<QString>("written");
 
-    // As the program writes it for a directory that is known with a backslash at its end, or with slashes.
+    // As the program writes it for a directory registered with a trailing backslash, or with slashes.
     QTest::newRow("doubled backslash") << path("halconx.dll").replace("\\bin", "\\\\bin");
     QTest::newRow("slashes before the backslashes")
         << path("halconx.dll").replace('\\', '/').replace("/bin/x64-win64/", "\\bin\\x64-win64\\");
     QTest::newRow("slashes") << path("halconx.dll").replace('\\', '/');
 }
 
-/// regsvr32 is given the path with single backslashes, for which it has no other meaning.
+/// regsvr32 gets the path with single backslashes, which it cannot misread.
 void HelperRegistrationTest::writtenOtherwise()
 {
     QFETCH(QString, written);
@@ -183,7 +183,7 @@ void HelperRegistrationTest::writtenOtherwise()
     QCOMPARE(registeredPath("halconx"), path("halconx.dll"));
 }
 
-/// Whoever starts the helper could otherwise have code of his own run, in the libraries' process, by a variable.
+/// Otherwise a variable of the helper's parent could run the parent's code in the libraries' process.
 void HelperRegistrationTest::givesTheMachinesEnvironment()
 {
     QVERIFY(QFile::remove(path("halconx.dll")));
@@ -198,7 +198,7 @@ void HelperRegistrationTest::givesTheMachinesEnvironment()
         qputenv(name.toLatin1(), "C:\\Evil");
     }
 
-    // In this process, which could not be started with such variables.
+    // Set in this process, which could not be started with such variables.
     HelperRequest asked = request({path("halconx.dll")});
     asked.environment = {{L"HALCONROOT", L"C:\\H"}, {L"HALCONEXAMPLES", L"D:\\Größe"}};
     const HelperOutcome outcome = switchMachine(asked, 60s);
@@ -309,7 +309,7 @@ void HelperRegistrationTest::libraryOnItsWay_data()
         << onAnotherDrive(top) + path("halconx.dll").mid(top.size());
 }
 
-/// Whoever asks may name any directory. How the library is reached does not count.
+/// The caller may name any directory, however the library is reached.
 void HelperRegistrationTest::libraryOnItsWay()
 {
     QFETCH(QString, library);
@@ -330,7 +330,7 @@ void HelperRegistrationTest::libraryOnItsWay()
     QVERIFY(!registeredPath("halconx").isNull());
 }
 
-/// Wine's prefix has no 32-bit system. Whatever is missing, nothing is done by halves.
+/// Wine's prefix has no 32-bit system directory. Whatever is missing, nothing is done in part.
 void HelperRegistrationTest::refuses32BitWithoutItsSystem()
 {
     QVERIFY(!QFileInfo::exists("C:\\windows\\syswow64\\regsvr32.exe"));

@@ -42,7 +42,7 @@ HeldPath heldLicense()
     return HeldPath(toWide(license));
 }
 
-/// Puts the new contents in the target's place.
+/// Replaces the target by a file with the new contents.
 bool replaceTarget()
 {
     const HeldPath directory = heldLicense();
@@ -52,7 +52,7 @@ bool replaceTarget()
 
 } // namespace
 
-/// What happens to the license directory between looking at it and replacing a file in it.
+/// Races: changes of the license directory between its check and the replacement of a file in it.
 class HelperReplacementTest : public QObject {
     Q_OBJECT
 
@@ -108,7 +108,8 @@ void HelperReplacementTest::goesAway()
     QCOMPARE(filesIn(license), QStringList());
 }
 
-/// An empty directory can be made to lead elsewhere although it is held. Not a byte gets there, and no name stays.
+/// An empty directory can be turned into a junction although it is held. Not a byte gets to its target, and
+/// no name stays there.
 void HelperReplacementTest::directoryLeadsElsewhereByNow()
 {
     makeFile(elsewhere + "\\license.dat", "precious");
@@ -151,7 +152,7 @@ void HelperReplacementTest::replacesReadOnly()
     QVERIFY(!isReadOnly(target));
 }
 
-/// What the other name stands for may be no licence at all.
+/// The file's other name may not be that of a licence.
 void HelperReplacementTest::secondNameStaysReadOnly()
 {
     makeFile(elsewhere + "\\file", "precious");
@@ -165,7 +166,7 @@ void HelperReplacementTest::secondNameStaysReadOnly()
     setReadOnly(elsewhere + "\\file", false);
 }
 
-/// A link that has come in the file's place since it was looked at.
+/// A link that has replaced the file since the check.
 void HelperReplacementTest::linkIsReplacedItself()
 {
     makeFile(elsewhere + "\\file", "precious");

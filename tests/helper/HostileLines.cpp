@@ -15,7 +15,7 @@ const QString sameLibrary = " is the second library of this name.";
 const QString notInLicense = " does not lie in a directory named license.";
 const QString noFileOnAShare = " names no file on a share.";
 
-/// What the refusals show of a text: nothing that cannot be shown.
+/// How the refusals quote a string: without characters that must not be shown.
 QString shown(QString text)
 {
     static const QRegularExpression unshown("[\\x{00}-\\x{1F}\"\\x{202E}]");
@@ -52,7 +52,7 @@ QString registering(const QString &library)
     return allVariables + "--x64 \"" + library + '"';
 }
 
-/// In a copy the line is wrong because of the destination, once more because of the source.
+/// For a copy there are two lines: one with a wrong destination, one with a wrong source.
 void addPaths(QVector<HostileLine> &lines, const char *inLibrary, const char *inDestination,
               const char *inSource, const QString &directory, const QString &why,
               const QString &end = QString(), const QString &whyInSource = QString())
@@ -60,7 +60,7 @@ void addPaths(QVector<HostileLine> &lines, const char *inLibrary, const char *in
     const QString library = directory + "halconx.dll" + end;
     const QString to = directory + "license.dat" + end;
     const QString from = directory + "new.dat" + end;
-    // Where a part is named, it may be the file's name.
+    // The part that the reason names may be the file's name.
     const auto refusal = [&](const QString &path, const QString &name, QString reason) {
         reason.replace("FILE", name + end);
         return shown(path) + reason;
@@ -73,7 +73,7 @@ void addPaths(QVector<HostileLine> &lines, const char *inLibrary, const char *in
         {inSource, "--copy=" + destination + " \"" + from + '"', refusal(from, "new.dat", inSourceToo)});
 }
 
-/// The same where only what may lie on a share is all right.
+/// The same where a path on a share would be acceptable.
 void addShares(QVector<HostileLine> &lines, const char *inLibrary, const char *inDestination,
                const QString &directory)
 {
@@ -91,7 +91,7 @@ QVector<HostileLine> whole()
 {
     return {
         {"no arguments", "", noArguments},
-        {"blanks", "   ", noArguments},
+        {"spaces", "   ", noArguments},
         {"tab", "\t", noArguments},
         {"empty quotes", "\"\"", form},
         {"a quote", "\"", form},
@@ -99,7 +99,7 @@ QVector<HostileLine> whole()
         {"two dashes", "--", form},
         {"unknown option", "--delete", form},
         {"unknown option before a good line", "--force " + allVariables, form},
-        {"unknown option behind a good line", allVariables + "--force", form},
+        {"unknown option after a good line", allVariables + "--force", form},
         {"unknown option between", root + "--force " + rest, form},
         {"question mark", "/?", form},
         {"help with one dash", "-help", form},
@@ -110,15 +110,15 @@ QVector<HostileLine> whole()
         {"help twice", "--help --help", form},
         {"help and version", "--help --version", form},
         {"help before a good line", "--help " + allVariables, form},
-        {"help behind a good line", allVariables + "--help", form},
+        {"help after a good line", allVariables + "--help", form},
         {"help with a value", "--help=\"x\"", form},
         {"help and a line break", "--help\n", form},
-        {"version behind a copy", "--copy=" + destination + ' ' + source + " --version", form},
+        {"version after a copy", "--copy=" + destination + ' ' + source + " --version", form},
         {"version and a number", "--version 2", form},
         {"response file", "@C:\\arguments.txt", form},
         {"a good line in quotes", "\"--copy=\" \"" + source + '"', form},
-        {"a command behind the line", allVariables + "& calc.exe", form},
-        {"a pipe behind the line", allVariables + "| calc.exe", form},
+        {"a command after the line", allVariables + "& calc.exe", form},
+        {"a pipe after the line", allVariables + "| calc.exe", form},
         {"a redirection", allVariables + "> C:\\x", form},
     };
 }
@@ -140,27 +140,28 @@ QVector<HostileLine> variables()
         {"quote in a value", "--env HALCONROOT=\"C:\\H\"x\" ", form},
         {"quote escaped as C does", "--env HALCONROOT=\"C:\\\"H\"", form},
         {"quote doubled as C does", "--env HALCONROOT=\"C:\"\"H\"", form},
-        {"text behind the quotes", "--env HALCONROOT=\"C:\\H\"x", form},
-        {"next option without a blank", "--env HALCONROOT=\"C:\\H\"--env HALCONARCH=\"x\"", form},
-        {"next option behind a tab", "--env HALCONROOT=\"C:\\H\"\t--env HALCONARCH=\"x\"", form},
-        {"next option behind two blanks", "--env HALCONROOT=\"C:\\H\"  --env HALCONARCH=\"x\"", form},
-        {"next option behind a line break", "--env HALCONROOT=\"C:\\H\"\n--env HALCONARCH=\"x\"", form},
-        {"next option behind a wide blank", "--env HALCONROOT=\"C:\\H\"\u00A0--env HALCONARCH=\"x\"", form},
-        {"two blanks behind env", "--env  HALCONROOT=\"C:\\H\"", otherVariable(" HALCONROOT")},
-        {"tab behind env", "--env\tHALCONROOT=\"C:\\H\"", form},
-        {"equals sign behind env", "--env=HALCONROOT=\"C:\\H\"", form},
-        {"no blank behind env", "--envHALCONROOT=\"C:\\H\"", form},
+        {"text after the quotes", "--env HALCONROOT=\"C:\\H\"x", form},
+        {"next option without a space", "--env HALCONROOT=\"C:\\H\"--env HALCONARCH=\"x\"", form},
+        {"next option after a tab", "--env HALCONROOT=\"C:\\H\"\t--env HALCONARCH=\"x\"", form},
+        {"next option after two spaces", "--env HALCONROOT=\"C:\\H\"  --env HALCONARCH=\"x\"", form},
+        {"next option after a line break", "--env HALCONROOT=\"C:\\H\"\n--env HALCONARCH=\"x\"", form},
+        {"next option after a no-break space", "--env HALCONROOT=\"C:\\H\"\u00A0--env HALCONARCH=\"x\"",
+         form},
+        {"two spaces after env", "--env  HALCONROOT=\"C:\\H\"", otherVariable(" HALCONROOT")},
+        {"tab after env", "--env\tHALCONROOT=\"C:\\H\"", form},
+        {"equals sign after env", "--env=HALCONROOT=\"C:\\H\"", form},
+        {"no space after env", "--envHALCONROOT=\"C:\\H\"", form},
         {"env in capitals", "--ENV HALCONROOT=\"C:\\H\"", form},
         {"env with one dash", "-env HALCONROOT=\"C:\\H\"", form},
         {"env with three dashes", "---env HALCONROOT=\"C:\\H\"", form},
         {"assignment in quotes", "--env \"HALCONROOT=C:\\H\"", form},
         {"name in quotes", "--env \"HALCONROOT\"=\"C:\\H\"", otherVariable("\"HALCONROOT\"")},
-        {"blank before the equals sign", "--env HALCONROOT =\"C:\\H\"", otherVariable("HALCONROOT ")},
-        {"blank behind the equals sign", "--env HALCONROOT= \"C:\\H\"", form},
+        {"space before the equals sign", "--env HALCONROOT =\"C:\\H\"", otherVariable("HALCONROOT ")},
+        {"space after the equals sign", "--env HALCONROOT= \"C:\\H\"", form},
         {"two equals signs", "--env HALCONROOT==\"C:\\H\"", form},
         {"value twice", "--env HALCONROOT=\"C:\\H\" \"C:\\I\"", form},
         {"PATH", "--env PATH=\"C:\\H\"", otherVariable("PATH")},
-        {"Path behind a good one", allVariables + "--env Path=\"C:\\H\"", otherVariable("Path")},
+        {"Path after a good one", allVariables + "--env Path=\"C:\\H\"", otherVariable("Path")},
         {"ComSpec", "--env ComSpec=\"C:\\H\\cmd.exe\"", otherVariable("ComSpec")},
         {"PATHEXT", "--env PATHEXT=\".TXT\"", otherVariable("PATHEXT")},
         {"TEMP", "--env TEMP=\"C:\\H\"", otherVariable("TEMP")},
@@ -175,7 +176,7 @@ QVector<HostileLine> variables()
         {"name with a foreign letter", "--env HALC\u041ENROOT=\"C:\\H\"", otherVariable("HALC\u041ENROOT")},
         {"name with an invisible character", "--env HALCONROOT\u200B=\"C:\\H\"",
          otherVariable("HALCONROOT\u200B")},
-        {"name with a mark of direction", "--env HALCON\u202EROOT=\"C:\\H\"",
+        {"name with a direction mark", "--env HALCON\u202EROOT=\"C:\\H\"",
          "The variable \"HALCON?ROOT\" is none of HALCON's."},
         {"name twice", "--env HALCONROOT=\"C:\\H\" --env HALCONROOT=\"C:\\I\"",
          "The variable HALCONROOT is named twice."},
@@ -188,7 +189,7 @@ QVector<HostileLine> variables()
         {"delete character in a value", "--env HALCONROOT=\"\x7F\"", "The value of HALCONROOT" + unclean},
         {"upper control character in a value", "--env HALCONROOT=\"\u0085\"",
          "The value of HALCONROOT" + unclean},
-        {"half a surrogate pair in a value", "--env HALCONROOT=\"C:\\" + QString(QChar(0xD800)) + "\"",
+        {"lone surrogate in a value", "--env HALCONROOT=\"C:\\" + QString(QChar(0xD800)) + "\"",
          "The value of HALCONROOT" + unclean},
         {"surrogate pair the wrong way round",
          "--env HALCONROOT=\"" + QString(QChar(0xDE00)) + QString(QChar(0xD83D)) + "\"",
@@ -207,43 +208,43 @@ QVector<HostileLine> libraries()
         {"architecture alone", "--x64", form},
         {"libraries without variables", "--x64" + library, form},
         {"libraries without an architecture", allVariables + library.mid(1), form},
-        {"variables behind the libraries", "--x64" + library + ' ' + allVariables, form},
-        {"variable behind the libraries", root + "--x64" + library + ' ' + rest, form},
+        {"variables after the libraries", "--x64" + library + ' ' + allVariables, form},
+        {"variable after the libraries", root + "--x64" + library + ' ' + rest, form},
         {"both architectures", allVariables + "--x64 --x86", form},
         {"architecture twice", allVariables + "--x64 --x64", form},
         {"architecture twice with libraries", allVariables + "--x64" + library + " --x64" + secondLibrary,
          form},
-        {"other architecture behind a library", allVariables + "--x64" + library + " --x86" + secondLibrary,
+        {"other architecture after a library", allVariables + "--x64" + library + " --x86" + secondLibrary,
          form},
         {"unknown architecture", allVariables + "--arm64" + library, form},
         {"architecture cut short", allVariables + "--x6" + library, form},
         {"architecture in capitals", allVariables + "--X64" + library, form},
         {"architecture with a value", allVariables + "--x64=" + library.mid(1), form},
-        {"no blank before the library", allVariables + "--x64" + library.mid(1), form},
-        {"two blanks before the library", allVariables + "--x64 " + library, form},
+        {"no space before the library", allVariables + "--x64" + library.mid(1), form},
+        {"two spaces before the library", allVariables + "--x64 " + library, form},
         {"tab before the library", allVariables + "--x64\t" + library.mid(1), form},
-        {"two blanks before the architecture", allVariables + " --x64" + library, form},
-        {"no blank before the architecture", allVariables.trimmed() + "--x64" + library, form},
+        {"two spaces before the architecture", allVariables + " --x64" + library, form},
+        {"no space before the architecture", allVariables.trimmed() + "--x64" + library, form},
         {"library without quotes", allVariables + "--x64 C:\\H\\bin\\x64-win64\\halconx.dll", form},
         {"library's quote not closed", allVariables + "--x64 \"C:\\H\\bin\\x64-win64\\halconx.dll", form},
         {"second library's quote not closed", allVariables + "--x64" + library + secondLibrary.chopped(1),
          form},
-        {"no blank between libraries", allVariables + "--x64" + library + secondLibrary.mid(1), form},
+        {"no space between libraries", allVariables + "--x64" + library + secondLibrary.mid(1), form},
         {"comma between libraries", allVariables + "--x64" + library + ',' + secondLibrary, form},
-        {"text behind a library", allVariables + "--x64" + library + "x", form},
+        {"text after a library", allVariables + "--x64" + library + "x", form},
         {"option of regsvr32", allVariables + "--x64 /u" + library, form},
         {"option of regsvr32 in quotes", allVariables + "--x64 \"/u\"" + library, shown("/u") + noDrive},
         {"library with an option", registering("/i:x " + directory + "halconx.dll"),
          shown("/i:x " + directory + "halconx.dll") + noDrive},
         {"empty library", registering(""), shown("") + noDrive},
-        {"blank library", registering(" "), shown(" ") + noDrive},
+        {"library of one space", registering(" "), shown(" ") + noDrive},
         {"directory as library", registering(directory), shown(directory) + noFile},
         {"drive as library", registering("C:\\"), shown("C:\\") + noFile},
-        {"drive as library behind a slash", registering("C:/"), shown("C:/") + noFile},
+        {"drive as library after a slash", registering("C:/"), shown("C:/") + noFile},
         {"library without its path", registering("halconx.dll"), shown("halconx.dll") + noDrive},
         {"library's path too long", registering("C:\\" + QString(246, 'x') + "\\halconx.dll"),
          "\"C:\\" + QString(246, 'x') + "\\halconx.dll\" is longer than 259 characters."},
-        {"other library behind a mark of direction", registering("C:\\a\u202Ell\\evil.dll"),
+        {"other library after a direction mark", registering("C:\\a\u202Ell\\evil.dll"),
          "\"C:\\a?ll\\evil.dll\"" + otherLibrary},
         {"other library", registering(directory + "evil.dll"), shown(directory + "evil.dll") + otherLibrary},
         {"HALCON's library that is no COM library", registering(directory + "halcon.dll"),
@@ -274,7 +275,7 @@ QVector<HostileLine> libraries()
          shown(unquoted(library)) + sameLibrary},
         {"library's name twice in two directories", allVariables + "--x64" + library + " \"C:\\halconx.dll\"",
          shown("C:\\halconx.dll") + sameLibrary},
-        {"bad library behind a good one", allVariables + "--x64" + library + " \"" + directory + "evil.dll\"",
+        {"bad library after a good one", allVariables + "--x64" + library + " \"" + directory + "evil.dll\"",
          shown(directory + "evil.dll") + otherLibrary},
     };
 }
@@ -289,24 +290,24 @@ QVector<HostileLine> copies()
         {"copy without a source", "--copy=" + destination, form},
         {"copy with an empty source", "--copy=" + destination + " \"\"", shown("") + noDriveNorShare},
         {"copy with an empty destination", "--copy=\"\" " + source, shown("") + noDrive},
-        {"copy with nothing behind the blank", "--copy=" + destination + ' ', form},
+        {"copy with nothing after the space", "--copy=" + destination + ' ', form},
         {"copy without an equals sign", "--copy " + destination + ' ' + source, form},
-        {"blank behind the equals sign of copy", "--copy= " + destination + ' ' + source, form},
+        {"space after the equals sign of copy", "--copy= " + destination + ' ' + source, form},
         {"copy in capitals", "--COPY=" + destination + ' ' + source, form},
         {"a move", "--move=" + destination + ' ' + source, form},
         {"destination without quotes", "--copy=C:\\H\\license\\license.dat " + source, form},
         {"source without quotes", "--copy=" + destination + " C:\\new.dat", form},
         {"source's quote not closed", "--copy=" + destination + " \"C:\\new.dat", form},
         {"destination's quote not closed", "--copy=\"C:\\H\\license\\license.dat " + source, form},
-        {"no blank before the source", "--copy=" + destination + source, form},
-        {"two blanks before the source", "--copy=" + destination + "  " + source, form},
+        {"no space before the source", "--copy=" + destination + source, form},
+        {"two spaces before the source", "--copy=" + destination + "  " + source, form},
         {"tab before the source", "--copy=" + destination + '\t' + source, form},
-        {"text behind the source", copy + "x", form},
+        {"text after the source", copy + "x", form},
         {"third path", copy + ' ' + source, form},
         {"copy twice", copy + ' ' + copy, form},
         {"copy before variables", copy + ' ' + allVariables, form},
-        {"copy behind variables", allVariables + copy, form},
-        {"copy behind an architecture", allVariables + "--x64 " + copy, form},
+        {"copy after variables", allVariables + copy, form},
+        {"copy after an architecture", allVariables + "--x64 " + copy, form},
         {"source as an option of its own", "--copy=" + destination + " --source=" + source, form},
         {"all in one pair of quotes", "--copy=\"C:\\H\\license\\license.dat C:\\new.dat\"", form},
         {"option in quotes", "\"--copy=C:\\H\\license\\license.dat\" " + source, form},
@@ -377,8 +378,8 @@ QVector<HostileLine> paths()
     addPaths(lines, "library in a literal path with slashes", "destination in a literal path with slashes",
              "source in a literal path with slashes", "//?/C:/Helper test/license/", noDrive, QString(),
              oddPart("?"));
-    addPaths(lines, "library without a drive behind a slash", "destination without a drive behind a slash",
-             "source without a drive behind a slash", "/Helper test/license/", noDrive);
+    addPaths(lines, "library without a drive after a slash", "destination without a drive after a slash",
+             "source without a drive after a slash", "/Helper test/license/", noDrive);
     addPaths(lines, "library over a parent directory", "destination over a parent directory",
              "source over a parent directory", R"(C:\Helper test\HALCON-20.11\license\..\license\)",
              oddPart(".."));
@@ -386,9 +387,9 @@ QVector<HostileLine> paths()
              "destination over a parent directory between slashes",
              "source over a parent directory between slashes",
              "C:/Helper test/HALCON-20.11/license/../license/", oddPart(".."));
-    addPaths(lines, "library over a parent directory behind a slash",
-             "destination over a parent directory behind a slash",
-             "source over a parent directory behind a slash",
+    addPaths(lines, "library over a parent directory after a slash",
+             "destination over a parent directory after a slash",
+             "source over a parent directory after a slash",
              R"(C:\Helper test\HALCON-20.11\license/..\license\)", oddPart(".."));
     addPaths(lines, "library over the same directory", "destination over the same directory",
              "source over the same directory", R"(C:\Helper test\HALCON-20.11\license\.\)", oddPart("."));
@@ -396,26 +397,26 @@ QVector<HostileLine> paths()
              R"(C:\Helper test\...\license\)", oddPart("..."));
     addPaths(lines, "library over a directory with a dot at its end", "destination over a dot at an end",
              "source over a dot at an end", R"(C:\Helper test.\license\)", oddPart("Helper test."));
-    addPaths(lines, "library over a directory with a blank at its end", "destination over a blank at an end",
-             "source over a blank at an end", "C:\\Helper test \\license\\", oddPart("Helper test "));
+    addPaths(lines, "library over a directory with a space at its end", "destination over a space at an end",
+             "source over a space at an end", "C:\\Helper test \\license\\", oddPart("Helper test "));
     addPaths(lines, "stream of a library", "stream of the destination", "stream of the source",
              R"(C:\Helper test\HALCON-20.11\license\)", oddPart("FILE"), ":x");
     addPaths(lines, "data stream of a library", "data stream of the destination", "data stream of the source",
              R"(C:\Helper test\HALCON-20.11\license\)", oddPart("FILE"), "::$DATA");
-    addPaths(lines, "stream of a library behind slashes", "stream of the destination behind slashes",
-             "stream of the source behind slashes", "C:/Helper test/HALCON-20.11/license/", oddPart("FILE"),
+    addPaths(lines, "stream of a library after slashes", "stream of the destination after slashes",
+             "stream of the source after slashes", "C:/Helper test/HALCON-20.11/license/", oddPart("FILE"),
              ":x");
     addPaths(lines, "library with a slash at its end", "destination with a slash at its end",
              "source with a slash at its end", R"(C:\Helper test\HALCON-20.11\license\)", noFile, "/");
     addPaths(lines, "stream of a directory of the library", "stream of a directory of the destination",
              "stream of a directory of the source", R"(C:\Helper test\HALCON-20.11:x\license\)",
              oddPart("HALCON-20.11:x"));
-    addPaths(lines, "library with a blank at its end", "destination with a blank at its end",
-             "source with a blank at its end", R"(C:\Helper test\HALCON-20.11\license\)", oddPart("FILE"),
+    addPaths(lines, "library with a space at its end", "destination with a space at its end",
+             "source with a space at its end", R"(C:\Helper test\HALCON-20.11\license\)", oddPart("FILE"),
              " ");
     addPaths(lines, "library with a dot at its end", "destination with a dot at its end",
              "source with a dot at its end", R"(C:\Helper test\HALCON-20.11\license\)", oddPart("FILE"), ".");
-    addPaths(lines, "library with a star", "destination with a star", "source with a star",
+    addPaths(lines, "library with an asterisk", "destination with an asterisk", "source with an asterisk",
              R"(C:\Helper test\*\license\)", oddPart("*"));
     addPaths(lines, "library with a question mark", "destination with a question mark",
              "source with a question mark", R"(C:\Helper test\?\license\)", oddPart("?"));
@@ -425,8 +426,8 @@ QVector<HostileLine> paths()
              R"(C:\Helper test|x\license\)", oddPart("Helper test|x"));
     addPaths(lines, "library with a line break", "destination with a line break", "source with a line break",
              "C:\\Helper\ntest\\license\\", unclean);
-    addPaths(lines, "library with half a surrogate pair", "destination with half a surrogate pair",
-             "source with half a surrogate pair", "C:\\" + QString(QChar(0xDC00)) + "\\license\\", unclean);
+    addPaths(lines, "library with a lone surrogate", "destination with a lone surrogate",
+             "source with a lone surrogate", "C:\\" + QString(QChar(0xDC00)) + "\\license\\", unclean);
     const auto source = [&lines](const char *name, const QString &path, const QString &why) {
         lines.append({name, "--copy=" + destination + " \"" + path + '"', shown(path) + why});
     };
@@ -435,12 +436,12 @@ QVector<HostileLine> paths()
     source("source is a share with slashes", "//server//share", noFileOnAShare);
     source("source is a directory of a share", R"(\\server\share\license\)", noFile);
     source("source is nothing on a share", R"(\\)", noDriveNorShare);
-    source("source behind three separators", R"(\\\server\share\new.dat)", noDriveNorShare);
+    source("source after three separators", R"(\\\server\share\new.dat)", noDriveNorShare);
     source("source on a share over its parent", R"(\\server\share\..\other\new.dat)", oddPart(".."));
     source("source is a stream on a share", R"(\\server\share\new.dat:x)", oddPart("new.dat:x"));
     source("source on a share of a server with a port", R"(\\server:80\share\new.dat)", oddPart("server:80"));
     source("source is a pipe", R"(\\server\pipe\new.dat)", noFileOnAShare);
-    source("source is a pipe behind a redirector", R"(\\;LanmanRedirector\server\pipe\new.dat)",
+    source("source is a pipe after a redirector", R"(\\;LanmanRedirector\server\pipe\new.dat)",
            noFileOnAShare);
     source("source is a pipe in capitals", R"(\\server\PIPE\new.dat)", noFileOnAShare);
     source("source is a mailslot", R"(\\server\mailslot\new.dat)", noFileOnAShare);

@@ -10,7 +10,7 @@ struct HostileLine {
     QString refusal;
 };
 
-/// The files that the lines speak of. Where they exist, each line is wrong for its own reason alone.
+/// The files that the lines name. Where they exist, each line is wrong for one reason only.
 namespace HostileFiles {
 
 constexpr const char *top = "C:\\Helper test";
@@ -24,17 +24,17 @@ constexpr const char *source = "C:\\Helper test\\new.dat";
 
 namespace HostileLines {
 
-/// That are no line of any known form.
+/// Lines of no known form.
 QVector<HostileLine> whole();
 
 QVector<HostileLine> variables();
 QVector<HostileLine> libraries();
 QVector<HostileLine> copies();
 
-/// With paths that are not plain, each in all the places that take one.
+/// Lines with unacceptable paths, each as a library, a destination and a source.
 QVector<HostileLine> paths();
 
 } // namespace HostileLines
 
-/// All of them, with names that differ.
+/// All of them, with unique names.
 QVector<HostileLine> hostileLines();

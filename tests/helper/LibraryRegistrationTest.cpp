@@ -49,7 +49,7 @@ void LibraryRegistrationTest::goesOnAfterAFailure()
     QCOMPARE(tried.size(), 3);
 }
 
-/// The variables are set by then, which only the result can tell.
+/// The variables are already set, which only the result can report.
 void LibraryRegistrationTest::goesOnAfterAnException()
 {
     QStringList tried;

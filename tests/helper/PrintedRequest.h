@@ -23,7 +23,7 @@ inline std::wstring printedRequest(const HelperRequest &request)
     return line;
 }
 
-/// Whether both ask for the same in the same order.
+/// Whether both request the same in the same order.
 inline bool sameRequest(const HelperRequest &one, const HelperRequest &other)
 {
     if (one.environment.size() != other.environment.size()) {

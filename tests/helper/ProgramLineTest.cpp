@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Below it, a path of Windows is nothing but a file name with backslashes, or a file below a directory "C:".
+/// Below it, a Windows path is just a file name with backslashes, or a file below a directory "C:".
 class CurrentDirectory {
 public:
     CurrentDirectory()
@@ -37,7 +37,7 @@ private:
     QTemporaryDir directory;
 };
 
-/// What the helper makes of the arguments, as the shell puts them behind its name.
+/// How the helper reads the arguments after its name.
 HelperReading readByHelper(const QString &arguments)
 {
     return readHelperArguments(
@@ -84,7 +84,7 @@ void ProgramLineTest::permanentSwitch_data()
                            << "D:\\E";
     QTest::newRow("no examples") << "C:\\H"
                                  << "";
-    QTest::newRow("blanks") << "C:\\Program Files\\HALCON 20.11"
+    QTest::newRow("spaces") << "C:\\Program Files\\HALCON 20.11"
                             << "C:\\Users\\Public\\My Documents\\E";
     QTest::newRow("ampersands") << "C:\\R&D && more"
                                 << "D:\\a & b";
@@ -138,7 +138,7 @@ void ProgramLineTest::permanentSwitch()
     QVERIFY(reading.request->architecture == LibraryArchitecture::x64);
     QCOMPARE(librariesOf(*reading.request), libraries);
 
-    // With variables alone it ends in a blank.
+    // A line with only variables ends in a space.
     const HelperReading variables = readByHelper(helperArguments(installation, false, false));
     QVERIFY(variables.request);
     QCOMPARE(valuesOf(*variables.request), valuesOf(*reading.request));
@@ -152,7 +152,7 @@ void ProgramLineTest::licenseCopy_data()
 
     QTest::newRow("plain") << "C:\\H\\license\\license.dat"
                            << "C:\\new.dat";
-    QTest::newRow("blanks") << "C:\\Program Files\\H 20\\license\\my license.dat"
+    QTest::newRow("spaces") << "C:\\Program Files\\H 20\\license\\my license.dat"
                             << "D:\\my files\\a b.dat";
     QTest::newRow("ampersands") << "C:\\R&D\\license\\a & b.dat"
                                 << "D:\\&&\\&.dat";
@@ -176,7 +176,7 @@ void ProgramLineTest::licenseCopy_data()
                                  << "D:\\--copy=[x]{y}@#$";
 }
 
-/// The program's own copy fails here, because a directory lies in its target's place.
+/// The program's own copy fails here, because its target is a directory.
 void ProgramLineTest::licenseCopy()
 {
     QFETCH(QString, target);

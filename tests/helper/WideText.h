@@ -4,8 +4,8 @@
 
 #include <string>
 
-/// @p text as Windows has it, one wchar_t for each UTF-16 unit, also where a wchar_t is wider, and with halves of
-/// surrogate pairs left alone.
+/// @p text as on Windows: one wchar_t for each UTF-16 unit, even where wchar_t is wider, and with lone
+/// surrogates unchanged.
 inline std::wstring toWide(const QString &text)
 {
     std::wstring result;

@@ -1,5 +1,5 @@
-// A COM library whose registration does not end before a test lets it. While it lasts, there is a mutex that the test
-// can look for.
+// A COM library whose registration waits until a test lets it end. Meanwhile a mutex exists that the test can
+// look for.
 
 #include <windows.h>
 

@@ -1,5 +1,5 @@
-// A COM library whose registration records the variables that it was given, in a file beside it that has its name and
-// ".environment" behind that.
+// A COM library whose registration records its environment in a file beside it, named as the library with
+// ".environment" appended.
 
 #include <windows.h>
 

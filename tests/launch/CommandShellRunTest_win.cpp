@@ -1,5 +1,4 @@
-// The shell for real: what stands on the screen of its console, what it is called, and what a program finds that is
-// started in it.
+// The real shell: the screen and the title of its console, and the environment of a program started in it.
 
 #include "launch/CommandShell.h"
 #include "tests/companions/TestConsole.h"
@@ -17,8 +16,8 @@ QString colourTool()
     return QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + "\\huebox.exe";
 }
 
-/// What the command interpreter itself prints for @p command in a chain, as lines. Its texts are its own, and for
-/// these tests ASCII.
+/// What the command interpreter itself prints for @p command in a chain, as lines. Its messages differ
+/// between systems, but are ASCII in these tests.
 QStringList answerTo(const QString &command)
 {
     QProcess interpreter;
@@ -34,7 +33,8 @@ QStringList answerTo(const QString &command)
     return lines;
 }
 
-/// As the real scripts do: variables, a directory in front of PATH, which @p tools names, and another current one.
+/// Like a real script: sets variables, prepends the directory @p tools to PATH, and changes the current
+/// directory.
 QByteArrayList scriptLines(const QString &tools)
 {
     return {
@@ -81,20 +81,20 @@ private:
     /// A path in this test's own directory, as Windows writes it.
     QString path(const QString &name) const;
 
-    /// Makes the directory @p name the installation's.
+    /// Makes the directory @p name and sets it as the installation's.
     void makeInstallation(const QString &name);
 
     /// Writes the script of Visual Studio.
     void makeScript(const QString &name, const QByteArrayList &lines);
 
-    /// Opens the shell and waits until the console shows @p lines and then the prompt; then starts a program in the
-    /// shell, whose record is in found, and ends the shell.
+    /// Opens the shell and waits until the console shows @p lines and then the prompt. Then starts a program
+    /// in the shell, stores its record in found, and ends the shell.
     void run(const QStringList &lines);
 
     QScopedPointer<QTemporaryDir> directory;
     HalconInstallation installation{20, 11, 1, 0};
     VisualStudioVersion visualStudio;
-    QString prompt; ///< the directory that the shell stands in at the end
+    QString prompt; ///< the shell's current directory at the end
     QStringList banner;
     QVector<quint16> colours; ///< of the screen's lines, by their first characters
     quint16 colourBefore = 0;
@@ -107,7 +107,7 @@ void CommandShellRunTest::init()
 {
     directory.reset(new QTemporaryDir);
     QVERIFY(directory->isValid());
-    // Afresh: one case takes it away, and it may be an old one.
+    // Copied again, because one case removes it, and it may be out of date.
     QVERIFY(!QFile::exists(colourTool()) || QFile::remove(colourTool()));
     QVERIFY(QFile::copy(HUEBOX_EXECUTABLE, colourTool()));
     EchoChild::copyTo(path("tools/report.exe"));
@@ -177,7 +177,7 @@ void CommandShellRunTest::run(const QStringList &lines)
     QVERIFY(child.waitForRecord(found));
     console.type("exit");
     EVENTUALLY_COMPARE(console.otherProcesses(), 0);
-    // The title is "HALCON 20.11.1 (x64-win64) ": the blank before the next command belongs to it.
+    // The title is "HALCON 20.11.1 (x64-win64) ": the space before the next command is part of it.
     QCOMPARE(found.currentDirectory, prompt);
     QCOMPARE(found.variable("HALCONROOT"), installation.installDir);
     QCOMPARE(found.variable("HALCONARCH"), installation.arch);
@@ -205,7 +205,7 @@ void CommandShellRunTest::colourTellsArchitecture()
 
     QCOMPARE(colours, QVector<quint16>(3, quint16(colour)));
     QCOMPARE(colourAfter, colourBefore);
-    // The blank that separates the command from the next one belongs to the title.
+    // The space that separates the command from the next one is part of the title.
     QCOMPARE(title, "HALCON 20.11.1 (" + arch + ") ");
     // The shell finds the script's programs first, and the script could use HALCON's variables.
     QCOMPARE(found.executable, path("tools\\report.exe"));
@@ -219,7 +219,7 @@ void CommandShellRunTest::nameOfDirectory_data()
 {
     QTest::addColumn<QString>("name");
 
-    QTest::newRow("blanks") << "HALCON 20.11  Steady";
+    QTest::newRow("spaces") << "HALCON 20.11  Steady";
     QTest::newRow("parentheses") << "HALCON (x64)";
     QTest::newRow("ampersand") << "Black & White&Co";
     QTest::newRow("percent sign") << "100% HALCON";
@@ -236,7 +236,7 @@ void CommandShellRunTest::nameOfDirectory()
 {
     QFETCH(QString, name);
     makeInstallation(name);
-    // Not every version of the interpreter leaves a percent sign in the value of %PATH% alone.
+    // Not every version of the interpreter preserves a percent sign in the value of %PATH%.
     makeScript("VC/vcvars.bat", {"@echo off", "set BUILD_ENVIRONMENT=on", "cd /d C:\\"});
 
     run(banner);
@@ -258,7 +258,7 @@ void CommandShellRunTest::programsByTheirNames_data()
                                                   << "missing";
 }
 
-/// Whether HALCON's programs are found by their names; the shell is complete in any case.
+/// Whether HALCON's programs are found by name; everything else in the shell is unchanged.
 void CommandShellRunTest::programsByTheirNames()
 {
     QFETCH(QString, directory);
@@ -278,7 +278,7 @@ void CommandShellRunTest::nameOfScript_data()
 {
     QTest::addColumn<QString>("name");
 
-    QTest::newRow("blanks") << "Visual Studio 14.0/VC bin/vc vars.bat";
+    QTest::newRow("spaces") << "Visual Studio 14.0/VC bin/vc vars.bat";
     QTest::newRow("parentheses") << "Program Files (x86)/vcvars(64).bat";
     QTest::newRow("ampersand") << "Black & White&Co/vc&vars.bat";
     QTest::newRow("percent sign") << "100% VC/vcvars.bat";
@@ -318,14 +318,14 @@ void CommandShellRunTest::editionInBanner_data()
                                << "Größe 寸法 Размер 😀";
     QTest::newRow("exclamation marks") << "a!PATH!"
                                        << "a!PATH!";
-    QTest::newRow("several blanks become one") << "A   B"
+    QTest::newRow("several spaces become one") << "A   B"
                                                << "A B";
     QTest::newRow("carets are lost") << "A^B^^C"
                                      << "AB^C";
     QTest::newRow("quotes are lost, what they enclose stays") << "\"A  & B\""
                                                               << "A  & B";
-    QTest::newRow("variable's value in place of its name") << "for %HALCONARCH%"
-                                                           << "for x64-win64";
+    QTest::newRow("variable's value instead of its name") << "for %HALCONARCH%"
+                                                          << "for x64-win64";
 }
 
 void CommandShellRunTest::editionInBanner()
@@ -346,14 +346,14 @@ void CommandShellRunTest::editionCutsBanner_data()
     QTest::newRow("ampersand") << "Black & White"
                                << QStringList{"type 'devenv' to launch Visual Studio 14.0 (Black"}
                                << "White) (amd64)";
-    QTest::newRow("ampersand without blanks")
+    QTest::newRow("ampersand without spaces")
         << "Black&White" << QStringList{"type 'devenv' to launch Visual Studio 14.0 (Black"}
         << "White) (amd64)";
-    // The command that is taken for one gets the line as its input.
+    // What is taken for a command gets the line as its input.
     QTest::newRow("vertical bar") << "Black|White" << QStringList{} << "White) (amd64)";
 }
 
-/// The rest of the line is taken for a command; everything else is as ever.
+/// The rest of the line is taken for a command; everything else is unchanged.
 void CommandShellRunTest::editionCutsBanner()
 {
     QFETCH(QString, edition);
@@ -366,7 +366,7 @@ void CommandShellRunTest::editionCutsBanner()
     QCOMPARE(found.variable("BUILD_ENVIRONMENT"), "on");
 }
 
-/// The line goes into a file of the directory that the script leaves.
+/// The line goes into a file in the script's last directory.
 void CommandShellRunTest::editionRedirectsBanner()
 {
     makeScript("VC/vcvars.bat", scriptLines(path("tools")) << "cd /d \"" + path("tools").toLatin1() + "\"");
@@ -379,7 +379,7 @@ void CommandShellRunTest::editionRedirectsBanner()
     QCOMPARE(file.readAll(), QByteArray("type 'devenv' to launch Visual Studio 14.0 (Black (amd64)\r\n"));
 }
 
-/// Nothing is printed without the file that the line asks for, but the interpreter's complaint.
+/// Without the file that the line names only the interpreter's error is printed.
 void CommandShellRunTest::editionReadsFile()
 {
     visualStudio.edition = "Black<White";
@@ -400,7 +400,7 @@ void CommandShellRunTest::halconEditionCutsTitle()
     QCOMPARE(title, "HALCON 20.11.1 A ");
 }
 
-/// The shell stays where the script leaves it, and is complete otherwise.
+/// The shell stays in the script's last directory; everything else is unchanged.
 void CommandShellRunTest::missingDirectory()
 {
     installation.installDir = path("missing");
@@ -411,7 +411,7 @@ void CommandShellRunTest::missingDirectory()
     QCOMPARE(found.variable("BUILD_ENVIRONMENT"), "on");
 }
 
-/// It is there, but the shell looks for another one.
+/// The script exists, but the shell looks for another one.
 void CommandShellRunTest::directoryNamedLikeVariable()
 {
     makeInstallation("%HALCONARCH% directory");
@@ -454,7 +454,7 @@ void CommandShellRunTest::missingScript()
     QVERIFY(found.variable("BUILD_ENVIRONMENT").isNull());
 }
 
-/// It is there, but the shell looks for another one.
+/// The script exists, but the shell looks for another one.
 void CommandShellRunTest::scriptNamedLikeVariable()
 {
     makeScript("%HALCONARCH%/vcvars.bat", scriptLines(path("tools")));

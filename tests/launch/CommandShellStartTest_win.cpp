@@ -30,7 +30,7 @@ VisualStudioVersion visualStudio()
     return result;
 }
 
-/// Gives this program another ComSpec until the end, an empty or none.
+/// Sets this program's ComSpec to another value until the end, to an empty one, or removes it.
 class ComSpec {
 public:
     explicit ComSpec(const QString &value) : before(qEnvironmentVariable("ComSpec")) { set(value); }
@@ -39,7 +39,7 @@ public:
     ~ComSpec() { set(before); }
 
 private:
-    /// The wide variant takes every character; the 8-bit one that programs see is converted from it.
+    /// The wide function accepts every character; the 8-bit value that programs see is converted from it.
     static void set(const QString &value) { _wputenv_s(L"ComSpec", value.toStdWString().c_str()); }
 
     QString before;
@@ -67,7 +67,7 @@ void CommandShellStartTest::started_data()
     QTest::addColumn<QString>("name");
 
     QTest::newRow("plain") << "cmd.exe";
-    QTest::newRow("blanks") << "a shell/c m d.exe";
+    QTest::newRow("spaces") << "a shell/c m d.exe";
     QTest::newRow("another name") << "shell & (co).exe";
     QTest::newRow("8-bit letters") << "Größe/cmdé.exe";
 }
@@ -127,7 +127,7 @@ void CommandShellStartTest::failure()
                                       shellArguments(installation(), visualStudio())});
 }
 
-/// ComSpec is read as 8-bit text, in which a letter beyond the system's code page has no place.
+/// ComSpec is read as an 8-bit string, which cannot hold a letter outside the system's code page.
 void CommandShellStartTest::interpreterBeyondCodePage()
 {
     const QString interpreter = QDir::toNativeSeparators(directory.filePath("寸.exe"));

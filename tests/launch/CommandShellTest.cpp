@@ -23,7 +23,7 @@ VisualStudioVersion visualStudio(const QString &vcvarsBat = "C:\\VC\\bin\\vcvars
     return result;
 }
 
-/// @p text with the colour tool in place of each @.
+/// @p text with each @ replaced by the colour tool.
 QString withColourTool(const QString &text)
 {
     const QString directory = QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
@@ -108,7 +108,7 @@ void CommandShellTest::namesOfFiles_data()
 {
     QTest::addColumn<QString>("name");
 
-    QTest::newRow("blanks") << "C:\\Program Files\\a b";
+    QTest::newRow("spaces") << "C:\\Program Files\\a b";
     QTest::newRow("parentheses") << "C:\\Program Files (x86)\\a";
     QTest::newRow("ampersand") << "C:\\Black & White";
     QTest::newRow("percent signs") << "C:\\100% %PATH% %1";
@@ -119,7 +119,7 @@ void CommandShellTest::namesOfFiles_data()
     QTest::newRow("none") << "";
 }
 
-/// They are quoted and otherwise left as they are.
+/// They are quoted and otherwise unchanged.
 void CommandShellTest::namesOfFiles()
 {
     QFETCH(QString, name);

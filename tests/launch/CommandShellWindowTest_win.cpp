@@ -12,7 +12,7 @@
 
 namespace {
 
-/// The command interpreter that this program has started, or 0.
+/// The process of the command interpreter that this program has started, or 0.
 DWORD interpreterProcess()
 {
     const WindowsHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
@@ -64,7 +64,7 @@ void CommandShellWindowTest::windowOfItsOwn()
     installation.installDir = QDir::toNativeSeparators(directory.path());
     installation.arch = "x64-win64";
     const VisualStudioVersion visualStudio;
-    // The blank that separates the command from the next one belongs to the title.
+    // The space that separates the command from the next one is part of the title.
     const wchar_t *title = L"HALCON 20.11.1 (x64-win64) ";
     QCOMPARE(FindWindowW(nullptr, title), HWND(nullptr));
     QStringList errors;

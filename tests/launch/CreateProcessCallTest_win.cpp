@@ -10,7 +10,7 @@
 
 namespace {
 
-/// What startProcess gave to CreateProcessW.
+/// The arguments that startProcess passed to CreateProcessW.
 struct Call {
     QString applicationName;
     QString commandLine;
@@ -98,9 +98,9 @@ bool isOpen(HANDLE handle)
 
 } // namespace
 
-/// The import through which this program's code calls CreateProcessW, in place of the one from the system's
-/// library. A child does not see everything as it was given: the system fills an empty command line in with
-/// the executable, and may move variables in the environment.
+/// A fake of the import through which this program's code calls CreateProcessW. A child does not see
+/// everything as it was passed: the system substitutes the executable for an empty command line, and may
+/// reorder the environment.
 extern "C" decltype(&CreateProcessW) importedCreateProcess __asm__("__imp_CreateProcessW");
 extern "C" {
 decltype(&CreateProcessW) importedCreateProcess = recordAndCreateProcess;
@@ -135,7 +135,7 @@ void CreateProcessCallTest::everyArgument()
 {
     QFETCH(QString, arguments);
     const QTemporaryDir directory;
-    const QString executable = QDir::toNativeSeparators(directory.filePath("tool with blanks.exe"));
+    const QString executable = QDir::toNativeSeparators(directory.filePath("tool with spaces.exe"));
     EchoChild::copyTo(executable);
     const EchoChild child;
     QStringList errors;
@@ -168,7 +168,7 @@ void CreateProcessCallTest::environmentIsSortedByName()
     installation.exampleRoot = "C:\\E";
     installation.arch = "x64-win64";
 
-    // The call is what counts, and it is made whether or not there is something to start.
+    // Only the call counts; it is made whether or not the executable exists.
     startProcess("C:\\missing.exe", "", installation, nullptr);
 
     const QStringList entries = calls().constFirst().environment;

@@ -1,5 +1,5 @@
-// What the shell is asked for when it starts the helper. Here the shell answers as it does when the user declines, which
-// Wine never asks for, or as it does when it has started something that has no process of its own.
+// The program's call of the shell to start the helper. A fake shell answers as when the user declines, which
+// Wine never asks, or as when it has started something without a process of its own.
 
 #include "launch/ElevatedHelper.h"
 #include "launch/PermanentSwitch.h"
@@ -42,7 +42,7 @@ BOOL WINAPI answerOfTheShell(SHELLEXECUTEINFOW *info)
 
 } // namespace
 
-/// What the program calls the shell through, in place of the import library's.
+/// A fake of the import through which the program calls the shell.
 extern "C" {
 extern BOOL(WINAPI *shellExecute)(SHELLEXECUTEINFOW *) asm("__imp_ShellExecuteExW");
 BOOL(WINAPI *shellExecute)(SHELLEXECUTEINFOW *) = &answerOfTheShell;

@@ -7,23 +7,23 @@
 #include <QFile>
 #include <QtTest>
 
-/// Where the program looks for the helper, in Qt's notation.
+/// The path at which the program looks for the helper, with slashes.
 inline QString helperFile()
 {
     return QCoreApplication::applicationDirPath() + "/qz_com_helper.exe";
 }
 
-/// While it lives, a program stands in for the helper, beside the test program, which therefore has a
-/// directory of its own. Windows only.
+/// A fake helper, beside the test program while this object lives. The test program therefore has a directory
+/// of its own. Windows only.
 class ElevatedHelperProgram {
 public:
     /// The recording program, see EchoChild.
     ElevatedHelperProgram()
     {
-        remove(); // an earlier run may have been broken off
+        remove(); // an aborted run may have left it
         EchoChild::copyTo(helperFile());
     }
-    /// The one at @p program.
+    /// A copy of @p program.
     explicit ElevatedHelperProgram(const QString &program)
     {
         remove();
@@ -38,7 +38,7 @@ public:
     /// Leaves the program without a helper.
     static void remove()
     {
-        // As long as a child is ending, its program cannot be removed.
+        // The program cannot be removed until the child has ended.
         if (!QTest::qWaitFor([] { return QFile::remove(helperFile()) || !QFile::exists(helperFile()); },
                              patienceMilliseconds)) {
             qFatal("could not remove %s", qPrintable(helperFile()));

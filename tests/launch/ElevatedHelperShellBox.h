@@ -3,8 +3,8 @@
 #include <atomic>
 #include <thread>
 
-/// Stands in for the user in front of the boxes with which the shell itself says, before it gives up, that
-/// it cannot start a program: closes each while this lives. Its words are the system's own. Windows only.
+/// While it lives, closes the message boxes in which the shell itself says that it cannot start a program.
+/// Their texts are the system's own. Windows only.
 class ElevatedHelperShellBox {
 public:
     ElevatedHelperShellBox();
@@ -12,7 +12,7 @@ public:
     ElevatedHelperShellBox &operator=(const ElevatedHelperShellBox &) = delete;
     ~ElevatedHelperShellBox();
 
-    /// How many there were.
+    /// How many boxes there were.
     int closed() const { return count; }
 
 private:

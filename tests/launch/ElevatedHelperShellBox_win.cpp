@@ -37,7 +37,7 @@ ElevatedHelperShellBox::~ElevatedHelperShellBox()
     user.join();
 }
 
-/// In a thread of its own, as the box blocks the one that started the program.
+/// In a thread of its own, because the box blocks the thread that started the program.
 void ElevatedHelperShellBox::closeBoxes()
 {
     constexpr DWORD pollMilliseconds = 10;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int notStarted = -1;
 
-/// Keeps children from ending, or even recording anything, until it is set.
+/// An event that keeps children from recording anything and from ending until it is set.
 class ChildrenWait {
 public:
     ChildrenWait() : event(CreateEventW(nullptr, TRUE, FALSE, L"ElevatedHelperTest"))
@@ -66,7 +66,7 @@ void ElevatedHelperTest::pathBesideTheProgram()
     QCOMPARE(helperExecutablePath(),
              QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + "\\qz_com_helper.exe");
     QVERIFY(!helperExecutablePath().contains('/'));
-    // It is given whether the helper is there or not.
+    // The path is returned whether or not the helper exists.
     QVERIFY(!QFile::exists(helperFile()));
     const ElevatedHelperProgram helper;
     QVERIFY(QFile::exists(helperExecutablePath()));
@@ -94,7 +94,7 @@ void ElevatedHelperTest::exitCode()
 
     QTEST(runElevated(helperExecutablePath(), "x", true, true), "result");
 
-    // It was waited for.
+    // Its end was waited for.
     QVERIFY(child.hasRecord());
 }
 
@@ -203,8 +203,8 @@ void ElevatedHelperTest::argumentsAsTheyStand_data()
     QTest::newRow("percent signs") << "%PATH% %1 %* 100%";
     QTest::newRow("carets, pipes and redirections") << "a ^& b | c > d < e";
     QTest::newRow("not ASCII") << "Gr\u00f6\u00dfe \u5bf8\u6cd5";
-    QTest::newRow("blanks within") << "a  b   c";
-    QTest::newRow("blank at the end") << "a ";
+    QTest::newRow("spaces within") << "a  b   c";
+    QTest::newRow("space at the end") << "a ";
     QTest::newRow("long") << QString(1500, 'x');
     QTest::newRow("very long") << QString(20000, 'x');
 }
@@ -226,13 +226,13 @@ void ElevatedHelperTest::executableInAnyDirectory_data()
 {
     QTest::addColumn<QString>("name");
 
-    QTest::newRow("blanks") << "Program Files/my helper.exe";
+    QTest::newRow("spaces") << "Program Files/my helper.exe";
     QTest::newRow("ampersand and parentheses") << "Black & White (x86)/helper.exe";
     QTest::newRow("percent signs and carets") << "100% %PATH% ^/helper.exe";
     QTest::newRow("not ASCII") << "Gr\u00f6\u00dfe \u5bf8\u6cd5/helper.exe";
 }
 
-/// Without arguments: the command line is the program alone.
+/// Without arguments the command line is only the program.
 void ElevatedHelperTest::executableInAnyDirectory()
 {
     QFETCH(QString, name);

@@ -1,4 +1,4 @@
-// What the system is asked for when the change is broadcast, and what becomes of a broadcast that fails.
+// The program's system call to broadcast the change, and the handling of a broadcast that fails.
 
 #include "launch/EnvironmentBroadcast.h"
 #include "launch/PermanentSwitch.h"
@@ -30,7 +30,7 @@ LRESULT WINAPI answerOfTheSystem(HWND window, UINT message, WPARAM wParam, LPARA
     return answer;
 }
 
-/// As the shell answers when the user declines, so that nothing is started.
+/// Answers as the shell does when the user declines, so that nothing is started.
 BOOL WINAPI declined(SHELLEXECUTEINFOW * /*info*/)
 {
     SetLastError(ERROR_CANCELLED);
@@ -39,7 +39,7 @@ BOOL WINAPI declined(SHELLEXECUTEINFOW * /*info*/)
 
 } // namespace
 
-/// What the program calls the system through, in place of the import libraries'.
+/// Fakes of the imports through which the program calls the system.
 extern "C" {
 extern decltype(&SendMessageTimeoutW) sendMessageTimeout asm("__imp_SendMessageTimeoutW");
 decltype(&SendMessageTimeoutW) sendMessageTimeout = &answerOfTheSystem;

@@ -48,9 +48,9 @@ void EnvironmentBroadcastTest::everyCallIsOneMessage()
              (QStringList{"wParam 0, text Environment", "wParam 0, text Environment"}));
 }
 
-/// "SendMessageTimeout does not provide information about individual windows timing out if HWND_BROADCAST
-/// is used", as Windows documents it: whatever a window does, the broadcast succeeds. One that is known to
-/// hang is passed over.
+/// "SendMessageTimeout does not provide information about individual windows timing out if HWND_BROADCAST is
+/// used", says Windows' documentation: whatever a window does, the broadcast succeeds. A window that is known
+/// to hang is skipped.
 void EnvironmentBroadcastTest::windowThatHangs()
 {
     const EnvironmentBroadcastWindow hanging(EnvironmentBroadcastWindow::Manner::Hangs);
@@ -62,7 +62,7 @@ void EnvironmentBroadcastTest::windowThatHangs()
     QCOMPARE(listening.closeAndTakeLines(), QStringList{"wParam 0, text Environment"});
 }
 
-/// A window that may still answer is given the time for it.
+/// A window that may still answer gets the time to do so.
 void EnvironmentBroadcastTest::windowThatHasJustStoppedAnswering()
 {
     const EnvironmentBroadcastWindow hanging(EnvironmentBroadcastWindow::Manner::Hangs);

@@ -7,12 +7,12 @@
 #include <QStringList>
 #include <QtTest>
 
-/// A window in another process, which ends with this object. Windows only.
+/// A window in another process; this object's destruction ends it. Windows only.
 class EnvironmentBroadcastWindow {
 public:
     enum class Manner {
         Listens,
-        Hangs, ///< and never looks at a message
+        Hangs, ///< and never handles a message
     };
 
     explicit EnvironmentBroadcastWindow(Manner manner = Manner::Listens)
@@ -32,7 +32,7 @@ public:
         process.waitForFinished(patienceMilliseconds);
     }
 
-    /// Closes a listening window. All that it has heard, a line for each message.
+    /// Closes a listening window and returns what it received, a line for each message.
     QStringList closeAndTakeLines()
     {
         process.terminate();

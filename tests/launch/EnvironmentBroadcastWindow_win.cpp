@@ -1,8 +1,8 @@
-// A program with a window that hears what is broadcast, for a test program in another process.
+// A program with a window that receives broadcasts, for a test program in another process.
 //
 // It prints "ready", then a line for each WM_SETTINGCHANGE: its wParam, its text, and whether the file that
 // ECHO_CHILD_RECORD names is there at that moment. It ends when its window is closed. With the argument
-// "hang" it never looks at its messages after "ready".
+// "hang" it handles no message after "ready".
 
 #include <windows.h>
 
@@ -51,7 +51,7 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR commandLine, int)
     windowClass.hInstance = instance;
     windowClass.lpszClassName = L"BroadcastWindow";
     RegisterClassW(&windowClass);
-    // Its title is what the test finds it by.
+    // The test finds it by its title.
     if (CreateWindowExW(0, windowClass.lpszClassName, commandLine, WS_OVERLAPPEDWINDOW, 0, 0, 200, 100,
                         nullptr, nullptr, instance, nullptr) == nullptr) {
         return 1;

@@ -8,7 +8,7 @@ Q_DECLARE_METATYPE(Variables)
 
 namespace {
 
-/// Gives an environment variable of the program back its value, or its absence, at the end.
+/// Restores an environment variable of the program, or its absence, at the end.
 class VariableGuard {
 public:
     explicit VariableGuard(const char *name)
@@ -41,8 +41,8 @@ HalconInstallation installation(const QString &exampleRoot = QString())
     return result;
 }
 
-/// The entries of an environment block, and its length with all closing zeros in 16-bit units. A block that
-/// is shorter than its entries say is found by the address sanitizer.
+/// The entries of an environment block, and its length with all terminating zeros in 16-bit units.
+/// AddressSanitizer finds a block that is too short for its entries.
 struct ParsedBlock {
     QStringList entries;
     int length = 0;
@@ -205,7 +205,7 @@ void EnvironmentTest::overriddenValues_data()
         << "LAUNCH_TEST_NEW" << QString::fromUcs4(U"\U0001F52D telescope");
     QTest::newRow("name that is not ASCII") << "LAUNCH_TEST_MAß"
                                             << "1";
-    QTest::newRow("blanks and quotes") << "LAUNCH_TEST_NEW"
+    QTest::newRow("spaces and quotes") << "LAUNCH_TEST_NEW"
                                        << "  \"C:\\Program Files\"\t";
     QTest::newRow("nothing is expanded") << "LAUNCH_TEST_NEW"
                                          << "%LAUNCH_TEST_OWN% $LAUNCH_TEST_OWN";
@@ -239,7 +239,7 @@ void EnvironmentTest::blockHoldsTheOwnEnvironmentAndTheOverrides()
     expected.insert("LAUNCH_TEST_NEW", "added");
     expected.insert("LAUNCH_TEST_REPLACED", "new value");
     QCOMPARE(block.entries, expected.toStringList());
-    // In one place of the list each, so that the comparison above is known to be about these.
+    // Once each in the list, which proves that the comparison above covers them.
     QCOMPARE(block.entries.filter("LAUNCH_TEST_"),
              (QStringList{"LAUNCH_TEST_NEW=added", "LAUNCH_TEST_OWN=own value",
                           "LAUNCH_TEST_REPLACED=new value"}));

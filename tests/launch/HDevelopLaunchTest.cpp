@@ -48,10 +48,10 @@ void HDevelopLaunchTest::started_data()
                           << "x86sse2-win32" << false << "C:\\H\\bin\\x86sse2-win32\\hdevelop.exe";
     QTest::newRow("32-bit XL") << "C:\\H"
                                << "x86-win32" << true << "C:\\H\\bin\\x86-win32\\hdevelopxl.exe";
-    QTest::newRow("blanks are not quoted")
+    QTest::newRow("spaces are not quoted")
         << "C:\\Program Files\\MVTec\\HALCON-20.11"
         << "x64-win64" << false << "C:\\Program Files\\MVTec\\HALCON-20.11\\bin\\x64-win64\\hdevelop.exe";
-    QTest::newRow("percent signs are no places")
+    QTest::newRow("percent signs are no placeholders")
         << "C:\\%1 %2"
         << "x64-win64" << true << "C:\\%1 %2\\bin\\x64-win64\\hdevelopxl.exe";
 }

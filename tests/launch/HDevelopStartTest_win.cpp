@@ -63,7 +63,7 @@ void HDevelopStartTest::started()
     QCOMPARE(found.variable("HALCONROOT"), record.installDir);
     QCOMPARE(found.variable("HALCONARCH"), arch);
     QVERIFY(found.variable("PATH").startsWith(record.installDir + "\\bin\\" + arch + ';'));
-    // The blank before the arguments, of which there are none, stays.
+    // The space before the missing arguments stays.
     QCOMPARE(log.lines(), QStringList{"CreateProcess: " + record.installDir + program + " "});
     QCOMPARE(errors, QStringList());
 }

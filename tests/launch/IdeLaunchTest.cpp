@@ -57,8 +57,8 @@ void IdeLaunchTest::started_data()
 
     QTest::newRow("plain") << "C:/VS/Common7/IDE/devenv.exe";
     QTest::newRow("backslashes") << "C:\\VS\\Common7\\IDE\\devenv.exe";
-    QTest::newRow("blanks are not quoted") << "C:/Program Files (x86)/VS 14.0/Common7/IDE/devenv.exe";
-    QTest::newRow("percent signs are no places") << "C:/%1 %PATH%/Common7/IDE/devenv.exe";
+    QTest::newRow("spaces are not quoted") << "C:/Program Files (x86)/VS 14.0/Common7/IDE/devenv.exe";
+    QTest::newRow("percent signs are no placeholders") << "C:/%1 %PATH%/Common7/IDE/devenv.exe";
     QTest::newRow("not ASCII") << "C:/Gr\u00f6\u00dfe \u5bf8\u6cd5/Common7/IDE/devenv.exe";
     QTest::newRow("another IDE than the name says") << "C:/VS/Common7/IDE/wdexpress.exe";
     QTest::newRow("no IDE is tried all the same") << "";

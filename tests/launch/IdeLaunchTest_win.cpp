@@ -61,7 +61,7 @@ void IdeLaunchTest::started_data()
     QTest::addColumn<QString>("product");
 
     QTest::newRow("plain") << "VS";
-    QTest::newRow("blanks") << "Microsoft Visual Studio 14.0";
+    QTest::newRow("spaces") << "Microsoft Visual Studio 14.0";
     QTest::newRow("parentheses and ampersand") << "Program Files (x86) & more";
     QTest::newRow("not ASCII") << "Gr\u00f6\u00dfe \u5bf8\u6cd5 \u0420\u0430\u0437\u043c\u0435\u0440";
 }
@@ -83,7 +83,7 @@ void IdeLaunchTest::started()
     EchoRecord found;
     QVERIFY(child.waitForRecord(found));
     QCOMPARE(QDir::toNativeSeparators(found.executable), ide);
-    // The system fills an empty command line in with the executable; the child's arguments are none even so.
+    // For an empty command line Windows substitutes the executable; the child still has no arguments.
     const QStringList withoutArguments{"", '"' + record.idePath + '"'};
     QVERIFY2(withoutArguments.contains(found.commandLine), qPrintable(found.commandLine));
     QCOMPARE(found.variable("HALCONROOT"), QString("C:\\H"));
@@ -91,7 +91,7 @@ void IdeLaunchTest::started()
     QCOMPARE(found.variable("HALCONEXAMPLES"), QString("D:\\Examples\\examples"));
     QCOMPARE(found.variable("HALCONIMAGES"), QString("D:\\Examples\\examples\\images"));
     QVERIFY2(found.variable("PATH").startsWith("C:\\H\\bin\\x64-win64;"), qPrintable(found.variable("PATH")));
-    // The blank before the arguments, of which there are none, stays.
+    // The space before the missing arguments stays.
     QCOMPARE(log.lines(), QStringList{"CreateProcess: " + record.idePath + " "});
     QCOMPARE(errors, QStringList{"earlier line"});
 }

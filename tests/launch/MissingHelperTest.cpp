@@ -12,8 +12,7 @@ namespace {
 
 const QString reason =
     "The program is installed for you alone, and so without its helper: what acts with administrator "
-    "rights has to lie where only administrators can write. Install the program for all users to do "
-    "this.";
+    "rights has to lie where only administrators can write. Install the program for all users to do this.";
 const QStringList besideTheProgram{"qz_com_helper.exe", "qz_com_helper.txt"};
 
 QString path(const QString &name)
@@ -29,7 +28,7 @@ void put(const QString &name)
 
 } // namespace
 
-/// An installation for one user alone: no helper, and a file in its place.
+/// An installation for one user: no helper, and a file that says so.
 class MissingHelperTest : public QObject {
     Q_OBJECT
 
@@ -45,7 +44,7 @@ private slots:
 void MissingHelperTest::init()
 {
     cleanup();
-    // What would be seen if the helper were started.
+    // A start of the helper would be recorded.
     ElevatedHelperFake::reset();
 }
 

@@ -19,8 +19,8 @@ HalconInstallation installation(const QString &installDir, const QString &arch)
     return result;
 }
 
-/// An installation in a directory of its own. Where a backslash is a letter like any other, its files have
-/// names with backslashes: they are found all the same.
+/// An installation in a directory of its own. Where a backslash is an ordinary character its files have
+/// backslashes in their names and are still found.
 class InstalledFiles {
 public:
     QString installDir() const { return QDir::toNativeSeparators(directory.filePath("HALCON 20.11")); }
@@ -118,7 +118,7 @@ void PermanentSwitchArgumentsTest::variables_data()
     QTest::addColumn<QString>("installDir");
     QTest::addColumn<QString>("arch");
     QTest::addColumn<QString>("exampleRoot");
-    QTest::addColumn<QString>("arguments"); // end in a blank, as nothing is registered
+    QTest::addColumn<QString>("arguments"); // end in a space, because nothing is registered
 
     QTest::newRow("no examples: their variables are emptied")
         << R"(C:\H)"
@@ -126,7 +126,7 @@ void PermanentSwitchArgumentsTest::variables_data()
         << ""
         << R"(--env HALCONROOT="C:\H" --env HALCONARCH="x64-win64" --env HALCONIMAGES="" )"
            R"(--env HALCONEXAMPLES="" )";
-    QTest::newRow("blanks")
+    QTest::newRow("spaces")
         << R"(C:\Program Files (x86)\HALCON 20.11)"
         << "x86sse2-win32"
         << R"(D:\My Examples)"
@@ -190,7 +190,7 @@ void PermanentSwitchArgumentsTest::otherFilesAreNotRegistered()
     QVERIFY(files.add("x86-win32", "halconx.dll"));
     QVERIFY(files.add("x86-win32", "hdevenginex.dll"));
 
-    // Asked for, but of another architecture: the option stands alone.
+    // Requested, but of another architecture: the option has no library.
     QVERIFY(helperArguments(installation(files.installDir(), "x64-win64"), true, true)
                 .endsWith(" --env HALCONEXAMPLES=\"\" --x64"));
 }

@@ -6,13 +6,14 @@
 #include <QString>
 #include <QStringList>
 
-// The two places in which Windows keeps environment variables, and what a permanent switch says about them.
+// The two registry keys in which Windows stores environment variables, and what a permanent switch says about
+// them.
 
 const QString userKey = R"(HKEY_CURRENT_USER\Environment)";
 const QString systemKey =
     R"(HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Control\Session Manager\Environment)";
 
-/// Leaves neither place with a variable that a switch sets.
+/// Removes from both keys the variables that a switch sets.
 inline void clearVariables()
 {
     for (const QString &key : {userKey, systemKey}) {
@@ -23,7 +24,7 @@ inline void clearVariables()
     }
 }
 
-/// What both places hold, one line for each variable; to find out whether anything has changed.
+/// The contents of both keys, one line for each variable; to find out whether anything has changed.
 inline QStringList environmentLines()
 {
     QStringList lines;

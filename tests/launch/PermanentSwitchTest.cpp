@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Without files, so that a registration that is asked for finds no library.
+/// Without files, so that a requested registration finds no library.
 HalconInstallation installation()
 {
     HalconInstallation result(20, 11, 1, 0);
@@ -28,11 +28,10 @@ QStringList plannedLines(const QString &helperArguments)
     return {
         "changing environment variable HALCONROOT (scope: user) from\n  to\n C:\\H (scope: system)",
         "changing environment variable HALCONARCH (scope: user) from\n  to\n x64-win64 (scope: system)",
-        "changing environment variable HALCONIMAGES (scope: user) from\n  to\n "
-        "D:\\Examples\\examples\\images "
-        "(scope: system)",
-        "changing environment variable HALCONEXAMPLES (scope: user) from\n  to\n D:\\Examples\\examples "
-        "(scope: system)",
+        "changing environment variable HALCONIMAGES (scope: user) from\n  to\n"
+        " D:\\Examples\\examples\\images (scope: system)",
+        "changing environment variable HALCONEXAMPLES (scope: user) from\n  to\n"
+        " D:\\Examples\\examples (scope: system)",
         "executing helper process with elevated rights: " + helperExecutablePath() + " " + helperArguments,
     };
 }
@@ -68,7 +67,7 @@ void PermanentSwitchTest::helperIsBesideTheProgram()
 
 void PermanentSwitchTest::dryRunDoesNothing()
 {
-    // What would fail if it were done.
+    // Both would fail if they were done.
     ElevatedHelperFake::setOutcome(3, false);
     QStringList lines{"earlier line"};
 
@@ -87,7 +86,7 @@ void PermanentSwitchTest::run_data()
     QTest::addColumn<int>("exitCode");
     QTest::addColumn<bool>("broadcastSucceeds");
     QTest::addColumn<bool>("succeeds");
-    QTest::addColumn<QStringList>("said"); // after what is planned
+    QTest::addColumn<QStringList>("said"); // after the plan
 
     const QString failed = "helper process returned with value %1. This indicates an error in the execution!";
     const QString broadcastFailed = "Error in broadcasting environment updated message: the window is gone";
@@ -105,7 +104,7 @@ void PermanentSwitchTest::run()
     QFETCH(bool, broadcastSucceeds);
     QFETCH(QStringList, said);
     ElevatedHelperFake::setOutcome(exitCode, broadcastSucceeds);
-    // The fake's text for the last Windows error.
+    // The fake's message for the last Windows error.
     ProcessStartFake::failWith("the window is gone");
     QStringList lines{"earlier line"};
 
@@ -118,7 +117,7 @@ void PermanentSwitchTest::run()
     QCOMPARE(start.arguments, arguments);
     QVERIFY(start.show);
     QVERIFY(start.wait);
-    // After a failed helper too.
+    // Also after a failed helper.
     QCOMPARE(ElevatedHelperFake::broadcasts(), 1);
 }
 
@@ -157,7 +156,7 @@ void PermanentSwitchTest::checkBoxesReachTheHelper()
     QVERIFY(permanentSwitch(installation(), true, registerHalconCom, registerEngineCom, &done));
 
     QCOMPARE(planned, plannedLines(expected) + QStringList{broadcastLine});
-    // What was shown is what is done.
+    // The plan that was shown is carried out.
     QCOMPARE(done, planned);
     QCOMPARE(ElevatedHelperFake::starts().constFirst().arguments, expected);
 }

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// One of two libraries that it asks for is there.
+/// One of the two requested libraries exists.
 class InstalledHalcon {
 public:
     InstalledHalcon()
@@ -33,7 +33,7 @@ public:
                R"(--env HALCONEXAMPLES="D:\Examples\examples" --x64 ")" +
                library() + '"';
     }
-    /// What is said before anything is done, while no variable is set.
+    /// The announcement before anything is done, while no variable is set.
     QStringList plannedLines() const
     {
         return {changeLine("HALCONROOT", "user", "", installation.installDir),
@@ -71,7 +71,7 @@ private slots:
 
 void PermanentSwitchTest::currentValue_data()
 {
-    QTest::addColumn<QString>("user"); // a null text stands for no value
+    QTest::addColumn<QString>("user"); // null: no value
     QTest::addColumn<QString>("system");
     QTest::addColumn<QString>("scope");
     QTest::addColumn<QString>("reported");
@@ -163,7 +163,7 @@ void PermanentSwitchTest::otherTypesOfValues()
     Registry::setExpandString(userKey, "HALCONROOT", "%SystemDrive%\\H");
     Registry::setExpandString(systemKey, "HALCONARCH", "%PROCESSOR_ARCHITECTURE%");
     Registry::setDword(systemKey, "HALCONIMAGES", 7);
-    // Several texts are not one.
+    // A multi-string is not a string.
     Registry::setStrings(userKey, "HALCONEXAMPLES", {"a", "b"});
     const InstalledHalcon halcon;
     QStringList lines;
@@ -192,7 +192,7 @@ void PermanentSwitchTest::dryRunDoesNothing()
     QVERIFY(permanentSwitch(halcon.installation, false, true, false, nullptr));
 
     QCOMPARE(lines, QStringList{"earlier line"} + halcon.plannedLines() + QStringList{broadcastLine});
-    // A helper would have been waited for.
+    // The program would have waited for a helper.
     QVERIFY(!child.hasRecord());
     QCOMPARE(window.closeAndTakeLines(), QStringList());
     QCOMPARE(environmentLines(), before);
@@ -230,7 +230,7 @@ void PermanentSwitchTest::run()
 
     QCOMPARE(lines,
              QStringList{"earlier line"} + halcon.plannedLines() + failure + QStringList{broadcastLine});
-    // The helper had ended when the window was told.
+    // The helper had ended when the window received the broadcast.
     QCOMPARE(window.closeAndTakeLines(), QStringList{"wParam 0, text Environment, after the helper"});
     EchoRecord found;
     QVERIFY(child.waitForRecord(found));
@@ -238,7 +238,7 @@ void PermanentSwitchTest::run()
     QCOMPARE(found.commandLine, '"' + helperExecutablePath() + "\" " + halcon.arguments());
     QCOMPARE(found.currentDirectory, QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
     QCOMPARE(found.showCommand, SW_SHOW);
-    // The variables are the helper's to set.
+    // The helper sets the variables.
     QCOMPARE(environmentLines(), before);
 }
 

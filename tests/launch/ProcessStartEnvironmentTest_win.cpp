@@ -16,7 +16,7 @@ const wchar_t *wide(const QString &text)
     return reinterpret_cast<const wchar_t *>(text.utf16());
 }
 
-/// The environment of this program as the system has it, entry by entry.
+/// This program's environment as the system returns it, entry by entry.
 QStringList ownEnvironment()
 {
     const std::unique_ptr<wchar_t, decltype(&FreeEnvironmentStringsW)> block(GetEnvironmentStringsW(),
@@ -28,8 +28,7 @@ QStringList ownEnvironment()
     return entries;
 }
 
-/// A variable of this program's environment, given a value until the end, or taken away when the value is
-/// null.
+/// Sets a variable of this program's environment until the end, or removes it when the value is null.
 class OwnVariable {
 public:
     OwnVariable(const QString &name, const QString &value) : name(name), before(currentValue(name))
@@ -66,8 +65,7 @@ QString nameOf(const QString &entry)
     return entry.left(entry.indexOf('=', 1));
 }
 
-/// In another order than the block's: the system may put variables of its own at the end of a child's
-/// environment.
+/// Sorted, because the system may append variables of its own to a child's environment.
 QStringList sorted(QStringList entries)
 {
     entries.sort();
@@ -111,7 +109,7 @@ private slots:
     void startingAgainNeverLengthensThePath();
 
 private:
-    /// What a child started for @p installation found. The test program ends when no child starts.
+    /// The record of a child started for @p installation. The test program ends when no child starts.
     EchoRecord start(const HalconInstallation &installation);
 
     QTemporaryDir directory;

@@ -75,8 +75,8 @@ void ProcessStartTest::commandLineIsTheArgumentsAlone_data()
     QTest::newRow("percent signs") << "%PATH% %1 100%";
     QTest::newRow("carets, pipes and redirections") << "a ^& b | c > d < e";
     QTest::newRow("not ASCII") << "Größe 寸法 Размер";
-    QTest::newRow("leading and trailing blanks") << "  a  b  ";
-    QTest::newRow("one blank") << " ";
+    QTest::newRow("leading and trailing spaces") << "  a  b  ";
+    QTest::newRow("one space") << " ";
     QTest::newRow("long") << QString(30000, 'x');
 }
 
@@ -93,8 +93,7 @@ void ProcessStartTest::commandLineIsTheArgumentsAlone()
     QCOMPARE(record.commandLine, arguments);
 }
 
-/// The system fills an empty command line in with the executable, quoted; the child's arguments are none all
-/// the same.
+/// For an empty command line Windows substitutes the quoted executable; the child still has no arguments.
 void ProcessStartTest::emptyArguments()
 {
     EchoChild::copyTo(path("a tool.exe"));
@@ -113,7 +112,7 @@ void ProcessStartTest::executableInAnyDirectory_data()
     QTest::addColumn<QString>("name");
 
     QTest::newRow("plain") << "bin/hdevelop.exe";
-    QTest::newRow("blanks") << "Program Files/HALCON 20.11/h develop.exe";
+    QTest::newRow("spaces") << "Program Files/HALCON 20.11/h develop.exe";
     QTest::newRow("ampersand") << "Black & White/tool.exe";
     QTest::newRow("parentheses") << "Program Files (x86)/tool.exe";
     QTest::newRow("percent signs and carets") << "100% %PATH% ^/tool.exe";
@@ -170,7 +169,7 @@ void ProcessStartTest::logLine_data()
     QTest::addColumn<QString>("arguments");
 
     QTest::newRow("arguments") << "--halconversion=13.0 \"a b\" %1";
-    QTest::newRow("no arguments: the blank stays") << "";
+    QTest::newRow("no arguments: the space stays") << "";
 }
 
 void ProcessStartTest::logLine()
@@ -210,7 +209,7 @@ void ProcessStartTest::failure()
     QVERIFY(!startProcess(executable, "--x", installation(), &errors));
 
     QCOMPARE(errors, (QStringList{"earlier line", createProcessErrorLine(code)}));
-    // The failure is the caller's to show: only the attempt is logged.
+    // The caller reports the failure: only the attempt is logged.
     QCOMPARE(log.lines(), QStringList{"CreateProcess: " + executable + " --x"});
 }
 

@@ -9,8 +9,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-/// Where Velloxa is, is looked up once in a process: each of these runs in a process of its own, with an
-/// empty registry of its own.
+/// Velloxa is looked up once in a process: each of these cases runs in a process and a registry of its own.
 class VelloxaLaunchTest : public QObject {
     Q_OBJECT
 
@@ -69,7 +68,7 @@ void VelloxaLaunchTest::setInstallDir() const
 
 void VelloxaLaunchTest::notInstalled()
 {
-    // Where the executables would be if their directory were an empty text.
+    // Where the executables would be if their directory were an empty string.
     const FileOnCurrentDrive root64("velloxa.exe");
     const FileOnCurrentDrive root32("velloxa32.exe");
     QVERIFY(QFileInfo::exists("\\velloxa.exe"));
@@ -137,7 +136,7 @@ void VelloxaLaunchTest::architectureWithoutBuild()
     QVERIFY(countsAsNotInstalled("arm64-win64"));
     QVERIFY(countsAsNotInstalled("x-64"));
     QVERIFY(countsAsNotInstalled(""));
-    // What keeps them from starting is their architecture alone.
+    // Only their architecture keeps them from starting.
     QCOMPARE(velloxaExecutable64(), path("velloxa.exe"));
     QCOMPARE(velloxaExecutable32(), path("velloxa32.exe"));
 }
@@ -193,7 +192,7 @@ void VelloxaLaunchTest::programAppearsLaterAndIsKept()
         QVERIFY(child.waitForRecord(record));
     }
 
-    // A program that still runs cannot be removed.
+    // A running program cannot be removed.
     QVERIFY(QTest::qWaitFor([this] { return QFile::remove(path("velloxa.exe")); }, patienceMilliseconds));
     QCOMPARE(velloxaExecutable64(), path("velloxa.exe"));
     const LogLines log;

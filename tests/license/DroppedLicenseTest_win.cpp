@@ -19,7 +19,7 @@ const wchar_t *wide(const QString &text)
 
 } // namespace
 
-/// What becomes of a licence file from the drop to the installation.
+/// A licence file from the drop to the installation.
 class DroppedLicenseTest : public QObject {
     Q_OBJECT
 
@@ -56,7 +56,7 @@ void DroppedLicenseTest::fileThatNobodyElseMayRead()
 void DroppedLicenseTest::contents()
 {
     QTest::addColumn<QByteArray>("dropped");
-    QTest::addColumn<QByteArray>("installedFromMemory"); // the file itself is gone
+    QTest::addColumn<QByteArray>("installedFromMemory"); // when the file itself has vanished
 
     QTest::newRow("CR LF") << QByteArray("one\r\ntwo\r\n") << QByteArray("one\r\ntwo\r\n");
     QTest::newRow("LF") << QByteArray("one\ntwo\n") << QByteArray("one\r\ntwo\r\n");
@@ -76,11 +76,11 @@ void DroppedLicenseTest::contents()
                                          "e\r\n")
                            << QByteArray("# Gr\xc3\xb6\xc3\x9f"
                                          "e\r\n");
-    QTest::newRow("UTF-8 with a mark") << QByteArray("\xef\xbb\xbf# Gr\xc3\xb6\xc3\x9f"
-                                                     "e\r\n")
-                                       << QByteArray("# Gr\xf6\xdf"
-                                                     "e\r\n");
-    QTest::newRow("UTF-16 with a mark")
+    QTest::newRow("UTF-8 with a byte order mark") << QByteArray("\xef\xbb\xbf# Gr\xc3\xb6\xc3\x9f"
+                                                                "e\r\n")
+                                                  << QByteArray("# Gr\xf6\xdf"
+                                                                "e\r\n");
+    QTest::newRow("UTF-16 with a byte order mark")
         << QByteArray("\xff\xfe#\0\xf6\0\r\0\n\0", 10) << QByteArray("#\xf6\r\n");
     QTest::newRow("every byte") <<
         [] {
@@ -117,7 +117,7 @@ void DroppedLicenseTest::fileThatIsStillThere()
     QVERIFY(copyLicenseFile(dialog.selectedFile(), dialog.droppedContents(),
                             files.path("H/license/license.dat"), nullptr));
 
-    // Not from memory: byte for byte.
+    // From the file, not from memory: byte for byte.
     QCOMPARE(files.read("H/license/license.dat"), dropped);
 }
 

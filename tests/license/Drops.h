@@ -8,10 +8,10 @@
 #include <QUrl>
 #include <QWidget>
 
-/// What an Explorer offers.
+/// The actions that Explorer offers.
 constexpr Qt::DropActions copyOrMove = Qt::CopyAction | Qt::MoveAction;
 
-/// Drags @p data over the middle of @p widget, as the desktop does. True when it may be dropped there.
+/// Drags @p data over the middle of @p widget, as the desktop does. Returns whether it may be dropped there.
 inline bool dragOver(QWidget &widget, const QMimeData &data, Qt::DropActions offered = copyOrMove)
 {
     QDragEnterEvent enter(widget.rect().center(), offered, &data, Qt::LeftButton, Qt::NoModifier);
@@ -20,8 +20,8 @@ inline bool dragOver(QWidget &widget, const QMimeData &data, Qt::DropActions off
     return enter.isAccepted();
 }
 
-/// What whoever offers the data is told to have been done with it, and does his part of: he deletes what was moved.
-/// Nothing stands for a drop that was not taken.
+/// The action that the source of the data is told; the source deletes what was moved. Qt::IgnoreAction for a
+/// drop that was not accepted.
 inline Qt::DropAction drop(QWidget &widget, const QMimeData &data, Qt::DropActions offered = copyOrMove,
                            Qt::KeyboardModifiers keys = Qt::NoModifier)
 {
@@ -30,7 +30,7 @@ inline Qt::DropAction drop(QWidget &widget, const QMimeData &data, Qt::DropActio
     return released.isAccepted() ? released.dropAction() : Qt::IgnoreAction;
 }
 
-/// Drags files over @p widget and drops them. False when they may not be dropped there.
+/// Drags files over @p widget and drops them. Returns false when they may not be dropped there.
 inline bool dropFiles(QWidget &widget, const QList<QUrl> &files)
 {
     QMimeData data;

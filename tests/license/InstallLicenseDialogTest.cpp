@@ -37,7 +37,7 @@ QPushButton *button(const InstallLicenseDialog &dialog, QDialogButtonBox::Standa
     return dialog.findChild<QDialogButtonBox *>("buttonBox")->button(which);
 }
 
-/// The parts of the explanation that stand in italics.
+/// The parts of the explanation in italics.
 QString italics(const QTextEdit &textEdit)
 {
     QString text;
@@ -93,7 +93,7 @@ private:
 void InstallLicenseDialogTest::initTestCase()
 {
     setApplicationIdentity();
-    // Only Qt's own file dialog has widgets that the test can use.
+    // Only Qt's own file dialog has widgets that a test can use.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
 }
 
@@ -118,7 +118,7 @@ void InstallLicenseDialogTest::widgets()
         "QLabel labelSelectedFile \"(none)\" Expanding/Preferred in horizontalLayout at 1",
         "QDialogButtonBox buttonBox Expanding/Fixed in verticalLayout at 5",
     };
-    // The button box makes its buttons itself.
+    // The button box creates its buttons itself.
     const QStringList widgets = describeWidgets(dialog).mid(0, expected.size());
     for (int i = 0; i < expected.size(); ++i) {
         QCOMPARE(widgets.value(i), expected.at(i));
@@ -130,7 +130,7 @@ void InstallLicenseDialogTest::widgets()
 void InstallLicenseDialogTest::layouts()
 {
     const InstallLicenseDialog dialog("C:\\H\\license");
-    // What the form leaves to the style differs between machines.
+    // Defaults of the style differ between machines.
     for (QLayout *layout : dialog.findChildren<QLayout *>()) {
         layout->setSpacing(0);
         layout->setContentsMargins(0, 0, 0, 0);
@@ -176,12 +176,12 @@ void InstallLicenseDialogTest::explanation_data()
     QTest::addColumn<QString>("targetDirectory");
 
     QTest::newRow("plain") << "C:\\H\\license";
-    QTest::newRow("blanks") << "C:\\Program Files\\HALCON 20.11\\license";
-    QTest::newRow("several blanks") << "C:\\My   HALCON\\ license ";
+    QTest::newRow("spaces") << "C:\\Program Files\\HALCON 20.11\\license";
+    QTest::newRow("several spaces") << "C:\\My   HALCON\\ license ";
     QTest::newRow("ampersand") << "C:\\Black & White\\license";
     QTest::newRow("what looks like an entity") << "C:\\R&amp;D &lt;\\license";
     QTest::newRow("what looks like a tag") << "C:\\<b>HALCON<br>\\<license>";
-    QTest::newRow("what looks like the place to fill in") << "C:\\%1\\%2\\license";
+    QTest::newRow("what looks like a placeholder") << "C:\\%1\\%2\\license";
     QTest::newRow("quotes and apostrophes") << "C:\\\"H\" 'H'\\license";
     QTest::newRow("not ASCII") << "C:\\Gr\u00f6\u00dfe \u691c\u67fb\\license";
     QTest::newRow("forward slashes") << "C:/H/license";
@@ -221,7 +221,7 @@ void InstallLicenseDialogTest::setPath_data()
                             << "/a/b";
     QTest::newRow("missing") << "missing/license.dat"
                              << "/missing";
-    QTest::newRow("blanks") << "my licences/license 1.dat"
+    QTest::newRow("spaces") << "my licences/license 1.dat"
                             << "/my licences";
     QTest::newRow("signs") << "a & <b>/%1 &amp; <c>.dat"
                            << "/a & <b>";
@@ -239,7 +239,7 @@ void InstallLicenseDialogTest::setPath()
 
     QCOMPARE(dialog.selectedFile(), native(path(name)));
     QCOMPARE(shownFile(dialog), native(path(name)));
-    // Whatever the name looks like, it is shown as it is.
+    // The name is shown unchanged, whatever it looks like.
     QCOMPARE(dialog.findChild<QLabel *>("labelSelectedFile")->textFormat(), Qt::PlainText);
     QCOMPARE(dialog.droppedContents(), QString());
     QCOMPARE(lastDirectory(), native(directory->path() + directoryName));
@@ -294,7 +294,7 @@ void InstallLicenseDialogTest::fileDialogStartsInTheLastDirectory()
     if (stored) {
         QSettings().setValue(lastDirectoryKey, last);
     }
-    // Without a directory of ours, the toolkit's own choice.
+    // Without a stored directory Qt chooses one.
     const QString expected =
         exists ? path("my licences") : QFileDialog(nullptr, "", stored ? last : QString()).directory().path();
     InstallLicenseDialog dialog("C:\\H\\license");
@@ -380,7 +380,7 @@ void InstallLicenseDialogTest::drop()
     QCOMPARE(lastDirectory(), native(path("chosen")));
     QVERIFY(dialog.isVisible());
 
-    // Without a file that can be read, what was dropped before stays.
+    // When the file cannot be read, the one dropped before stays.
     QVERIFY(dropFiles(*dialog.findChild<InstallLicenseDropFrame *>("labelDrop"),
                       {QUrl::fromLocalFile(path("missing.dat"))}));
     QCOMPARE(dialog.selectedFile(), native(path("dropped/license.dat")));

@@ -92,7 +92,7 @@ void InstallLicenseDropFrameTest::drop_data()
 
     QTest::newRow("plain") << "license.dat";
     QTest::newRow("another ending") << "license.txt";
-    QTest::newRow("blanks") << "my licences/license 1.dat";
+    QTest::newRow("spaces") << "my licences/license 1.dat";
     QTest::newRow("signs that a link encodes") << "100%/a#b%20c&d+e.dat";
     QTest::newRow("not ASCII") << "Gr\u00f6\u00dfe/\u691c\u67fb.dat";
 }
@@ -127,7 +127,7 @@ void InstallLicenseDropFrameTest::answer_data()
     QTest::newRow("nothing") << Qt::DropActions() << false;
 }
 
-/// A file that is said to have been moved is deleted by the one who offered it. Whatever the keys propose.
+/// The source deletes a file that it is told was moved. So the action is a copy, whatever the keys propose.
 void InstallLicenseDropFrameTest::answer()
 {
     QFETCH(Qt::DropActions, offered);
@@ -164,7 +164,7 @@ void InstallLicenseDropFrameTest::firstOfSeveralFiles()
     QCOMPARE(dropped.size(), 1);
     QCOMPARE(dropped.first(), (QList<QVariant>{path("b.dat"), "first"}));
 
-    // The others do not stand in for a first one that is missing.
+    // The others do not replace a missing first one.
     QVERIFY(dropFiles(frame, {QUrl::fromLocalFile(path("missing.dat")), QUrl::fromLocalFile(path("a.dat"))}));
     QCOMPARE(dropped.size(), 1);
 
@@ -176,7 +176,7 @@ void InstallLicenseDropFrameTest::firstOfSeveralFiles()
 void InstallLicenseDropFrameTest::nothingToRead_data()
 {
     QTest::addColumn<QString>("name"); // in the test's directory
-    QTest::addColumn<QUrl>("other");   // in place of it
+    QTest::addColumn<QUrl>("other");   // instead of it
 
     QTest::newRow("missing") << "missing.dat" << QUrl();
     QTest::newRow("missing directory") << "missing/license.dat" << QUrl();
@@ -198,7 +198,7 @@ void InstallLicenseDropFrameTest::nothingToRead()
     QVERIFY(dropFiles(frame, {name.isNull() ? other : QUrl::fromLocalFile(path(name))}));
     QCOMPARE(dropped.size(), 0);
 
-    // The next one is taken.
+    // The next one is accepted.
     write("license.dat", "x");
     QVERIFY(dropFiles(frame, {QUrl::fromLocalFile(path("license.dat"))}));
     QCOMPARE(dropped.size(), 1);
@@ -238,7 +238,7 @@ void InstallLicenseDropFrameTest::readWhenDropped()
 
     QCOMPARE(dropped.size(), 1);
     QCOMPARE(dropped.first().at(1).toString(), QString("when dropped"));
-    // It is not kept open.
+    // The file is not kept open.
     QVERIFY(QFile::remove(path("license.dat")));
 }
 
@@ -266,7 +266,7 @@ void InstallLicenseDropFrameTest::textOfAFile_data()
     QTest::newRow("no line break at the end") << QByteArray("one\r\ntwo") << "one\ntwo";
     QTest::newRow("lone CR") << QByteArray("one\rtwo\r") << "onetwo";
     QTest::newRow("CR CR LF") << QByteArray("one\r\r\ntwo") << "one\ntwo";
-    QTest::newRow("blanks and tabs") << QByteArray(" one \ttwo  ") << " one \ttwo  ";
+    QTest::newRow("spaces and tabs") << QByteArray(" one \ttwo  ") << " one \ttwo  ";
     QTest::newRow("UTF-16") << QByteArray("\xff\xfe"
                                           "a\0\r\0\n\0b\0",
                                           10)
@@ -289,7 +289,7 @@ void InstallLicenseDropFrameTest::textOfAFile()
     QTEST(dropped.first().at(1).toString(), "text");
 }
 
-/// A machine whose code page is UTF-8, for one that has no character for every byte.
+/// A machine whose code page is UTF-8, as an example of one that has not a character for every byte.
 void InstallLicenseDropFrameTest::bytesOutsideTheCodePage()
 {
     write("license.dat", "a\xf6"
@@ -318,7 +318,7 @@ void InstallLicenseDropFrameTest::size_data()
     QTest::newRow("too large") << qint64(1048577) << false;
 }
 
-/// A file that can be no licence is dropped by mistake.
+/// A file that cannot be a licence was dropped by mistake.
 void InstallLicenseDropFrameTest::size()
 {
     QFETCH(qint64, bytes);

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Where the program keeps its settings.
+/// Where the program stores its settings.
 QVariant storedDirectory()
 {
     return QSettings(R"(HKEY_CURRENT_USER\Software\Quorvik Solutions\Corvanta for HALCON)",

@@ -12,12 +12,12 @@
 
 namespace {
 
-/// Lets every file end after so many bytes while it lives, as on a disk that is full.
+/// While it lives, limits every file to a number of bytes, as on a full disk.
 class FullDisk {
 public:
     explicit FullDisk(rlim_t bytes)
     {
-        // Without a handler for it the signal would end the program.
+        // Without a handler the signal would end the program.
         handler = std::signal(SIGXFSZ, SIG_IGN);
         getrlimit(RLIMIT_FSIZE, &before);
         const rlimit limit = {bytes, before.rlim_max};
@@ -115,7 +115,7 @@ void LicenseCopyFallbackTest::missingTargetDirectory()
     QCOMPARE(ElevatedHelperFake::broadcasts(), 0);
 }
 
-/// A directory in the target's place stands for whatever cannot be removed.
+/// A directory as the target represents anything that cannot be removed.
 void LicenseCopyFallbackTest::targetThatCannotBeRemoved()
 {
     const LicenseFiles files;
@@ -187,7 +187,8 @@ void LicenseCopyFallbackTest::sourceThatCannotBeRead_data()
     QTest::newRow("helper not started") << -1;
 }
 
-/// What there is stays until there is something to put in its place. A directory stands for whatever cannot be read.
+/// The old file stays until there is something to replace it with. A directory represents anything that
+/// cannot be read.
 void LicenseCopyFallbackTest::sourceThatCannotBeRead()
 {
     QFETCH(int, exitCode);
@@ -214,14 +215,14 @@ void LicenseCopyFallbackTest::sourceThatCannotBeRead()
 
 void LicenseCopyFallbackTest::temporaryFileIsNotWhole_data()
 {
-    QTest::addColumn<int>("size"); // that the disk has room for
+    QTest::addColumn<int>("size"); // for which the disk has room
 
     QTest::newRow("no room") << 0;
     QTest::newRow("room for a part") << 4096;
     QTest::newRow("one byte missing") << 99999;
 }
 
-/// A part of a licence is none.
+/// A part of a licence is not a licence.
 void LicenseCopyFallbackTest::temporaryFileIsNotWhole()
 {
     QFETCH(int, size);
@@ -251,7 +252,7 @@ void LicenseCopyFallbackTest::temporaryFileIsNotWhole()
     QCOMPARE(ElevatedHelperFake::starts().size(), 0);
 }
 
-/// The user reads the errors; whoever reads the log must find the lines as they are written here.
+/// The user reads the errors, a developer the log: both are compared whole.
 void LicenseCopyFallbackTest::translated()
 {
     const MarkingTranslator translator;

@@ -16,7 +16,7 @@ QString failureLine(const QString &exitCode)
     return "helper process returned with value " + exitCode + ". This indicates an error in its execution!";
 }
 
-/// What is logged when the program's own copy fails.
+/// The log of a failed copy by the program itself.
 QStringList helperLogLines(const QString &source, const QString &target)
 {
     return {"warning: could not copy source file \"" + source + "\" to destination file \"" + target +
@@ -29,7 +29,7 @@ const QString copyingChild = COPYING_CHILD_EXECUTABLE;
 
 } // namespace
 
-/// Copies that the program cannot make itself, with a real child in the helper's place. This test program
+/// Copies that the program cannot make itself, with a real child as the fake helper. This test program
 /// therefore has a directory of its own.
 class LicenseCopyHelperTest : public QObject {
     Q_OBJECT
@@ -55,7 +55,7 @@ void LicenseCopyHelperTest::startOfTheHelper_data()
 
     QTest::newRow("plain") << "license.dat"
                            << "H/license/license.dat";
-    QTest::newRow("blanks") << "my licences/license 1.dat"
+    QTest::newRow("spaces") << "my licences/license 1.dat"
                             << "Program Files (x86)/HALCON 20.11/license/license 1.dat";
     QTest::newRow("signs") << "a & b/100% %1 ^.dat"
                            << "H %2 & Co/license/100% %1 ^.dat";
@@ -78,7 +78,7 @@ void LicenseCopyHelperTest::startOfTheHelper()
     QVERIFY(copyLicenseFile(files.path(source), "unused", files.path(target), &errors));
 
     EchoRecord found;
-    QVERIFY(child.hasRecord()); // it was waited for
+    QVERIFY(child.hasRecord()); // its end was waited for
     QVERIFY(child.waitForRecord(found));
     QCOMPARE(found.executable, helperExecutablePath());
     QCOMPARE(found.commandLine, '"' + helperExecutablePath() + "\" --copy=\"" + files.native(target) +
@@ -157,7 +157,7 @@ void LicenseCopyHelperTest::writeProtectedTarget()
     QCOMPARE(files.read("H/license/license.dat"), QByteArray("old"));
 }
 
-/// The copy is write-protected like its source: it is the next one that needs the helper.
+/// The copy is read-only like its source, so the next one needs the helper.
 void LicenseCopyHelperTest::writeProtectedSource()
 {
     const LicenseFiles files;
@@ -208,11 +208,11 @@ void LicenseCopyHelperTest::helperCopiesWhatVanished_data()
     QTest::addColumn<bool>("copied");
 
     QTest::newRow("copied") << true;
-    // There is nothing in which the helper could make the directory.
+    // The helper could not create the directory either.
     QTest::newRow("not copied") << false;
 }
 
-/// The temporary file is whole, and others can read it, while the helper runs.
+/// While the helper runs the temporary file is complete and others can read it.
 void LicenseCopyHelperTest::helperCopiesWhatVanished()
 {
     QFETCH(bool, copied);

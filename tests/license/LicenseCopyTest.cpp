@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Every byte that there is.
+/// All 256 bytes.
 QByteArray allBytes()
 {
     QByteArray bytes;
@@ -21,7 +21,7 @@ QByteArray allBytes()
 
 } // namespace
 
-/// Copies that need no help.
+/// Copies that need no helper.
 class LicenseCopyTest : public QObject {
     Q_OBJECT
 
@@ -51,8 +51,8 @@ void LicenseCopyTest::byteIdentical_data()
     QTest::newRow("no line break at the end") << QByteArray("one\r\ntwo");
     QTest::newRow("empty") << QByteArray();
     QTest::newRow("every byte") << allBytes();
-    QTest::newRow("UTF-8 with a mark") << QByteArray("\xef\xbb\xbf# Gr\xc3\xb6\xc3\x9f"
-                                                     "e\n");
+    QTest::newRow("UTF-8 with a byte order mark") << QByteArray("\xef\xbb\xbf# Gr\xc3\xb6\xc3\x9f"
+                                                                "e\n");
     QTest::newRow("UTF-16") << QByteArray("\xff\xfe"
                                           "a\0\n\0",
                                           6);
@@ -83,7 +83,7 @@ void LicenseCopyTest::names_data()
     QTest::addColumn<QString>("source");
     QTest::addColumn<QString>("target");
 
-    QTest::newRow("blanks") << "my licences/license 1.dat"
+    QTest::newRow("spaces") << "my licences/license 1.dat"
                             << "Program Files/HALCON 20.11/license/license 1.dat";
     QTest::newRow("signs") << "a & b/100% %1 (x).dat"
                            << "H & Co/license/100% %1 (x).dat";
@@ -140,7 +140,7 @@ void LicenseCopyTest::existingTarget()
 
 void LicenseCopyTest::fromItsOwnPlace_data()
 {
-    QTest::addColumn<QString>("source"); // leads to the file H/license/license.dat
+    QTest::addColumn<QString>("source"); // a path to the file H/license/license.dat
     QTest::addColumn<QString>("target");
 
     const QString plain = "H/license/license.dat";
@@ -149,7 +149,7 @@ void LicenseCopyTest::fromItsOwnPlace_data()
     QTest::newRow("second name") << "second.dat" << plain;
 }
 
-/// The user's only licence would be deleted to make room for its own copy.
+/// Otherwise the user's only licence would be removed to make room for its own copy.
 void LicenseCopyTest::fromItsOwnPlace()
 {
     QFETCH(QString, source);
@@ -246,7 +246,7 @@ void LicenseCopyTest::noTemporaryFile()
     QVERIFY(!copyLicenseFile(files.native("mail/license.dat"), "new", files.path("H/license/license.dat"),
                              &errors));
 
-    // A file that was never made has no name.
+    // A file that was never created has no name.
     const QString source = files.native("mail/license.dat");
     QCOMPARE(errors,
              QStringList{"Dropped file " + source +

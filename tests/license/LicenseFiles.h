@@ -22,7 +22,7 @@ public:
     {
         qputenv("TMPDIR", before);
         qputenv("TMP", beforeOnWindows);
-        // What is write-protected would stay on the disk.
+        // Read-only files would stay on the disk.
         for (const QString &file : QDir(path("H/license")).entryList(QDir::Files)) {
             QFile::setPermissions(path("H/license/" + file), QFile::ReadOwner | QFile::WriteOwner);
         }
@@ -42,7 +42,7 @@ public:
     }
     void makeDirectory(const QString &name) const { QDir(directory.path()).mkpath(name); }
 
-    /// What a file holds; "(none)" when there is no such file.
+    /// A file's contents; "(none)" when there is no such file.
     QByteArray read(const QString &name) const
     {
         QFile file(path(name));
@@ -53,12 +53,12 @@ public:
         return QFile::setPermissions(path(name), QFile::ReadOwner);
     }
 
-    /// The names of the temporary files that are there now.
+    /// The names of the current temporary files.
     QStringList temporaryFiles() const
     {
         return QDir(path("temporary")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
-    /// Leaves the program without a directory for temporary files: a file is named in place of one.
+    /// Leaves the program without a directory for temporary files, by naming a file instead.
     void loseTemporaryDirectory() const
     {
         write("no directory", "");

@@ -17,7 +17,7 @@ namespace {
 
 const QString share = "\\\\server\\share";
 
-/// The path with names of at most eight characters and three.
+/// The path with short (8.3) names.
 QString withShortNames(const QString &path)
 {
     wchar_t buffer[MAX_PATH] = {};
@@ -25,7 +25,7 @@ QString withShortNames(const QString &path)
     return QString::fromWCharArray(buffer, int(length));
 }
 
-/// An installation with one licence, and all the ways that lead to it.
+/// An installation with one licence, and all the paths that lead to it.
 struct OnlyLicense {
     OnlyLicense()
     {
@@ -40,7 +40,7 @@ struct OnlyLicense {
 
     QString path() const { return files.native("H/license/the only license.dat"); }
 
-    /// One of the ways by its name.
+    /// The licence's path by this @p way.
     QString path(const QString &way) const
     {
         const QMap<QString, QString> ways{
@@ -61,7 +61,8 @@ struct OnlyLicense {
 
 } // namespace
 
-/// A licence that is chosen from its own place, reached on another way. To make room for the copy would delete it.
+/// The chosen licence is the installed one, reached by another path. Removing the target first would delete
+/// it.
 class LicenseOwnPlaceTest : public QObject {
     Q_OBJECT
 
@@ -110,7 +111,7 @@ void LicenseOwnPlaceTest::stays()
     QCOMPARE(log.lines(), QStringList());
 }
 
-/// Otherwise nothing would ever be copied.
+/// The control: otherwise nothing would ever be copied.
 void LicenseOwnPlaceTest::otherFilesAreNotTheSame()
 {
     license->files.write("H/license/copy.dat", "the only one");

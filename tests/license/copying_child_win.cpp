@@ -1,6 +1,6 @@
-// Stands in for the elevated helper: does what it is asked to with --copy="DESTINATION" "SOURCE", and makes
-// the destination's directory first, which the test program's own copy cannot do without. Its exit code is
-// 0, or the number of the error.
+// A fake of the elevated helper: carries out --copy="DESTINATION" "SOURCE" and first creates the
+// destination's directory, without which the program's own copy fails. Its exit code is 0 or the number of
+// the error.
 
 #include <windows.h>
 

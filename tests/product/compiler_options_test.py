@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""All code of ours is compiled with what makes errors in memory harder to exploit.
+"""All our own code is compiled with the options that make memory errors harder to exploit.
 
     compiler_options_test.py COMPILE_COMMANDS
 """
@@ -10,7 +10,7 @@ import sys
 from pathlib import Path
 
 WANTED = {"-fstack-protector-strong", "-D_FORTIFY_SOURCE=2", "-D_GLIBCXX_ASSERTIONS"}
-# _FORTIFY_SOURCE does nothing without.
+# _FORTIFY_SOURCE does nothing without optimisation.
 OPTIMISED = {"-O1", "-O2", "-O3", "-Os"}
 
 status = 0

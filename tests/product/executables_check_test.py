@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What packaging/checks/executables says of executables that are not as they should be: patched copies of ours.
+"""What packaging/checks/executables says about bad executables: patched copies of ours.
 
     executables_check_test.py CHECK DIRECTORY FACTS
 """
@@ -42,7 +42,7 @@ def number(offset, form, change):
 
 
 def text(old, new):
-    """A patch of the one place where `old` stands, of the same length."""
+    """A patch of the only occurrence of `old`, of the same length."""
     def patch(data):
         assert len(old) == len(new) and data.count(old) == 1, (old, new, data.count(old))
         return data.replace(old, new)
@@ -61,7 +61,7 @@ OPTIONAL = 24
 FIRST_SECTION = OPTIONAL + 240
 SETTINGS_FINDING = "the manifest's settings are "
 
-# What is changed, and what the findings begin with.
+# The changes, and how the findings begin.
 PATCHES = {
     "nothing": (lambda data: data, []),
     "machine": (number(4, "<H", lambda _: 0x14C), ["it is not for x86-64 but for machine 0x14c"]),
@@ -105,7 +105,7 @@ PATCHES = {
     "beginning of the file": (lambda data: b"#!" + data[2:], ["the file does not begin as an executable does"]),
 }
 
-# Which fact is another, and the findings then.
+# The changed fact, and the findings.
 OTHER_FACTS = {
     "publisher": ["the version resource's CompanyName is "],
     "copyright": ["the version resource's LegalCopyright is "],

@@ -6,7 +6,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-/// A directory for the settings of applications in place of the user's while it lives; HDevelop has none there yet.
+/// While it lives, an empty directory replaces the user's one for the settings of applications.
 class HDevelopSettings {
 public:
     HDevelopSettings()
@@ -30,17 +30,17 @@ public:
     /// A path in the directory that was made for the test.
     QString path(const QString &name) const { return directory.filePath(name); }
 
-    /// Where HDevelop's settings file has to be.
+    /// The path of HDevelop's settings file.
     QString file() const { return QDir(settingsDirectory).filePath("MVTec/HDevelop.ini"); }
 
-    /// From now on @p newDirectory holds the settings of applications.
+    /// Makes @p newDirectory the one for the settings of applications.
     void moveTo(const QString &newDirectory)
     {
         settingsDirectory = newDirectory;
         qputenv("APPDATA", QFile::encodeName(QDir::toNativeSeparators(newDirectory)));
     }
 
-    /// Makes HDevelop's settings file. A failure ends the test program.
+    /// Writes HDevelop's settings file. A failure ends the test program.
     void write(const QByteArray &contents) const
     {
         QFile settings(file());
@@ -50,7 +50,7 @@ public:
         }
     }
 
-    /// Makes a settings file that names @p paths, which hold neither commas nor quotes.
+    /// Writes a settings file that names @p paths, which contain neither commas nor quotes.
     void writePrograms(const QStringList &paths) const
     {
         write("[Settings]\r\nRecentPrograms=" + paths.join(", ").toLocal8Bit() + "\r\nOther=1\r\n");

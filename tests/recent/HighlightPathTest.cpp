@@ -45,7 +45,7 @@ void HighlightPathTest::withoutSearch_data()
                                   << R"(C:\&quot;a&quot;.hdev)";
     QTest::newRow("apostrophe") << R"(C:\a's.hdev)"
                                 << R"(C:\a's.hdev)";
-    QTest::newRow("blanks") << R"(C:\My  Programs\ a.hdev )"
+    QTest::newRow("spaces") << R"(C:\My  Programs\ a.hdev )"
                             << R"(C:\My  Programs\ a.hdev )";
     QTest::newRow("not ASCII") << "C:/Gr\u00f6\u00dfe/\u691c\u67fb.hdev"
                                << "C:\\Gr\u00f6\u00dfe\\\u691c\u67fb.hdev";
@@ -86,7 +86,7 @@ void HighlightPathTest::matches_data()
     QTest::newRow("side by side") << "abab"
                                   << "ab" << marked("ab") + marked("ab") << 2;
 
-    // As it was typed, not as the path has it.
+    // As typed, not as in the path.
     QTest::newRow("upper case typed") << path << "PROG"
                                       << R"(C:\)" + marked("PROG") + R"(rams\gauge.hdev)" << 1;
     QTest::newRow("lower case typed") << path << "prog"
@@ -119,10 +119,10 @@ void HighlightPathTest::matches_data()
     QTest::newRow("forward slash typed") << "C:/a/b"
                                          << "/"
                                          << R"(C:\a\b)" << 0;
-    QTest::newRow("blank") << "my a.hdev"
+    QTest::newRow("space") << "my a.hdev"
                            << " "
                            << "my" + marked(" ") + "a.hdev" << 1;
-    QTest::newRow("blank at the end typed") << "a.hdev"
+    QTest::newRow("space at the end typed") << "a.hdev"
                                             << "hdev "
                                             << "a.hdev" << 0;
 
@@ -145,7 +145,7 @@ void HighlightPathTest::matches_data()
     QTest::newRow("an entity typed") << R"(C:\a&b.hdev)"
                                      << "&amp;"
                                      << R"(C:\a&amp;b.hdev)" << 0;
-    // It is the escaped path that is searched.
+    // Deliberate: the escaped path is searched.
     QTest::newRow("part of an entity") << R"(C:\a&b.hdev)"
                                        << "amp"
                                        << R"(C:\a&)" + marked("amp") + ";b.hdev" << 1;
@@ -153,7 +153,7 @@ void HighlightPathTest::matches_data()
                                       << ";"
                                       << R"(C:\a&lt)" + marked(";") + "b.hdev" << 1;
 
-    // No patterns, and nothing that was inserted is searched again.
+    // The search text is no pattern, and inserted markup is not searched again.
     QTest::newRow("point") << "a.hdev"
                            << "."
                            << "a" + marked(".") + "hdev" << 1;

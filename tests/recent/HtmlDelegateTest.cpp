@@ -16,8 +16,8 @@ namespace {
 constexpr QSize imageSize(300, 80);
 constexpr QRect itemArea(40, 20, 200, 30);
 
-/// Draws items without anything but a plain background, puts texts where the test wants them, and keeps what it was
-/// asked to draw.
+/// A style that draws items with only a plain background, puts texts where the test wants them, and records
+/// what it was asked to draw.
 class RecordingStyle : public QProxyStyle {
 public:
     RecordingStyle() : QProxyStyle("fusion") {}
@@ -44,7 +44,7 @@ public:
     mutable QList<QStyleOptionViewItem> drawn;
 };
 
-/// An image that nothing was drawn into.
+/// An empty image.
 QImage blankImage()
 {
     QImage image(imageSize, QImage::Format_ARGB32_Premultiplied);
@@ -52,7 +52,7 @@ QImage blankImage()
     return image;
 }
 
-/// The smallest rectangle around the pixels of @p image that are as @p wanted says.
+/// The bounding rectangle of the pixels of @p image that @p wanted accepts.
 QRect areaOf(const QImage &image, const std::function<bool(const QColor &)> &wanted)
 {
     QRect area;
@@ -167,10 +167,10 @@ void HtmlDelegateTest::matchesAreRed()
     const QRect red = areaOf(image, isRed);
     const QRect black = areaOf(image, isBlack);
     QVERIFY(!red.isEmpty());
-    // The text begins and ends with what did not match.
+    // The text begins and ends with parts that do not match.
     QVERIFY(black.left() < red.left());
     QVERIFY(black.right() > red.right());
-    // And nothing black is among the red.
+    // No black pixels among the red ones.
     const QRect middle(red.left(), 0, red.width(), imageSize.height());
     QCOMPARE(areaOf(image.copy(middle.adjusted(2, 0, -2, 0)), isBlack), QRect());
 
@@ -179,7 +179,7 @@ void HtmlDelegateTest::matchesAreRed()
 
 void HtmlDelegateTest::markupIsNotShown()
 {
-    // The same letters, with and without markup that does not show.
+    // The same letters, with and without invisible markup.
     QCOMPARE(painted(option(), "<span>C:\\a</span>"), painted(option(), "C:\\a"));
     QCOMPARE(painted(option(), "&lt;"), painted(option(), "<span>&#60;</span>"));
     QVERIFY(painted(option(), "<b>C:\\a</b>") != painted(option(), "C:\\a"));
@@ -230,9 +230,9 @@ void HtmlDelegateTest::textColour()
 
     QCOMPARE(!areaOf(image, isGreen).isEmpty(), highlighted);
     QCOMPARE(!areaOf(image, isBlack).isEmpty(), !highlighted);
-    // The inactive group's colour is for nothing.
+    // The inactive group's colour is not used.
     QCOMPARE(areaOf(image, isBlue), QRect());
-    // What the text says of its colours holds all the same.
+    // The text's own colours still apply.
     QVERIFY(!areaOf(image, isRed).isEmpty());
 }
 
@@ -259,7 +259,7 @@ void HtmlDelegateTest::backgroundIsDrawnByTheStyle()
     QVERIFY(drawn.features.testFlag(QStyleOptionViewItem::HasDisplay));
     QCOMPARE(areaOf(image, isDrawn), itemArea);
     QCOMPARE(image.pixelColor(itemArea.bottomRight()), style.background);
-    // The option that was given stays as it is.
+    // The option passed in is unchanged.
     QCOMPARE(item.rect, itemArea);
     QCOMPARE(item.text, QString());
 }
@@ -311,7 +311,7 @@ void HtmlDelegateTest::nothingOutsideTheItem()
     QFETCH(QString, html);
     QCOMPARE(areaOf(painted(option(), html), isDrawn), itemArea);
 
-    // Nor with the style that the views really have.
+    // Nor with the real style of the views.
     QStyleOptionViewItem item = option();
     item.widget = nullptr;
     item.state |= QStyle::State_Selected | QStyle::State_Active;
@@ -350,7 +350,7 @@ void HtmlDelegateTest::sizeHint_data()
             QTest::addRow("%s, %d wide", name, width) << html << width;
         };
         row("path", "C:\\Programs\\inspection.hdev");
-        row("blanks", "C:\\My Programs\\an inspection of gauges.hdev");
+        row("spaces", "C:\\My Programs\\an inspection of gauges.hdev");
         row("marked", "C:\\<b><font color='red'>PROG</font></b>rams\\my inspection.hdev");
         row("several lines", "a<br>b<br>c");
         row("empty", "");

@@ -18,7 +18,7 @@ const wchar_t *wide(const QString &text)
 /// @p text in the system's code page, or nothing when that lacks one of its characters.
 QByteArray inCodePage(const QString &text)
 {
-    const bool everything = GetACP() == CP_UTF8; // which lacks none, and cannot tell
+    const bool everything = GetACP() == CP_UTF8; // which lacks none, and cannot report it
     BOOL replaced = FALSE;
     QByteArray bytes(4 * text.size(), '\0');
     const int size =
@@ -29,7 +29,7 @@ QByteArray inCodePage(const QString &text)
 
 } // namespace
 
-/// What of HDevelop's settings only Windows has.
+/// The parts of HDevelop's settings that exist only on Windows.
 class RecentProgramsFileTest : public QObject {
     Q_OBJECT
 
@@ -76,7 +76,7 @@ void RecentProgramsFileTest::westernCodePage()
                    "e\\\xdc"
                    "bung \x80.hdev\r\n");
     QCOMPARE(readRecentPrograms(), QStringList{"C:\\Gr\u00f6\u00dfe\\\u00dcbung \u20ac.hdev"});
-    // In another encoding it is not read as what it says.
+    // A file in another encoding is misread.
     settings.write("RecentPrograms=\xc3\xbc.hdev\r\n");
     QCOMPARE(readRecentPrograms(), QStringList{"\u00c3\u00bc.hdev"});
 }
@@ -113,7 +113,7 @@ void RecentProgramsFileTest::directoryBeyondTheCodePage()
     const QString directory = settings.path("\u691c\u67fb & Gr\u00f6\u00dfe");
     settings.moveTo(directory);
     settings.writePrograms({"a", "b"});
-    // Not every name can be given in bytes.
+    // Not every name can be written in the code page.
     QCOMPARE(_wputenv_s(L"APPDATA", wide(QDir::toNativeSeparators(directory))), 0);
     QCOMPARE(readRecentPrograms(), (QStringList{"a", "b"}));
 }

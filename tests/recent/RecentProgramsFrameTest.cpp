@@ -52,7 +52,7 @@ void RecentProgramsFrameTest::widgets()
         "QPushButton pbOK \"OK\" Minimum/Fixed in horizontalLayout_2 at 1",
         "QTreeView treeView Expanding/Expanding in verticalLayout at 2",
     };
-    // The list makes its header itself.
+    // The list creates its header itself.
     const QStringList widgets = describeWidgets(frame).mid(0, expected.size());
     for (int i = 0; i < expected.size(); ++i) {
         QCOMPARE(widgets.value(i), expected.at(i));
@@ -69,7 +69,7 @@ void RecentProgramsFrameTest::layouts()
                       style->pixelMetric(QStyle::PM_LayoutTopMargin, nullptr, &frame),
                       style->pixelMetric(QStyle::PM_LayoutRightMargin, nullptr, &frame),
                       style->pixelMetric(QStyle::PM_LayoutBottomMargin, nullptr, &frame)));
-    // What the form leaves to the style differs between machines.
+    // Defaults of the style differ between machines.
     frame.layout()->setContentsMargins(0, 0, 0, 0);
     for (QLayout *layout : frame.findChildren<QLayout *>()) {
         layout->setSpacing(0);
@@ -238,7 +238,7 @@ void RecentProgramsFrameTest::longPathsFit()
     QVERIFY(QTest::qWaitForWindowExposed(&frame));
     const int lineHeight = list(frame)->visualRect(shownModel(frame)->index(0, 0)).height();
 
-    // All of it is found, and bold letters are wider.
+    // The whole row matches, and bold letters are wider.
     const QString search = QString(path).replace('/', '\\');
     searchLine(frame)->setText(inCapitals ? search.toUpper() : search);
 
@@ -249,7 +249,7 @@ void RecentProgramsFrameTest::longPathsFit()
     QVERIFY2(row.width() >= int(document.idealWidth()),
              qPrintable(QString("%1 < %2").arg(row.width()).arg(document.idealWidth())));
     QCOMPARE(row.height(), lineHeight);
-    // What does not fit the frame can be scrolled to.
+    // Rows wider than the frame can be scrolled.
     EVENTUALLY_VERIFY(list(frame)->horizontalScrollBar()->maximum() > 0);
 }
 
@@ -281,11 +281,11 @@ void RecentProgramsFrameTest::updateRecent()
     frame.update_recent();
     QCOMPARE(shownModel(frame)->rowCount(), 0);
     QCOMPARE(settingsModel(frame)->rowCount(), 0);
-    // Nothing to mark, and no harm done.
+    // Nothing to mark, no crash.
     searchLine(frame)->setText("hdev");
     QCOMPARE(shownModel(frame)->rowCount(), 0);
 
-    // With a search, as the search line has it.
+    // The search is that of the search line.
     settings.writePrograms({"C:\\a.txt", "C:\\a.hdev", "C:\\hdev\\a.hdev"});
     frame.update_recent();
     const QString match = "<b><font color='red'>hdev</font></b>";
@@ -306,7 +306,7 @@ void RecentProgramsFrameTest::developersSeeTheList()
     QTest::ignoreMessage(QtDebugMsg, QRegularExpression("third\\.hdev"));
     frame.update_recent();
 
-    // Only on the console.
+    // Only in the message channel.
     QCOMPARE(log.lines(), QStringList());
 }
 

@@ -53,7 +53,7 @@ private slots:
     void restoredWindowKeepsTheFocus();
 
 private:
-    /// Presses and releases a key as the window system tells of it.
+    /// Presses and releases a key as the window system does.
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
         QTest::keyClick(window->windowHandle(), Qt::Key(key), modifiers);
@@ -98,7 +98,7 @@ void RecentProgramsKeysTest::keysThatLeadToTheList_data()
     for (const char *from : {"leSearchRecent", "pbOK"}) {
         const auto row = [&](const char *name, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
             QTest::addRow("%s, %s", from, name) << from << key << modifiers << 40 << 40;
-            // The list makes its first row the current one when it gets the focus without one.
+            // A list without a current row makes the first one current when it gets the focus.
             QTest::addRow("%s, %s, no current row", from, name) << from << key << modifiers << -1 << 0;
         };
         row("Up", Qt::Key_Up);
@@ -146,7 +146,7 @@ void RecentProgramsKeysTest::keysThatTheSearchLineKeeps_data()
     QTest::newRow("Delete") << int(Qt::Key_Delete) << none << "hdv" << 2;
     QTest::newRow("Backspace") << int(Qt::Key_Backspace) << none << "hev" << 1;
     QTest::newRow("letter") << int(Qt::Key_X) << none << "hdxev" << 3;
-    QTest::newRow("blank") << int(Qt::Key_Space) << none << "hd ev" << 3;
+    QTest::newRow("space") << int(Qt::Key_Space) << none << "hd ev" << 3;
     QTest::newRow("Enter") << int(Qt::Key_Enter) << none << "hdev" << 2;
     QTest::newRow("Return") << int(Qt::Key_Return) << none << "hdev" << 2;
 }
@@ -176,7 +176,7 @@ void RecentProgramsKeysTest::keysThatTheButtonKeeps_data()
     QTest::newRow("Home") << int(Qt::Key_Home) << 0;
     QTest::newRow("End") << int(Qt::Key_End) << 0;
     QTest::newRow("letter") << int(Qt::Key_X) << 0;
-    QTest::newRow("blank") << int(Qt::Key_Space) << 1;
+    QTest::newRow("space") << int(Qt::Key_Space) << 1;
 }
 
 void RecentProgramsKeysTest::keysThatTheButtonKeeps()
@@ -235,7 +235,7 @@ void RecentProgramsKeysTest::keysThatLeadOutOfTheList_data()
     };
     row("letter", Qt::Key_I);
     row("digit", Qt::Key_5);
-    row("blank", Qt::Key_Space);
+    row("space", Qt::Key_Space);
     row("Enter", Qt::Key_Enter, Qt::KeypadModifier);
     row("Return", Qt::Key_Return);
     row("Escape", Qt::Key_Escape);
@@ -265,7 +265,7 @@ void RecentProgramsKeysTest::keysThatLeadOutOfTheList()
 
     QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
     QCOMPARE(focus.reasons, QList<Qt::FocusReason>{Qt::OtherFocusReason});
-    // The key itself is lost.
+    // Deliberate: the key itself is lost.
     QCOMPARE(searchLine(*frame)->text(), QString("hdev"));
     QCOMPARE(searchLine(*frame)->selectedText(), QString());
     QCOMPARE(currentRow(), 40);
@@ -280,7 +280,7 @@ void RecentProgramsKeysTest::typingGoesOnInTheSearchLine()
     press(Qt::Key_Down);
     QCOMPARE(currentRow(), 2);
 
-    // The first letter only leads there.
+    // The first letter only moves the focus there.
     press(Qt::Key_H);
     press(Qt::Key_9);
     press(Qt::Key_7);
@@ -294,7 +294,7 @@ void RecentProgramsKeysTest::shiftIsTheKeyThatIsLost()
     searchLine(*frame)->setText("inspection");
     list(*frame)->setFocus();
 
-    // Shift has led there before the letter comes.
+    // Shift has moved the focus there before the letter arrives.
     QTest::keyClick(window->windowHandle(), 'X', Qt::ShiftModifier);
 
     QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
@@ -303,7 +303,7 @@ void RecentProgramsKeysTest::shiftIsTheKeyThatIsLost()
 
 void RecentProgramsKeysTest::otherEventsPass()
 {
-    // Wherever a key was pressed, it may be released in another place.
+    // A key may be released in another widget than it was pressed in.
     list(*frame)->setFocus();
     QTest::keyRelease(window->windowHandle(), Qt::Key_A);
     QCOMPARE(QApplication::focusWidget(), list(*frame));
@@ -381,7 +381,7 @@ void RecentProgramsKeysTest::restoredWindowKeepsTheFocus()
     window->showMinimized();
     EVENTUALLY_VERIFY(window->isMinimized());
     window->showNormal();
-    // As a click in the task bar does.
+    // Like a click in the task bar.
     window->activateWindow();
 
     QVERIFY(QTest::qWaitForWindowActive(window.data()));

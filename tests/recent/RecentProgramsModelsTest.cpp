@@ -21,7 +21,7 @@ QStringList manyPaths(int count)
     return paths;
 }
 
-/// How often a model has told of each kind of change.
+/// Counts a model's signals for each kind of change.
 class ModelChanges {
 public:
     explicit ModelChanges(const QAbstractItemModel &model)
@@ -34,7 +34,7 @@ public:
     {
     }
 
-    /// Those that there were since the last call.
+    /// The changes since the last call.
     QString take()
     {
         QString text = QString("%1 data, %2 layout, %3 inserted, %4 removed, %5 moved, %6 reset")
@@ -59,7 +59,7 @@ private:
     QSignalSpy resets;
 };
 
-/// Counts what the list asks of it.
+/// Counts the calls from the list.
 class CountingDelegate : public HtmlDelegate {
 public:
     using HtmlDelegate::HtmlDelegate;
@@ -109,7 +109,7 @@ private:
     static void numbersOfPrograms();
 
     HDevelopSettings settings;
-    QScopedPointer<CaughtMessages> messages; // the lists would fill the test's log
+    QScopedPointer<CaughtMessages> messages; // otherwise the lists would fill the test's log
 };
 
 void RecentProgramsModelsTest::initTestCase()

@@ -71,7 +71,7 @@ void RecentProgramsSearchTest::order_data()
                                << QStringList{"4", "2", "0"};
     QTest::newRow("longer than every path")
         << QStringList{"a", "b"} << "C:/Programs/a.hdev" << QStringList{"a", "b"} << QStringList{"0", "-1"};
-    QTest::newRow("blank") << QStringList{"a", "my a", "my own a"} << " "
+    QTest::newRow("space") << QStringList{"a", "my a", "my own a"} << " "
                            << QStringList{"my own a", "my a", "a"} << QStringList{"4", "2", "0"};
 }
 

@@ -7,8 +7,8 @@
 
 namespace {
 
-/// Another code page for the system while it lives. Not for Windows' sake, which has a test of its own, but to see
-/// that the system's is used.
+/// While it lives, changes the system's code page, to prove that the code page is used; Windows has a test of
+/// its own.
 class SystemCodePage {
 public:
     explicit SystemCodePage(const QByteArray &name) : before(QTextCodec::codecForLocale())
@@ -51,7 +51,7 @@ void RecentProgramsTest::split_data()
     QTest::addColumn<QString>("value");
     QTest::addColumn<QStringList>("paths");
 
-    QTest::newRow("quoted comma and blank, three blanks")
+    QTest::newRow("quoted comma and space, three spaces")
         << R"(C:\a.hdev,"C:\My Programs\b, c.hdev",   C:\d.hdev)"
         << QStringList{R"(C:\a.hdev)", R"(C:\My Programs\b, c.hdev)", R"(C:\d.hdev)"};
     QTest::newRow("one") << R"(C:\a.hdev)" << QStringList{R"(C:\a.hdev)"};
@@ -66,37 +66,37 @@ void RecentProgramsTest::split_data()
     QTest::newRow("two commas") << "a,,b" << QStringList{"a", "", "b"};
     QTest::newRow("semicolon") << "a;b" << QStringList{"a;b"};
 
-    // Blanks.
-    QTest::newRow("blank behind a comma") << "a, b" << QStringList{"a", "b"};
-    QTest::newRow("many blanks behind a comma") << "a,        b" << QStringList{"a", "b"};
-    QTest::newRow("blanks in front") << "  a,b" << QStringList{"  a", "b"};
-    QTest::newRow("only blanks") << "   " << QStringList{"   "};
-    QTest::newRow("blanks within") << "a  b,c d  e" << QStringList{"a  b", "c d  e"};
-    QTest::newRow("blanks before a comma") << "a  ,b " << QStringList{"a  ", "b "};
-    QTest::newRow("blanks between commas") << "a,  ,b" << QStringList{"a", "", "b"};
-    QTest::newRow("blanks at the end") << "a,  " << QStringList{"a", ""};
-    QTest::newRow("tab behind a comma") << "a,\tb" << QStringList{"a", "\tb"};
-    QTest::newRow("blank behind a tab") << "a, \t b" << QStringList{"a", "\t b"};
+    // Spaces.
+    QTest::newRow("space after a comma") << "a, b" << QStringList{"a", "b"};
+    QTest::newRow("many spaces after a comma") << "a,        b" << QStringList{"a", "b"};
+    QTest::newRow("spaces in front") << "  a,b" << QStringList{"  a", "b"};
+    QTest::newRow("only spaces") << "   " << QStringList{"   "};
+    QTest::newRow("spaces within") << "a  b,c d  e" << QStringList{"a  b", "c d  e"};
+    QTest::newRow("spaces before a comma") << "a  ,b " << QStringList{"a  ", "b "};
+    QTest::newRow("spaces between commas") << "a,  ,b" << QStringList{"a", "", "b"};
+    QTest::newRow("spaces at the end") << "a,  " << QStringList{"a", ""};
+    QTest::newRow("tab after a comma") << "a,\tb" << QStringList{"a", "\tb"};
+    QTest::newRow("space after a tab") << "a, \t b" << QStringList{"a", "\t b"};
     QTest::newRow("no-break space") << "a,\u00a0b" << QStringList{"a", "\u00a0b"};
 
     // Quotes.
     QTest::newRow("quoted") << R"("a b","c")" << QStringList{"a b", "c"};
     QTest::newRow("quoted commas") << R"("a,b,,c",d)" << QStringList{"a,b,,c", "d"};
-    QTest::newRow("quoted comma and blanks") << R"("a,   b")" << QStringList{"a,   b"};
-    QTest::newRow("quoted blanks in front") << R"("  a",b)" << QStringList{"  a", "b"};
-    QTest::newRow("quoted blanks behind a comma") << R"(a,"  b")" << QStringList{"a", "  b"};
-    QTest::newRow("blanks before and in quotes") << R"(a,  "  b")" << QStringList{"a", "  b"};
-    QTest::newRow("blanks behind quotes") << R"("a"  ,b)" << QStringList{"a  ", "b"};
+    QTest::newRow("quoted comma and spaces") << R"("a,   b")" << QStringList{"a,   b"};
+    QTest::newRow("quoted spaces in front") << R"("  a",b)" << QStringList{"  a", "b"};
+    QTest::newRow("quoted spaces after a comma") << R"(a,"  b")" << QStringList{"a", "  b"};
+    QTest::newRow("spaces before and in quotes") << R"(a,  "  b")" << QStringList{"a", "  b"};
+    QTest::newRow("spaces after quotes") << R"("a"  ,b)" << QStringList{"a  ", "b"};
     QTest::newRow("quotes in the middle") << R"(C:\x"y, z"w,b)" << QStringList{R"(C:\xy, zw)", "b"};
     QTest::newRow("quotes side by side") << R"("a""b")" << QStringList{"ab"};
     QTest::newRow("quotes side by side, comma between") << R"("a"",b")" << QStringList{"a,b"};
     QTest::newRow("empty quotes") << R"("")" << QStringList{""};
     QTest::newRow("empty quotes among others") << R"(a,"",b)" << QStringList{"a", "", "b"};
-    QTest::newRow("blanks behind empty quotes") << R"(a,""  b)" << QStringList{"a", "  b"};
+    QTest::newRow("spaces after empty quotes") << R"(a,""  b)" << QStringList{"a", "  b"};
     QTest::newRow("backslash before a quote") << R"("C:\a\",b)" << QStringList{R"(C:\a\)", "b"};
     QTest::newRow("apostrophes") << "'a,b'" << QStringList{"'a", "b'"};
 
-    // A quote that is never closed swallows what follows it, and its own entry with it.
+    // An unclosed quote drops what follows it, and its own entry as well.
     QTest::newRow("lone quote") << "\"" << QStringList{};
     QTest::newRow("unterminated first entry") << R"("a,b,c)" << QStringList{};
     QTest::newRow("unterminated later entry") << R"(a, b,"c,d)" << QStringList{"a", "b"};
@@ -129,29 +129,29 @@ void RecentProgramsTest::read_data()
         "RecentPrograms=C:\\a.hdev,D:\\b.hdev\r\nWindow=1,2\r\n",
         two);
     row("first line", "RecentPrograms=C:\\a.hdev,D:\\b.hdev\r\n[General]\r\n", two);
-    row("quoted comma and blank, three blanks",
+    row("quoted comma and space, three spaces",
         "RecentPrograms=C:\\a.hdev,\"C:\\My Programs\\b, c.hdev\",   C:\\d.hdev\r\n",
         {R"(C:\a.hdev)", R"(C:\My Programs\b, c.hdev)", R"(C:\d.hdev)"});
     row("an entry of the value is empty", "RecentPrograms=a,,b\r\n", {"a", "", "b"});
 
-    // Ends of lines.
+    // Line ends.
     row("LF", "[General]\nRecentPrograms=C:\\a.hdev,D:\\b.hdev\nWindow=1\n", two);
     row("LF and CR LF mixed", "[General]\nRecentPrograms=C:\\a.hdev,D:\\b.hdev\r\nWindow=1\n", two);
     row("last line, CR LF", "[General]\r\nRecentPrograms=C:\\a.hdev,D:\\b.hdev\r\n", two);
     row("last line, not ended", "[General]\r\nRecentPrograms=C:\\a.hdev,D:\\b.hdev", two);
-    row("behind empty lines", "\r\n\r\n\n\nRecentPrograms=C:\\a.hdev,D:\\b.hdev\r\n", two);
-    row("behind a long line",
+    row("after empty lines", "\r\n\r\n\n\nRecentPrograms=C:\\a.hdev,D:\\b.hdev\r\n", two);
+    row("after a long line",
         "Window=" + QByteArray(40000, 'x') + "\r\nRecentPrograms=C:\\a.hdev,D:\\b.hdev\r\n", two);
 
-    // Blanks around the key.
-    row("blanks in front", "   RecentPrograms=a,b\r\n", {"a", "b"});
-    row("blanks around the equals sign", "RecentPrograms   =   a,b\r\n", {"a", "b"});
-    row("blanks everywhere", " RecentPrograms = a, b \r\n", {"a", "b "});
-    row("quoted blanks in front of the value", "RecentPrograms= \"  a\"\r\n", {"  a"});
+    // Spaces around the key.
+    row("spaces in front", "   RecentPrograms=a,b\r\n", {"a", "b"});
+    row("spaces around the equals sign", "RecentPrograms   =   a,b\r\n", {"a", "b"});
+    row("spaces everywhere", " RecentPrograms = a, b \r\n", {"a", "b "});
+    row("quoted spaces in front of the value", "RecentPrograms= \"  a\"\r\n", {"  a"});
     row("tab in front", "\tRecentPrograms=a\r\n", emptyRow);
     row("tab before the equals sign", "RecentPrograms\t=a\r\n", emptyRow);
-    row("tab behind the equals sign", "RecentPrograms=\t a\r\n", {"\t a"});
-    row("blank within the key", "Recent Programs=a\r\n", emptyRow);
+    row("tab after the equals sign", "RecentPrograms=\t a\r\n", {"\t a"});
+    row("space within the key", "Recent Programs=a\r\n", emptyRow);
     row("several equals signs", "RecentPrograms==a=b\r\n", {"=a=b"});
 
     // Which line.
@@ -160,7 +160,7 @@ void RecentProgramsTest::read_data()
     row("key in lower case", "recentprograms=a\r\n", emptyRow);
     row("key in lower case, then as it should be", "recentPrograms=a\r\nRecentPrograms=b\r\n", {"b"});
     row("something before the key", "MyRecentPrograms=a\r\nRecentPrograms=b\r\n", {"b"});
-    row("something behind the key", "RecentProgramsMax=10\r\nRecentPrograms=b\r\n", {"b"});
+    row("something after the key", "RecentProgramsMax=10\r\nRecentPrograms=b\r\n", {"b"});
     row("numbered key", "RecentPrograms\\1=a\r\nRecentPrograms=b\r\n", {"b"});
     row("comment", "#RecentPrograms=a\r\n;RecentPrograms=b\r\nRecentPrograms=c\r\n", {"c"});
     row("key without an equals sign", "RecentPrograms\r\nRecentPrograms a\r\nRecentPrograms=b\r\n", {"b"});
@@ -169,7 +169,7 @@ void RecentProgramsTest::read_data()
 
     // No value: a single empty row.
     row("empty value", "RecentPrograms=\r\n", emptyRow);
-    row("value of blanks", "RecentPrograms=     \r\n", emptyRow);
+    row("value of spaces", "RecentPrograms=     \r\n", emptyRow);
     row("no such line", "[General]\r\nFont=Courier\r\n", emptyRow);
     row("empty file", "", emptyRow);
     row("empty lines only", "\r\n\r\n", emptyRow);
@@ -232,7 +232,7 @@ void RecentProgramsTest::directoryOfTheSettings_data()
     QTest::addColumn<QString>("name");
 
     QTest::newRow("plain") << "Roaming";
-    QTest::newRow("blanks") << "Application  Data";
+    QTest::newRow("spaces") << "Application  Data";
     QTest::newRow("ampersand") << "R&D";
     QTest::newRow("what looks like an entity") << "&amp;";
     QTest::newRow("percent signs") << "%1%APPDATA%";
@@ -284,7 +284,7 @@ void RecentProgramsTest::noVariable()
     const HDevelopSettings settings;
     settings.writePrograms({"a"});
     QCOMPARE(readRecentPrograms(), QStringList{"a"});
-    // Nothing may be read from the current directory instead.
+    // No file may be read from the current directory instead.
     const QString before = QDir::currentPath();
     QVERIFY(QDir::setCurrent(settings.path("")));
     qunsetenv("APPDATA");

@@ -35,7 +35,7 @@ inline QStandardItemModel *settingsModel(const RecentProgramsFrame &frame)
     return qobject_cast<QStandardItemModel *>(shownModel(frame)->sourceModel());
 }
 
-/// What every row of @p model holds in @p role, from the top.
+/// The data of every row of @p model in @p role, from the top.
 inline QStringList rowsOf(const QAbstractItemModel &model, int role)
 {
     QStringList rows;

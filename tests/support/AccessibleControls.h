@@ -4,14 +4,15 @@
 #include <QStringList>
 #include <QWidget>
 
-/// Gives @p add what screen readers are told of @p object and all visible widgets below it that the Tab key reaches.
+/// Passes to @p add the accessible objects of @p object and of all visible widgets below it that the Tab key
+/// reaches.
 template <typename Add>
 void walkAccessible(QAccessibleInterface *object, const Add &add)
 {
     if (object == nullptr || object->state().invisible) {
         return;
     }
-    // Lists do not say of themselves that they can have the focus; their rows say so, but are no stops.
+    // Lists do not report themselves as focusable; their rows do, but are no tab stops.
     const auto *widget = qobject_cast<const QWidget *>(object->object());
     if (widget != nullptr && (widget->focusPolicy() & Qt::TabFocus) != 0) {
         add(*object);
@@ -21,8 +22,8 @@ void walkAccessible(QAccessibleInterface *object, const Add &add)
     }
 }
 
-/// The accessible names of the visible controls in @p root at which the Tab key stops, in the order of the accessible
-/// tree. One that has no name is told by its object name in angle brackets.
+/// The accessible names of the visible controls in @p root at which the Tab key stops, in the order of the
+/// accessible tree. One without a name is represented by its object name in angle brackets.
 inline QStringList accessibleControls(QWidget &root)
 {
     QStringList names;

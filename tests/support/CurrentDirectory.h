@@ -2,7 +2,7 @@
 
 #include <QDir>
 
-/// Makes another directory the current one for as long as this lives.
+/// Changes the current directory while this object lives.
 class CurrentDirectory {
 public:
     explicit CurrentDirectory(const QString &path) : before(QDir::currentPath()) { QDir::setCurrent(path); }

@@ -7,17 +7,16 @@
 #include <QFileInfo>
 #include <QString>
 
-/// What absolute paths begin with that are made from paths without a drive: the root of the current drive,
-/// with a slash at its end. Wine takes such a path for one of the machine it runs on, whichever drive is
-/// current.
+/// The root, with a slash at its end, that absolute paths made from paths without a drive begin with: that of
+/// the current drive. Wine takes such a path for one of the machine it runs on, whichever drive is current.
 inline QString currentDriveRoot()
 {
     return QFileInfo("/").absoluteFilePath();
 }
 
-/// An empty file that a path without a drive leads to, such as "Common7/IDE/devenv.exe". While it is there the drive of
-/// the temporary directories, which can be written to, is the current one. It goes with its owner, and so do the
-/// directories above it.
+/// An empty file that a path without a drive leads to, such as "Common7/IDE/devenv.exe". While it exists, the
+/// writable drive of the temporary directories is the current one. The file is removed with its owner, and so
+/// are the directories above it.
 class FileOnCurrentDrive {
 public:
     explicit FileOnCurrentDrive(const QString &name)
@@ -40,5 +39,5 @@ public:
 private:
     QString drive;
     CurrentDirectory current;
-    QString top; ///< of what was made
+    QString top; ///< of the new directories
 };

@@ -5,8 +5,7 @@
 
 #include <functional>
 
-/// Stands in for the user in front of the next modal dialog of one class: does something with it once it is
-/// open.
+/// A fake user of the next modal dialog of one class: does something with it once it is open.
 template <typename Dialog>
 class DialogUser : public QObject {
 public:

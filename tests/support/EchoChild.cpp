@@ -14,7 +14,7 @@ EchoRecord parse(const QByteArray &data)
 {
     const QString text(reinterpret_cast<const QChar *>(data.constData()), data.size() / int(sizeof(QChar)));
     QStringList parts = text.split(QChar::Null);
-    // The last part is what follows the last closing 0: nothing.
+    // The last part is empty: it follows the last terminating 0.
     parts.removeLast();
 
     EchoRecord record;
@@ -73,7 +73,7 @@ void EchoChild::copyTo(const QString &path)
 
 bool EchoChild::waitForRecord(EchoRecord &record) const
 {
-    // The record is whole as soon as it is there, but for a moment its writer may still keep others from it.
+    // The record is complete as soon as it exists, but for a moment its writer may still lock it.
     QFile file(recordPath());
     if (!QTest::qWaitFor([&file] { return file.open(QFile::ReadOnly); }, patienceMilliseconds)) {
         return false;

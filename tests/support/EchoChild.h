@@ -4,22 +4,22 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// What a started child found.
+/// What a started child received.
 struct EchoRecord {
     QString commandLine;
     QString executable;
     QString currentDirectory;
-    int showCommand = -1; ///< What it was told by the one that started it, such as SW_SHOW; -1 for nothing.
+    int showCommand = -1;    ///< The parent's request, such as SW_SHOW; -1 for none.
     QStringList environment; ///< "NAME=value", in the order of the environment block.
 
-    /// The value of the variable @p name, in whatever case it is written; a null text when there is none.
+    /// The value of the variable @p name, ignoring case; null when there is none.
     QString variable(const QString &name) const;
 };
 
-/// Receives what a child was given, with the help of a small program that stands in for a real tool and
-/// records it. Windows only; one object at a time.
+/// Receives what a child was given, by means of a small fake tool that records it. Windows only; one object
+/// at a time.
 ///
-/// While the object lives, the environment of the test program names the file that the child writes.
+/// While the object lives, the environment of the test program names the file to which the child writes.
 class EchoChild {
 public:
     EchoChild();
@@ -31,14 +31,14 @@ public:
     /// failure ends the test program.
     static void copyTo(const QString &path);
 
-    /// What children started from now on end with; 0 at first.
+    /// The exit code of children started from now on; initially 0.
     static void exitWith(quint32 exitCode);
 
-    /// Whether a child has left a record that has not been taken away yet.
+    /// Whether a child has left a record that has not been taken yet.
     bool hasRecord() const;
 
-    /// Waits until a started child has left its record, takes that away and stores it in @p record. False
-    /// after some seconds without one.
+    /// Waits until a started child has left its record, removes it and stores it in @p record. False when
+    /// there is none after some seconds.
     bool waitForRecord(EchoRecord &record) const;
 
 private:

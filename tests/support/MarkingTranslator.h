@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 #include <QTranslator>
 
-/// While it lives, a text that passes through the translation comes out in square brackets.
+/// While it lives, puts each translated text in square brackets.
 class MarkingTranslator : public QTranslator {
 public:
     MarkingTranslator() { QCoreApplication::installTranslator(this); }

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The button that Enter presses. QMessageBox::defaultButton() knows only of one that was set by hand.
+/// The button that Enter presses. QMessageBox::defaultButton() returns only one that was set explicitly.
 QMessageBox::StandardButton defaultButtonOf(const QMessageBox &box)
 {
     const QList<QAbstractButton *> buttons = box.buttons();

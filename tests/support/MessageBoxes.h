@@ -6,7 +6,7 @@
 #include <QString>
 #include <QTimer>
 
-/// What a message box told the user, and how.
+/// The contents of a message box.
 struct ShownBox {
     QString title;
     QString text;
@@ -16,9 +16,9 @@ struct ShownBox {
     QPointer<QWidget> parent;
 };
 
-/// Stands in for the user in front of modal message boxes while it lives: records each box that opens and answers it
-/// with a click on the next button of a list, or with the Escape key where the list says NoButton. A box beyond the
-/// list is recorded too and closed with Escape.
+/// A fake user of modal message boxes while it lives: records each box that opens and answers it with a click
+/// on the next button of a list, or with the Escape key for NoButton. Boxes after the end of the list are
+/// recorded too and closed with Escape.
 class MessageBoxes : public QObject {
 public:
     explicit MessageBoxes(const QList<QMessageBox::StandardButton> &answers = {QMessageBox::Ok});

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-/// The lines that were added to the debug log since this object was made.
+/// The lines added to the debug log since this object was created.
 class LogLines {
 public:
     LogLines();
@@ -15,7 +15,7 @@ private:
     int before;
 };
 
-/// Catches what goes to Qt's message channel while it lives; nothing of it is printed. One at a time.
+/// While it lives, catches Qt's messages, which are not printed. One object at a time.
 class CaughtMessages {
 public:
     CaughtMessages();

@@ -2,5 +2,5 @@
 
 #include <QString>
 
-/// The version that CMake's project() states, such as "1.8".
+/// The version in CMake's project(), such as "1.8".
 QString projectVersion();

@@ -4,12 +4,12 @@
 #include <QString>
 #include <QStringList>
 
-/// Writes to the registry, and looks into it, with the Win32 API, independently of the code under test. Keys are
-/// full paths such as "HKEY_LOCAL_MACHINE\Software\MVTec\HALCON\13.0"; the 64-bit view is meant. A failure ends the
-/// test program.
+/// Writes and queries the registry with the Win32 API, independently of the code under test. Keys are full
+/// paths such as "HKEY_LOCAL_MACHINE\Software\MVTec\HALCON\13.0", in the 64-bit view. A failure ends the test
+/// program.
 namespace Registry {
 
-/// Makes @p key and every key above it that is missing.
+/// Creates @p key and every missing key above it.
 void createKey(const QString &key);
 
 /// Sets a REG_SZ value; an empty @p name is the key's default value.
@@ -33,7 +33,7 @@ void setBinary(const QString &key, const QString &name, const QByteArray &value)
 /// Whether there is such a key.
 bool exists(const QString &key);
 
-/// Removes @p key with all below it; nothing happens when it does not exist.
+/// Removes @p key with everything below it, if it exists.
 void removeTree(const QString &key);
 
 } // namespace Registry

@@ -54,7 +54,7 @@ public:
         }
     }
 
-    /// @p text is stored with its closing 0.
+    /// @p text is stored with its terminating 0.
     void setText(const QString &name, DWORD type, const QString &text) const
     {
         set(name, type, text.utf16(), (std::size_t(text.size()) + 1) * sizeof(ushort));

@@ -5,7 +5,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 
-/// One line for each run of text of the same look: the text in quotes, then what sets it apart, such as
+/// One line for each run of equally formatted text: the text in quotes, then its format, such as
 /// "\"feedback\" bold underlined #0000ff -> mailto:x" for a bold, underlined, blue link.
 inline QStringList richTextRuns(const QTextDocument &document)
 {

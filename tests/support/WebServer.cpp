@@ -83,7 +83,7 @@ class WebServer::Connection : public QObject {
 public:
     Connection(WebServer &owner, QTcpSocket *client) : QObject(client), server(owner), socket(client)
     {
-        // Pieces are to arrive as such.
+        // Each piece must arrive separately.
         socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
         connect(socket, &QTcpSocket::readyRead, this, &Connection::read);
         connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
@@ -144,7 +144,7 @@ private:
 
 WebServer::WebServer()
 {
-    // The application's proxy could not listen for it.
+    // By default the server would try to listen through the application's proxy.
     listener.setProxy(QNetworkProxy::NoProxy);
     connect(&listener, &QTcpServer::newConnection, this, [this] {
         while (QTcpSocket *socket = listener.nextPendingConnection()) {
@@ -159,7 +159,7 @@ WebServer::WebServer()
 
 WebServer::~WebServer()
 {
-    // No disconnection is to be noticed any more: the sockets go after the list of connections.
+    // Disconnections must be ignored from now on: the sockets are destroyed after the list of connections.
     qDeleteAll(std::exchange(connections, {}));
 }
 

@@ -9,29 +9,30 @@
 
 #include <functional>
 
-/// What a client asked for, as it came.
+/// A client's request, unchanged.
 struct WebRequest {
     QByteArray line;   ///< "GET /file HTTP/1.1"; a proxy gets "GET http://www.x.example/file HTTP/1.1"
     QByteArray target; ///< the middle of the line: "/file" or "http://www.x.example/file"
     QList<QByteArray> headers; ///< each line such as "Host: 127.0.0.1", in their order
 
-    /// The value of the header @p name, in whatever case it came; null when there is none.
+    /// The value of the header @p name, ignoring case; null when there is none.
     QByteArray header(const QByteArray &name) const;
 };
 
-/// What the server sends back: raw bytes, in pieces.
+/// The server's response: raw bytes, in pieces.
 struct WebAnswer {
     enum class When {
-        AtOnce,      ///< each piece by itself, one after the other
+        AtOnce,      ///< one piece after the other, each sent separately
         AfterPauses, ///< a short pause before each piece
         WhenTold,    ///< one piece for each WebServer::proceed()
     };
 
-    QList<QByteArray> pieces; ///< head and body; none at all: the server stays silent
+    QList<QByteArray> pieces; ///< head and body; without any the server stays silent
     When when = When::AtOnce;
-    bool closes = true; ///< closes the connection behind the last piece
+    bool closes = true; ///< whether the connection is closed after the last piece
 
-    /// A whole answer with @p status, such as "200 OK", and @p body. Each of @p headers is a line without its end.
+    /// A complete answer with @p status, such as "200 OK", and @p body. Each of @p headers is a line without
+    /// its end.
     static WebAnswer whole(const QByteArray &status, const QByteArray &body,
                            const QList<QByteArray> &headers = {});
 
@@ -41,18 +42,18 @@ struct WebAnswer {
     /// "200 OK" with @p body, which is held back until WebServer::proceed().
     static WebAnswer held(const QByteArray &body);
 
-    /// Takes the request and says nothing, with the connection open.
+    /// Accepts the request and sends nothing; the connection stays open.
     static WebAnswer silent();
 
-    /// "200 OK" with the first half of @p body, then the connection's end.
+    /// "200 OK" with the first half of @p body, then closes the connection.
     static WebAnswer cutOff(const QByteArray &body);
 
-    /// No answer but the connection's end.
+    /// Only closes the connection.
     static WebAnswer closed();
 };
 
-/// A web server on the loopback interface, at a port of its own, that runs in the test's event loop. It is none of the
-/// clients of the application's proxy, and can be that proxy:
+/// A fake web server on the loopback interface, at a free port, in the test's event loop. It does not use the
+/// application's proxy, and can be that proxy:
 ///
 ///     WebServer server;
 ///     server.setAnswer("http://www.nobody.example/file", WebAnswer::ok("contents"));
@@ -76,13 +77,13 @@ public:
     /// This server as an HTTP proxy.
     QNetworkProxy asProxy() const;
 
-    /// Answers each request for @p target, as it stands in the request's line, with @p answer.
+    /// Answers each request for @p target, as in the request's line, with @p answer.
     void setAnswer(const QByteArray &target, const WebAnswer &answer);
 
     /// Answers each request by calling @p answer, instead of the table that setAnswer() fills.
     void setAnswers(const Answer &answer);
 
-    /// All requests so far, in the order in which they came.
+    /// All requests so far, in order of arrival.
     QList<WebRequest> requests() const;
 
     /// The targets of requests().
@@ -91,7 +92,7 @@ public:
     /// How many connections there have been so far.
     int acceptedConnections() const;
 
-    /// The connections that neither side has closed.
+    /// How many connections neither side has closed.
     int openConnections() const;
 
     /// Sends the next piece of every answer that is held back.
@@ -117,7 +118,7 @@ private:
     Answer answerFunction;
 };
 
-/// Makes a proxy the application's for as long as this lives, then none.
+/// Sets the application's proxy while this object lives, then none.
 class ApplicationProxy {
 public:
     explicit ApplicationProxy(const QNetworkProxy &proxy) { QNetworkProxy::setApplicationProxy(proxy); }

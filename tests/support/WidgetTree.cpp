@@ -23,7 +23,7 @@ QString policyText(const QSizePolicy &policy)
            QString::fromLatin1(policies.valueToKey(policy.verticalPolicy()));
 }
 
-/// Shape and shadow of a frame that is nothing else: those of other widgets are the affair of their classes.
+/// Shape and shadow of a plain frame: those of other widgets belong to their classes.
 QString frameText(const QWidget &widget)
 {
     if (widget.metaObject() != &QFrame::staticMetaObject) {
@@ -50,7 +50,7 @@ QString ownText(const QWidget &widget)
     return QString();
 }
 
-/// The layout, among @p layout and those in it, that holds @p widget, and at which index; or null.
+/// The layout, among @p layout and those in it, that contains @p widget, and its index; or null.
 QLayout *holderOf(const QWidget &widget, QLayout *layout, int &index)
 {
     for (int i = 0; layout != nullptr && i < layout->count(); ++i) {
@@ -116,7 +116,7 @@ void describeBelow(const QWidget &widget, QStringList &lines)
     lines.append(describe(widget));
     for (const QObject *child : widget.children()) {
         const auto *below = qobject_cast<const QWidget *>(child);
-        // What a toolkit widget is made of inside is its own affair.
+        // The inner widgets of Qt's own widgets do not count.
         if (below != nullptr && !below->objectName().startsWith(QLatin1String("qt_"))) {
             describeBelow(*below, lines);
         }

@@ -5,10 +5,11 @@
 class QLayout;
 class QWidget;
 
-/// One line for @p root and each widget below it, parents first and children in their order: class, object name,
-/// text, shape and shadow of a plain frame, minimum and maximum size, size policy, where in its parent's layout it
-/// stands, and tooltip. What is as in any fresh widget is left out.
+/// One line for @p root and each widget below it, parents first and children in their order: class, object
+/// name, text, shape and shadow of a plain frame, minimum and maximum size, size policy, position in its
+/// parent's layout, and tool tip. Defaults are left out.
 QStringList describeWidgets(const QWidget &root);
 
-/// One line for @p layout and each layout in it: class, name, spacing and margins where set, and the items in order.
+/// One line for @p layout and each layout in it: class, name, spacing and margins where set, and the items in
+/// order.
 QStringList describeLayouts(const QLayout &layout);

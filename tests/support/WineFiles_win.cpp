@@ -17,7 +17,7 @@ void require(bool success, const QString &what)
     }
 }
 
-/// Where Wine's prefix lies in the file system below.
+/// The path of Wine's prefix in the file system below.
 QString prefix()
 {
     using Function = char *(CDECL *)(const wchar_t *);
@@ -26,13 +26,13 @@ QString prefix()
     require(unixName != nullptr, "wine_get_unix_file_name");
     char *const root = unixName(L"C:\\");
     require(root != nullptr, "wine_get_unix_file_name of C:\\");
-    // The name leads over a link that is named as the drive.
+    // The path contains a symbolic link named after the drive.
     QString result = QString::fromUtf8(root).section("/dosdevices/c:", 0, 0);
     HeapFree(GetProcessHeap(), 0, root);
     return result;
 }
 
-/// The name there of a file or directory on drive C.
+/// The path there of a file or directory on drive C.
 QString inTheFileSystemBelow(const QString &path)
 {
     const QString slashed = QDir::fromNativeSeparators(path);
@@ -46,8 +46,8 @@ namespace WineFiles {
 
 void makeSymbolicLink(const QString &target, const QString &link)
 {
-    // Wine makes no such links, but takes those of the file system below for reparse points. It does not tell when a
-    // program of that system has ended.
+    // Wine cannot create such links, but presents those of the file system below as reparse points. It does
+    // not report when a program of that system has ended.
     const QFileInfo info(link);
     require(QProcess::startDetached("Z:/bin/ln", {"-s", target, info.fileName()}, info.path()),
             "starting ln");
@@ -57,7 +57,7 @@ void makeSymbolicLink(const QString &target, const QString &link)
 
 void removeSymbolicLink(const QString &link)
 {
-    // Wine's own removing would fail or follow the link.
+    // Wine's own functions would fail or follow the link.
     const QFileInfo info(link);
     require(QProcess::startDetached("Z:/bin/rm", {info.fileName()}, info.path()), "starting rm");
     require(QTest::qWaitFor([&link] { return !QFileInfo::exists(link); }, patienceMilliseconds),
@@ -91,15 +91,15 @@ Mapping::Mapping(const QString &root, const QString &directory)
     require(QTest::qWaitFor([this] { return QFileInfo::exists("Z:" + link); }, patienceMilliseconds),
             "mapping " + root);
     require(QFileInfo::exists(name), "finding " + name);
-    // Wine looks at most once a second which drives there are, and tells a file's volume by the drive: two looks at a
-    // file must not have that between them.
+    // Wine updates its list of drives at most once a second, and derives a file's volume from the drive. No
+    // such update may happen between two queries about one file.
     QTest::qWait(1100);
 }
 
 Mapping::~Mapping()
 {
     require(QProcess::startDetached("Z:/bin/rm", {link}), "starting rm");
-    // Wine would look for a share that is gone on the network, and wait.
+    // Wine would look for a removed share on the network, and wait.
     require(QTest::qWaitFor([this] { return !QFileInfo::exists("Z:" + link); }, patienceMilliseconds),
             "removing " + name);
 }

@@ -1,11 +1,11 @@
-// A program to be started in place of a real tool. It writes what it was given into the file that the
-// environment variable ECHO_CHILD_RECORD names, and ends.
+// A fake tool. It writes what it was given into the file that the environment variable ECHO_CHILD_RECORD
+// names, and ends.
 //
 // The record is UTF-16LE text: the command line, the full path of the program, its current directory, the
-// show command it was started with (-1 for none) and then each entry of its environment block, in the
-// block's order; every one of them is ended by a 0.
+// show command it was started with (-1 for none) and then each entry of its environment block, in the block's
+// order; each terminated by a 0.
 //
-// When ECHO_CHILD_EVENT names an event, the program first waits for that. ECHO_CHILD_EXIT_CODE is its exit
+// When ECHO_CHILD_EVENT names an event, the program first waits for it. ECHO_CHILD_EXIT_CODE is its exit
 // code, as a decimal number; without it, 0.
 
 #include <windows.h>
@@ -76,7 +76,7 @@ std::wstring showCommand()
     return (info.dwFlags & STARTF_USESHOWWINDOW) != 0 ? std::to_wstring(info.wShowWindow) : L"-1";
 }
 
-/// Waits until the event is set, or for so long that the one who set it up must be gone.
+/// Waits until the event is set, or so long that its creator must have ended.
 void waitForEvent(const std::wstring &name)
 {
     constexpr DWORD limitMilliseconds = 60000;
@@ -87,7 +87,7 @@ void waitForEvent(const std::wstring &name)
     }
 }
 
-/// The entries of the environment block, each with its closing 0.
+/// The entries of the environment block, each with its terminating 0.
 std::wstring environmentEntries()
 {
     const std::unique_ptr<wchar_t, decltype(&FreeEnvironmentStringsW)> block(GetEnvironmentStringsW(),
@@ -109,7 +109,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int)
         waitForEvent(event);
     }
     const std::wstring record = environmentVariable(L"ECHO_CHILD_RECORD");
-    // A reader that waits for the record must never see half of it.
+    // A reader that waits for the record must never see a part of it.
     const std::wstring unfinished = record + L".unfinished";
     const wchar_t end = L'\0';
     if (!OutputFile(unfinished)
@@ -117,7 +117,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int)
                     end + showCommand() + end + environmentEntries())) {
         return notRecorded;
     }
-    // By now the file is closed: it can be renamed.
+    // The file is closed by now, so it can be renamed.
     if (MoveFileExW(unfinished.c_str(), record.c_str(), MOVEFILE_REPLACE_EXISTING) == 0) {
         return notRecorded;
     }

@@ -1,8 +1,8 @@
-// Compiled into every Windows test program. Under Wine each has a prefix, and so a registry, to itself. On a Windows
-// that others use, too, the variable CORVANTA_TEST_REGISTRY gives it one: it names a key below HKEY_CURRENT_USER, such
-// as "Software\Corvanta tests\discovery.registry", which is made anew, and in which the program then finds and
-// makes all that lies below HKEY_LOCAL_MACHINE and HKEY_CURRENT_USER. Other processes, even those that it starts, see
-// the registry as it is; whoever set the variable removes the key.
+// Compiled into every Windows test program. Under Wine each program has a prefix, and so a registry, of its
+// own. On a shared Windows the variable CORVANTA_TEST_REGISTRY provides one: it names a key below
+// HKEY_CURRENT_USER, such as "Software\Corvanta tests\discovery.registry". That key is created afresh, and
+// the program finds and creates in it everything below HKEY_LOCAL_MACHINE and HKEY_CURRENT_USER. Other
+// processes, even its children, see the real registry; whoever sets the variable removes the key.
 
 #include <windows.h>
 
@@ -28,7 +28,7 @@ HKEY madeKey(HKEY parent, const std::wstring &path)
     return key;
 }
 
-/// What Windows itself reads in a process, without which it has no sockets and no known folders.
+/// The keys that Windows itself reads in a process: without them there are no sockets and no known folders.
 const struct {
     HKEY root;
     const wchar_t *path;
@@ -43,7 +43,7 @@ const struct {
     {HKEY_CURRENT_USER, L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders"},
 };
 
-/// Copies what is kept of one root, as far as this machine has it.
+/// Copies those keys of one root that exist on this machine.
 void copyKeptKeys(HKEY root, HKEY target)
 {
     for (const auto &kept : keptKeys) {
@@ -74,7 +74,7 @@ bool giveOwnRegistry()
     const LSTATUS removed = RegDeleteTreeW(HKEY_CURRENT_USER, path);
     require(removed == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : removed, path);
 
-    // Both are filled before either takes effect.
+    // Both are filled before either is redirected.
     const HKEY own = madeKey(HKEY_CURRENT_USER, path);
     const HKEY machine = madeKey(own, L"HKEY_LOCAL_MACHINE");
     const HKEY user = madeKey(own, L"HKEY_CURRENT_USER");
@@ -88,7 +88,7 @@ bool giveOwnRegistry()
     return true;
 }
 
-// Before main, and so before anything of the test or of Qt opens a key.
+// Runs before main(), and so before the test or Qt opens a key.
 [[maybe_unused]] const bool hasOwnRegistry = giveOwnRegistry();
 
 } // namespace

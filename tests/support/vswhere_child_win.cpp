@@ -1,17 +1,16 @@
-// A program to be started in place of vswhere.exe. It does what these environment variables say, in this
-// order:
+// A fake vswhere.exe. It does what these environment variables say, in this order:
 //
-// VSWHERE_CHILD_RUNS          the file that a record of this run is appended to
-// VSWHERE_CHILD_READS_INPUT   when there, standard input is read to its end
+// VSWHERE_CHILD_RUNS          the file to which a record of this run is appended
+// VSWHERE_CHILD_READS_INPUT   when set, standard input is read to its end
 // VSWHERE_CHILD_DELAY         milliseconds to wait before the report
 // VSWHERE_CHILD_REPORT        the file whose bytes go to standard output
-// VSWHERE_CHILD_REPEATS       when there, the report is written again and again until nobody reads it
+// VSWHERE_CHILD_REPEATS       when set, the report is repeated until nobody reads it
 // VSWHERE_CHILD_ERRORS        the file whose bytes go to standard error
-// VSWHERE_CHILD_LINGER        milliseconds to wait behind the report
-// VSWHERE_CHILD_EXIT_CODE     what to end with
+// VSWHERE_CHILD_LINGER        milliseconds to wait after the report
+// VSWHERE_CHILD_EXIT_CODE     the exit code
 //
-// The record is UTF-16LE text: the process id, the full path of the program and its arguments, every one of
-// them ended by a 0, and a line feed.
+// The record is UTF-16LE text: the process id, the full path of the program and its arguments, each
+// terminated by a 0, and a line feed.
 
 #include <windows.h>
 
@@ -64,7 +63,7 @@ DWORD number(const wchar_t *name)
     return text.empty() ? 0 : DWORD(std::stoul(text));
 }
 
-/// Nobody but its owner uses the stream, which is closed with it.
+/// The stream belongs to its only user, and is closed with it.
 File standardStream(DWORD which)
 {
     return File(GetStdHandle(which));
@@ -126,13 +125,13 @@ int wmain(int argumentCount, wchar_t **arguments)
         if (!writeFileTo(output, L"VSWHERE_CHILD_REPORT")) {
             return 102;
         }
-        // Never silent for long, and yet not so much that the reader runs out of memory.
+        // Never silent for long, but not so much that the reader runs out of memory.
         Sleep(repeats ? 1 : 0);
     } while (repeats);
     if (!writeFileTo(standardStream(STD_ERROR_HANDLE), L"VSWHERE_CHILD_ERRORS")) {
         return 102;
     }
     Sleep(number(L"VSWHERE_CHILD_LINGER"));
-    // Unlike a return, this takes every number.
+    // Unlike a return value, this accepts every number.
     ExitProcess(number(L"VSWHERE_CHILD_EXIT_CODE"));
 }

@@ -4,7 +4,7 @@
 
 namespace {
 
-/// One that rows of a test can hold.
+/// An installation record with a default constructor, as rows of a test need.
 struct Record : HalconInstallation {
     Record() : Record(-1, -1, -1, -1) {}
     Record(int major, int minor, int revision, int build, const QString &word = QString())
@@ -18,7 +18,7 @@ struct Record : HalconInstallation {
 
 Q_DECLARE_METATYPE(Record)
 
-/// What an installation is told of the releases.
+/// The releases that an installation is told about.
 class HalconComparisonTest : public QObject {
     Q_OBJECT
 
@@ -41,13 +41,13 @@ private slots:
 void HalconComparisonTest::suffixes_data()
 {
     QTest::addColumn<QString>("suffix");
-    QTest::addColumn<int>("revision"); // 1 is in the table of the continuous releases, 2 in the other
+    QTest::addColumn<int>("revision"); // 1: in the table of the continuous releases, 2: in the other
 
     QTest::newRow("Progress") << "Progress" << 1;
     QTest::newRow("progress") << "progress" << 2;
     QTest::newRow("PROGRESS") << "PROGRESS" << 2;
     QTest::newRow("Progress 2") << "Progress 2" << 2;
-    QTest::newRow("Progress and a blank") << "Progress " << 2;
+    QTest::newRow("Progress and a space") << "Progress " << 2;
     QTest::newRow("Steady") << "Steady" << 2;
     QTest::newRow("empty") << "" << 2;
 }
@@ -78,9 +78,9 @@ void HalconComparisonTest::keys_data()
     QTest::newRow("zero") << "13.0" << Record(13, 0, 0, 0) << true;
     QTest::newRow("leading zero of the minor version") << "20.05" << Record(20, 5, 0, 0) << false;
     QTest::newRow("leading zero of the major version") << "020.11" << Record(20, 11, 0, 0) << false;
-    QTest::newRow("blank before") << " 20.11" << Record(20, 11, 0, 0) << false;
-    QTest::newRow("blank behind") << "20.11 " << Record(20, 11, 0, 0) << false;
-    QTest::newRow("zero behind") << "20.10" << Record(20, 1, 0, 0) << false;
+    QTest::newRow("space before") << " 20.11" << Record(20, 11, 0, 0) << false;
+    QTest::newRow("space after") << "20.11 " << Record(20, 11, 0, 0) << false;
+    QTest::newRow("zero after") << "20.10" << Record(20, 1, 0, 0) << false;
     QTest::newRow("another minor version") << "20.12" << Record(20, 11, 0, 0) << false;
     QTest::newRow("another major version") << "21.11" << Record(20, 11, 0, 0) << false;
     QTest::newRow("nothing known") << "-1.-1" << Record(-1, -1, -1, -1) << true;
@@ -164,7 +164,7 @@ void HalconComparisonTest::fromFileToInstallation_data()
 {
     QTest::addColumn<QByteArray>("elements");
     QTest::addColumn<Record>("installed");
-    QTest::addColumn<QString>("latest"); // empty when there is nothing to tell
+    QTest::addColumn<QString>("latest"); // empty when none is newer
 
     const auto row = [](const char *name, const QByteArray &elements, const Record &installed,
                         const QString &latest) { QTest::newRow(name) << elements << installed << latest; };
@@ -175,7 +175,7 @@ void HalconComparisonTest::fromFileToInstallation_data()
         Record(20, 11, 2, 0), "");
     row("build that is no number but a newer revision",
         R"({"version": "20.11", "revision": "3", "build": "?"})", Record(20, 11, 2, 0), "20.11.3");
-    row("blank before the version", R"({"version": " 20.11", "revision": "9", "build": "0"})",
+    row("space before the version", R"({"version": " 20.11", "revision": "9", "build": "0"})",
         Record(20, 11, 1, 0), "");
     row("leading zero", R"({"version": "20.05", "revision": "9", "build": "0"})", Record(20, 5, 1, 0), "");
     row("no leading zero", R"({"version": "20.5", "revision": "9", "build": "0"})", Record(20, 5, 1, 0),
@@ -229,7 +229,7 @@ void HalconComparisonTest::lines_data()
     QTest::newRow("revision 0") << Record(20, 11, 0, 0) << page << "Latest version: 20.11.0 " + linkTo(page);
     QTest::newRow("minor version 0") << Record(13, 0, 1, 0) << page
                                      << "Latest version: 13.0.1 " + linkTo(page);
-    QTest::newRow("places in the address")
+    QTest::newRow("placeholders in the address")
         << Record(20, 11, 2, 0) << "http://vendor.example/%1/%2/%3?a=%20"
         << "Latest version: 20.11.2 " + linkTo("http://vendor.example/%1/%2/%3?a=%20");
     QTest::newRow("no page") << Record(20, 11, 2, 0) << ""
@@ -261,8 +261,8 @@ void HalconComparisonTest::lastLine_data()
     row("empty", "", "b", "");
     row("upper case", "<BODY>a</BODY>", "b", "<BODY>a</BODY>");
     row("mixed case", "<body>a</Body>", "b", "<body>a</Body>");
-    row("blank in the tag", "<body>a</body >", "b", "<body>a</body >");
-    row("places", "<body>%1 %2</body>", "100% %1 %2<br>", "<body>%1 %2100% %1 %2<br></body>");
+    row("space in the tag", "<body>a</body >", "b", "<body>a</body >");
+    row("placeholders", "<body>%1 %2</body>", "100% %1 %2<br>", "<body>%1 %2100% %1 %2<br></body>");
     row("signs of regular expressions", "<body>a</body>", "\\0 \\1 $& $1", "<body>a\\0 \\1 $& $1</body>");
     row("line with the tag itself", "<body>a</body>", "b</body>", "<body>ab</body></body>");
     row("empty line", "<body>a</body>", "", "<body>a</body>");

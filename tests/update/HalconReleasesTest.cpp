@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The numbers of @p record and whatever else it holds.
+/// The numbers of @p record and all its other fields.
 QString description(const HalconInstallation &record)
 {
     const QStringList numbers{QString::number(record.major), QString::number(record.minor),
@@ -31,7 +31,7 @@ QStringList description(const HalconReleases &releases)
     return lines;
 }
 
-/// What is logged of every element.
+/// What is logged for every element.
 QStringList found(const QString &version, const QString &revision, const QString &build,
                   const QString &edition)
 {
@@ -81,7 +81,7 @@ void compareFile()
 
 } // namespace
 
-/// What is read out of the list of releases.
+/// Reading the list of releases.
 class HalconReleasesTest : public QObject {
     Q_OBJECT
 
@@ -119,21 +119,21 @@ void HalconReleasesTest::files_data()
     row("no key", "{}", {}, {});
     row("another key", R"({"Halcon": [)" + entry + "]}", {}, {});
     row("no releases", file({}), {}, {});
-    row("object in place of the array", R"({"halcon": )" + entry + "}", {}, {});
-    row("text in place of the array", R"({"halcon": "20.11"})", {}, {});
-    row("number in place of the array", R"({"halcon": 20.11})", {}, {});
-    row("null in place of the array", R"({"halcon": null})", {}, {});
-    row("array in place of the object", "[" + entry + "]", {}, {});
+    row("object instead of the array", R"({"halcon": )" + entry + "}", {}, {});
+    row("string instead of the array", R"({"halcon": "20.11"})", {}, {});
+    row("number instead of the array", R"({"halcon": 20.11})", {}, {});
+    row("null instead of the array", R"({"halcon": null})", {}, {});
+    row("array instead of the object", "[" + entry + "]", {}, {});
     row("other keys beside", R"({"about": [1, {}], "halcon": [)" + entry + R"(], "vulcan": []})", entryRecord,
         entryLog);
-    row("byte-order mark", "\xef\xbb\xbf" + file({entry}), entryRecord, entryLog);
+    row("byte order mark", "\xef\xbb\xbf" + file({entry}), entryRecord, entryLog);
     row("white space around", " \r\n\t" + file({entry}) + "\r\n", entryRecord, entryLog);
     row("deep nesting beside", R"({"about": )" + nested(1000) + R"(, "halcon": [)" + entry + "]}",
         entryRecord, entryLog);
     row("deep nesting as an element", file({nested(1000), entry}), entryRecord,
         found({}, {}, {}, {}) +
-            QStringList("Could not parse major/minor version in string \"\". Ignored update information for "
-                        "version \"\".") +
+            QStringList("Could not parse major/minor version in string \"\". "
+                        "Ignored update information for version \"\".") +
             entryLog);
     row("same version and edition twice: the second counts",
         file({element("20.11", "9", "9", "steady"), element("20.11", "1", "0", "steady")}),
@@ -143,8 +143,8 @@ void HalconReleasesTest::files_data()
         file({element("20.11", "9", "9", "steady"), element("20.11", "x", "0", "steady")}),
         {"regular \"20.11\": 20.11.9.9"},
         found("20.11", "9", "9", "steady") + found("20.11", "x", "0", "steady") +
-            QStringList("Could not parse revision version in string \"x\". Ignored update information for "
-                        "version \"20.11\"."));
+            QStringList("Could not parse revision version in string \"x\". "
+                        "Ignored update information for version \"20.11\"."));
     row("same version in both editions",
         file({element("20.11", "1", "0", "progress"), element("20.11", "2", "0", "steady")}),
         {"progress \"20.11\": 20.11.1.0", "regular \"20.11\": 20.11.2.0"},
@@ -155,7 +155,7 @@ void HalconReleasesTest::versions_data()
 {
     addFileColumns();
 
-    // A version that is taken, under its own text.
+    // An accepted version, under its own string.
     const auto taken = [](const char *name, const QString &version, const QString &numbers) {
         QTest::newRow(name) << file({element(version.toUtf8(), "2", "3", "steady")})
                             << QStringList(QString("regular \"%1\": %2.2.3").arg(version, numbers))
@@ -163,8 +163,8 @@ void HalconReleasesTest::versions_data()
     };
     taken("plain", "20.11", "20.11");
     taken("zeros", "0.0", "0.0");
-    taken("blank before", " 20.11", "20.11");
-    taken("blanks around", "   20.11  ", "20.11");
+    taken("space before", " 20.11", "20.11");
+    taken("spaces around", "   20.11  ", "20.11");
     taken("no-break space before", "\u00a020.11", "20.11");
     taken("leading zero of the minor version", "20.05", "20.5");
     taken("leading zeros", "0020.0011", "20.11");
@@ -180,28 +180,28 @@ void HalconReleasesTest::versions_data()
                     "\". Ignored update information for version \"\".");
     };
     unmatched("empty", "");
-    unmatched("blank", " ");
+    unmatched("space", " ");
     unmatched("one number", "20");
     unmatched("three numbers", "20.11.2");
     unmatched("no major version", ".11");
     unmatched("no minor version", "20.");
     unmatched("comma", "20,11");
-    unmatched("blank inside", "20. 11");
+    unmatched("space inside", "20. 11");
     unmatched("minus sign", "-20.11");
     unmatched("minus sign of the minor version", "20.-11");
     unmatched("plus sign", "+20.11");
     unmatched("letter before", "v20.11");
-    unmatched("word behind", "20.11 Progress");
-    unmatched("what looks like a place", "%1.%2");
+    unmatched("word after", "20.11 Progress");
+    unmatched("what looks like a placeholder", "%1.%2");
     ignored("major version beyond 32 bits", "2147483648.11",
-            "Could not parse major version in string \"2147483648\". Ignored update information for version "
-            "\"2147483648.11\".");
+            "Could not parse major version in string \"2147483648\". "
+            "Ignored update information for version \"2147483648.11\".");
     ignored("major version beyond 64 bits", "20000000000000000000.11",
             "Could not parse major version in string \"20000000000000000000\". Ignored update information "
             "for version \"20000000000000000000.11\".");
     ignored("minor version beyond 32 bits", " 20.2147483648 ",
-            "Could not parse minor version in string \"2147483648\". Ignored update information for version "
-            "\" 20.2147483648 \".");
+            "Could not parse minor version in string \"2147483648\". "
+            "Ignored update information for version \" 20.2147483648 \".");
     ignored("both beyond 32 bits: the major version is named", "2147483648.2147483649",
             "Could not parse major version in string \"2147483648\". Ignored update information for version "
             "\"2147483648.2147483649\".");
@@ -232,13 +232,13 @@ void HalconReleasesTest::numbers_data()
     number("leading zeros", "0010", 10);
     number("highest", "2147483647", 2147483647);
     number("lowest", "-2147483648", -2147483647 - 1);
-    number("blanks around", " 2 ", 2);
+    number("spaces around", " 2 ", 2);
     none("empty", "");
-    none("blank", " ");
+    none("space", " ");
     none("beyond 32 bits", "2147483648");
     none("below 32 bits", "-2147483649");
     none("beyond 64 bits", "20000000000000000000");
-    none("letter behind", "2a");
+    none("letter after", "2a");
     none("word", "unknown");
     none("point", "2.0");
     none("exponent", "1e3");
@@ -248,7 +248,7 @@ void HalconReleasesTest::numbers_data()
     none("two signs", "--1");
     none("sign only", "-");
     none("digit of another script", "\u0662");
-    none("what looks like a place", "%1%2%3");
+    none("what looks like a placeholder", "%1%2%3");
 }
 
 void HalconReleasesTest::numbers()
@@ -300,7 +300,7 @@ void HalconReleasesTest::editions_data()
     row("", "regular");
 }
 
-/// Values that are no strings, and keys that are not there, read as empty texts.
+/// Values that are not strings, and missing keys, are read as empty strings.
 void HalconReleasesTest::otherValues_data()
 {
     addFileColumns();
@@ -329,7 +329,7 @@ void HalconReleasesTest::otherValues_data()
         row(qPrintable(QString("element is %1").arg(value)), value, {},
             found("", "", "", "") + QStringList(unmatched));
     }
-    row("element is a text", "\"20.11\"", {}, found("", "", "", "") + QStringList(unmatched));
+    row("element is a string", "\"20.11\"", {}, found("", "", "", "") + QStringList(unmatched));
     row("empty element", "{}", {}, found("", "", "", "") + QStringList(unmatched));
     row("only a version", R"({"version": "20.11"})", {},
         found("20.11", "", "", "") + QStringList(noRevision));
@@ -350,26 +350,25 @@ void HalconReleasesTest::orderOfTheLog()
               element("19.05", "+1", "7", "progress")}),
         &log);
 
-    QCOMPARE(log,
-             found("18.11", "4", "0", "steady") + found("unknown", "1", "0", "steady") +
-                 QStringList("Could not parse major/minor version in string \"unknown\". Ignored update "
-                             "information for version \"\".") +
-                 found("20.11", "2", "x", "progress") +
-                 QStringList("Could not parse build version in string \"x\". Assume build = 0 for version "
-                             "\"20.11\".") +
-                 found("", "", "", "") +
-                 QStringList("Could not parse major/minor version in string \"\". Ignored update information "
-                             "for version \"\".") +
-                 found("13.0", "", "", "steady") +
-                 QStringList("Could not parse revision version in string \"\". Ignored update information "
-                             "for version \"13.0\".") +
-                 found("19.05", "+1", "7", "progress"));
+    QCOMPARE(log, found("18.11", "4", "0", "steady") + found("unknown", "1", "0", "steady") +
+                      QStringList("Could not parse major/minor version in string \"unknown\". Ignored update "
+                                  "information for version \"\".") +
+                      found("20.11", "2", "x", "progress") +
+                      QStringList("Could not parse build version in string \"x\". "
+                                  "Assume build = 0 for version \"20.11\".") +
+                      found("", "", "", "") +
+                      QStringList("Could not parse major/minor version in string \"\". "
+                                  "Ignored update information for version \"\".") +
+                      found("13.0", "", "", "steady") +
+                      QStringList("Could not parse revision version in string \"\". "
+                                  "Ignored update information for version \"13.0\".") +
+                      found("19.05", "+1", "7", "progress"));
     QCOMPARE(description(releases),
              (QStringList{"progress \"19.05\": 19.5.1.7", "progress \"20.11\": 20.11.2.0",
                           "regular \"18.11\": 18.11.4.0"}));
 }
 
-/// Texts go into the log and the keys as they are.
+/// Strings go into the log and the keys unchanged.
 void HalconReleasesTest::texts()
 {
     QStringList log;
@@ -379,13 +378,12 @@ void HalconReleasesTest::texts()
                        {"version": "\t20.11", "revision": "1", "build": "%1 %2", "edition": "Gr\u00f6\u00dfe"}]})",
         &log);
 
-    QCOMPARE(log,
-             found("20.11\n", "%2", "<b>", "%1") +
-                 QStringList("Could not parse revision version in string \"%2\". Ignored update information "
-                             "for version \"20.11\n\".") +
-                 found("\t20.11", "1", "%1 %2", "Gr\u00f6\u00dfe") +
-                 QStringList("Could not parse build version in string \"%1 %2\". Assume build = 0 for "
-                             "version \"\t20.11\"."));
+    QCOMPARE(log, found("20.11\n", "%2", "<b>", "%1") +
+                      QStringList("Could not parse revision version in string \"%2\". "
+                                  "Ignored update information for version \"20.11\n\".") +
+                      found("\t20.11", "1", "%1 %2", "Gr\u00f6\u00dfe") +
+                      QStringList("Could not parse build version in string \"%1 %2\". "
+                                  "Assume build = 0 for version \"\t20.11\"."));
     QCOMPARE(description(releases), QStringList("regular \"\t20.11\": 20.11.1.0"));
 }
 
@@ -419,16 +417,16 @@ void HalconReleasesTest::brokenFiles_data()
     QTest::addColumn<QByteArray>("file");
 
     const QByteArray whole = file({element("20.11", "2", "3", "steady")});
-    QTest::newRow("blank") << QByteArray(" ");
-    QTest::newRow("byte-order mark only") << QByteArray("\xef\xbb\xbf");
+    QTest::newRow("space") << QByteArray(" ");
+    QTest::newRow("byte order mark only") << QByteArray("\xef\xbb\xbf");
     QTest::newRow("page of HTML") << QByteArray("<!DOCTYPE html>\n<html><body>Not Found</body></html>\n");
     QTest::newRow("null") << QByteArray("null");
     QTest::newRow("number") << QByteArray("20.11");
-    QTest::newRow("text") << QByteArray("\"halcon\"");
+    QTest::newRow("string") << QByteArray("\"halcon\"");
     QTest::newRow("cut off") << whole.left(whole.size() / 2);
     QTest::newRow("last byte missing") << whole.left(whole.size() - 1);
-    QTest::newRow("more behind") << whole + whole;
-    QTest::newRow("comma behind the last element") << QByteArray(R"({"halcon": [{"version": "20.11"},]})");
+    QTest::newRow("more after") << whole + whole;
+    QTest::newRow("comma after the last element") << QByteArray(R"({"halcon": [{"version": "20.11"},]})");
     QTest::newRow("comment") << "// releases\n" + whole;
     QTest::newRow("single quotes") << QByteArray("{'halcon': []}");
     QTest::newRow("UTF-16") << QByteArray("\xff\xfe{\0}\0", 6);

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// The file that tells of a release with these values, each as it stands in JSON.
+/// The file that describes a release with these values, each as JSON.
 QByteArray file(const QByteArray &major, const QByteArray &minor, const QByteArray &message = "\"\"")
 {
     return R"({"corvanta-for-halcon": {"major": )" + major + R"(, "minor": )" + minor +
@@ -92,8 +92,8 @@ void OwnReleaseTest::newer()
 void OwnReleaseTest::numbers_data()
 {
     QTest::addColumn<QByteArray>("value"); // in JSON
-    QTest::addColumn<QString>("number");   // empty when it is none
-    QTest::addColumn<QString>("text");     // as it is read
+    QTest::addColumn<QString>("number");   // empty when it is not a number
+    QTest::addColumn<QString>("text");     // as read
 
     const auto number = [](const char *name, const QString &text, const QString &value) {
         QTest::newRow(name) << quoted(text) << value << text;
@@ -104,22 +104,22 @@ void OwnReleaseTest::numbers_data()
     number("plain", "9", "9");
     number("plus", "+9", "9");
     number("leading zeros", "009", "9");
-    number("blanks around", " 9 ", "9");
+    number("spaces around", " 9 ", "9");
     number("highest", "2147483647", "2147483647");
     none("empty", "");
-    none("blank", " ");
+    none("space", " ");
     none("point", "1.0");
     none("beyond 32 bits", "2147483648");
     none("below 32 bits", "-2147483649");
     none("beyond 64 bits", "20000000000000000000");
-    none("letter behind", "9a");
+    none("letter after", "9a");
     none("word", "nine");
     none("hexadecimal", "0x9");
     none("exponent", "9e0");
     none("two numbers", "1 9");
     none("digit of another script", "\u0669");
-    none("what looks like a place", "%1 %2");
-    // They read as empty texts.
+    none("what looks like a placeholder", "%1 %2");
+    // They are read as empty strings.
     for (const char *value : {"9", "true", "null", "[\"9\"]", "{\"9\": \"9\"}"}) {
         QTest::addRow("not a text: %s", value) << QByteArray(value) << QString() << QString();
     }
@@ -161,7 +161,7 @@ void OwnReleaseTest::files_data()
 
     row("nothing", {}, {}, {"Could not fetch Corvanta for HALCON version update information file"});
     row("whole", whole, "1.9: News", {});
-    row("byte-order mark", "\xef\xbb\xbf" + whole, "1.9: News", {});
+    row("byte order mark", "\xef\xbb\xbf" + whole, "1.9: News", {});
     row("white space around", "\r\n " + whole + " \r\n", "1.9: News", {});
     row("other keys beside", R"({"a": [], "corvanta-for-halcon": {"build": 7, "minor": "9", "major": "1"}})",
         "1.9: ", {});
@@ -170,7 +170,7 @@ void OwnReleaseTest::files_data()
     row("no release", R"({"updateMessage": "News"})", {}, noMajor);
     row("key in upper case", R"({"Corvanta-for-HALCON": {"major": "1", "minor": "9"}})", {}, noMajor);
     row("numbers at the top", R"({"major": "1", "minor": "9"})", {}, noMajor);
-    row("release is a text", R"({"corvanta-for-halcon": "1.9"})", {}, noMajor);
+    row("release is a string", R"({"corvanta-for-halcon": "1.9"})", {}, noMajor);
     row("release is an array", R"({"corvanta-for-halcon": ["1", "9"]})", {}, noMajor);
     row("release is null", R"({"corvanta-for-halcon": null})", {}, noMajor);
     row("no major version", R"({"corvanta-for-halcon": {"minor": "9"}})", {}, noMajor);
@@ -200,13 +200,13 @@ void OwnReleaseTest::brokenFiles_data()
     QTest::addColumn<QByteArray>("file");
 
     const QByteArray whole = file("\"1\"", "\"9\"", "\"News\"");
-    QTest::newRow("blank") << QByteArray(" ");
+    QTest::newRow("space") << QByteArray(" ");
     QTest::newRow("page of HTML") << QByteArray("<html><body>Not Found</body></html>");
     QTest::newRow("null") << QByteArray("null");
-    QTest::newRow("text") << QByteArray("\"1.9\"");
+    QTest::newRow("string") << QByteArray("\"1.9\"");
     QTest::newRow("cut off") << whole.left(whole.size() / 2);
     QTest::newRow("last byte missing") << whole.left(whole.size() - 1);
-    QTest::newRow("more behind") << whole + '}';
+    QTest::newRow("more after") << whole + '}';
     QTest::newRow("bytes that are no UTF-8") << file("\"1\"", "\"9\"", "\"N\xff\"");
     QTest::newRow("nesting too deep") << QByteArray(2000, '[') + QByteArray(2000, ']');
 }
@@ -245,9 +245,9 @@ void OwnReleaseTest::ownVersions_data()
     const QString noVersion = "could not parse our own major.minor version";
     failure("empty", "", noVersion);
     failure("one number", "18", noVersion);
-    failure("nothing behind the point", "1.", noVersion);
+    failure("nothing after the point", "1.", noVersion);
     failure("nothing before the point", ".8", noVersion);
-    failure("blank inside", "1. 8", noVersion);
+    failure("space inside", "1. 8", noVersion);
     failure("word", "development", noVersion);
     const QString complaint = "Could not parse %1 version of current Corvanta for HALCON instance from "
                               "string \"%2\". Ignored update information.";
@@ -258,7 +258,7 @@ void OwnReleaseTest::ownVersions_data()
     unread("minor version beyond 32 bits", "1.2147483648 beta", "minor");
     unread("both beyond 32 bits", "2147483648.2147483648", "major");
     unread("digits of another script", "\u0661.\u0668", "major");
-    unread("places", "%1 2147483648.8 %2", "major");
+    unread("placeholders", "%1 2147483648.8 %2", "major");
 }
 
 void OwnReleaseTest::ownVersions()
@@ -271,7 +271,7 @@ void OwnReleaseTest::ownVersions()
     const QString &major = own.constFirst();
     const int minor = own.constLast().toInt();
 
-    // The very next release and the very same: only these numbers are between them.
+    // The next release and the same release: only these numbers are in between.
     for (const int published : {minor + 1, minor}) {
         QStringList log;
         const auto release =
@@ -281,7 +281,7 @@ void OwnReleaseTest::ownVersions()
         QCOMPARE(release.has_value(), !numbers.isEmpty() && published > minor);
     }
 
-    // What is published is read first.
+    // The published version is read first.
     QStringList log;
     QVERIFY(!newerOwnRelease(file("\"x\"", "\"9\""), ownVersion, &log));
     QCOMPARE(log, QStringList("Could not parse major version in string \"x\". Ignored update information."));
@@ -292,7 +292,7 @@ void OwnReleaseTest::messages_data()
     QTest::addColumn<QByteArray>("value"); // in JSON
     QTest::addColumn<QString>("message");
 
-    QTest::newRow("text") << QByteArray("\"News\"") << "News";
+    QTest::newRow("string") << QByteArray("\"News\"") << "News";
     QTest::newRow("empty") << QByteArray("\"\"") << "";
     QTest::newRow("HTML") << QByteArray(
                                  R"("<b>New:</b> <a href=\"http://x.example/\">more<\/a><br>&amp; &lt;")")
@@ -300,8 +300,8 @@ void OwnReleaseTest::messages_data()
     QTest::newRow("not ASCII") << QByteArray("\"Gr\xc3\xb6\xc3\x9f"
                                              "e \\u691c\"")
                                << "Gr\u00f6\u00dfe \u691c";
-    QTest::newRow("line feeds and blanks") << QByteArray(R"("  one\n\ttwo ")") << "  one\n\ttwo ";
-    QTest::newRow("places") << QByteArray("\"%1 %2 100%\"") << "%1 %2 100%";
+    QTest::newRow("line feeds and spaces") << QByteArray(R"("  one\n\ttwo ")") << "  one\n\ttwo ";
+    QTest::newRow("placeholders") << QByteArray("\"%1 %2 100%\"") << "%1 %2 100%";
     QTest::newRow("number") << QByteArray("7") << "";
     QTest::newRow("null") << QByteArray("null") << "";
     QTest::newRow("array") << QByteArray("[\"News\"]") << "";
@@ -319,7 +319,7 @@ void OwnReleaseTest::messages()
     QCOMPARE(description(release), "1.9: " + message);
     QCOMPARE(log, QStringList());
 
-    // It stands beside the release, not in it.
+    // It is beside the release object, not in it.
     const auto inside = newerOwnRelease(
         R"({"corvanta-for-halcon": {"major": "1", "minor": "9", "updateMessage": )" + value + "}}", "1.8",
         &log);
@@ -344,9 +344,9 @@ void OwnReleaseTest::html_data()
         "Your current version: 1.8<br>Latest version: 2.0");
     row("own version as it stands", {10, 0, "News"}, " v01.8-beta & <i>more</i>",
         "Your current version:  v01.8-beta & <i>more</i><br>Latest version: 10.0");
-    row("places in the message", {1, 9, "%1 %2 %3 %4 %5 %6 100%"}, "1.8",
+    row("placeholders in the message", {1, 9, "%1 %2 %3 %4 %5 %6 100%"}, "1.8",
         "Your current version: 1.8<br>Latest version: 1.9");
-    row("places in the own version", {1, 9, "News"}, "1.8 %2 %4",
+    row("placeholders in the own version", {1, 9, "News"}, "1.8 %2 %4",
         "Your current version: 1.8 %2 %4<br>Latest version: 1.9");
     row("large numbers", {2147483647, 1000000, "News"}, "1.8",
         "Your current version: 1.8<br>Latest version: 2147483647.1000000");

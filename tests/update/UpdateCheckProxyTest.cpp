@@ -14,7 +14,7 @@ const char *const address = "http://www.nobody.example/file.json";
 Q_DECLARE_METATYPE(QNetworkProxy::ProxyType)
 Q_DECLARE_METATYPE(WebAnswer)
 
-/// Downloads on a machine that reaches the net through a proxy.
+/// Downloads on a machine that reaches the network through a proxy.
 class UpdateCheckProxyTest : public QObject {
     Q_OBJECT
 

@@ -15,7 +15,7 @@ namespace {
 
 const char *const path = "/file.json";
 
-/// 5 MB in which no part occurs twice.
+/// 5 MB without repetitions.
 QByteArray largeBody()
 {
     static const QByteArray body = [] {
@@ -52,7 +52,7 @@ QUrl address(quint16 port)
     return QUrl(QStringLiteral("http://127.0.0.1:%1/file.json").arg(port));
 }
 
-/// A reply that has ended, made of nothing but contents and an error.
+/// A fake of a finished reply, with only contents and an error.
 class EndedReply : public QNetworkReply {
 public:
     EndedReply(const QByteArray &contents, NetworkError error) : unread(contents)
@@ -110,11 +110,11 @@ private slots:
 
 void UpdateCheckTest::init()
 {
-    // Not the building machine's.
+    // Not the building machine's proxy.
     QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy);
 }
 
-/// Making the object is all that it takes.
+/// Creating the object starts the request.
 void UpdateCheckTest::request()
 {
     WebServer server;
@@ -127,7 +127,7 @@ void UpdateCheckTest::request()
     QCOMPARE(server.requests().size(), 1);
     const WebRequest request = server.requests().constFirst();
     QCOMPARE(request.line, QByteArray("GET /file.json?a=1&b=%20 HTTP/1.1"));
-    // The users are told that this is all.
+    // The documentation tells users that these are all headers.
     QStringList names;
     for (const QByteArray &header : request.headers) {
         names.append(header.left(header.indexOf(':')));
@@ -207,7 +207,7 @@ void UpdateCheckTest::redirects_data()
     }
 }
 
-/// They are taken for the answer.
+/// Redirects are not followed: their body is taken for the data.
 void UpdateCheckTest::redirects()
 {
     QFETCH(QByteArray, status);
@@ -241,7 +241,7 @@ void UpdateCheckTest::nothingToTalkTo()
     UpdateCheck check(url, nullptr);
     QSignalSpy downloaded(&check, &UpdateCheck::downloaded);
 
-    // Never from within the constructor: nobody could have connected by then.
+    // Never from within the constructor: nothing could have been connected by then.
     EVENTUALLY_COMPARE(downloaded.count(), 1);
 
     QCOMPARE(check.downloadedData(), QByteArray());
@@ -260,7 +260,7 @@ void UpdateCheckTest::dataComeAllAtOnce()
 
     for (int piece = 0; piece < 3; ++piece) {
         server.proceed();
-        // Until another download has ended, the piece has arrived as well.
+        // When another download has ended, the piece has arrived as well.
         UpdateCheck other(server.url("/other"), nullptr);
         QSignalSpy otherDownloaded(&other, &UpdateCheck::downloaded);
         EVENTUALLY_COMPARE(otherDownloaded.count(), 1);
@@ -370,7 +370,7 @@ void UpdateCheckTest::destroyedWhileUnderWay()
     }
 
     QVERIFY(check.isNull());
-    // The server sees the other's end behind everything else that has been sent.
+    // The server sees the connection's end after everything else that was sent.
     UpdateCheck next(server.url("/next"), nullptr);
     EVENTUALLY_VERIFY(server.targets().contains("/next"));
     EVENTUALLY_COMPARE(server.openConnections(), 0);
@@ -393,7 +393,7 @@ void UpdateCheckTest::destroyedByWhoIsTold()
     QCOMPARE(data, QByteArray("contents"));
 }
 
-/// As a program ends whose window is closed meanwhile.
+/// As when the window is closed during the download.
 void UpdateCheckTest::endOfTheProgram()
 {
     WebServer server;
