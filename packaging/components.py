@@ -1,4 +1,4 @@
-"""The code of others that is in the programs and installers: components.toml, filled from the machine and the build."""
+"""The third-party code in the programs and installers: components.toml, completed from the build."""
 
 import dataclasses
 import glob
@@ -40,7 +40,7 @@ def table():
 
 
 def components():
-    """All that is in this build; a Failure names what is linked and has no line in the table."""
+    """All components in this build; a Failure names linked files that no row covers."""
     rows, maps = table(), linked.link_maps()
     _refuse_forbidden_sections(rows["forbidden_sections"], maps)
     programs = _programs_of_rows(rows["component"], maps)
@@ -69,7 +69,7 @@ def _refuse_forbidden_sections(forbidden, maps):
 
 
 def _programs_of_rows(rows, maps):
-    """The programs that each row's files are linked into; each file of others has to be of a row."""
+    """The programs into which each row's files are linked; each third-party file must belong to a row."""
     paths = sorted({path for link_map in maps.values() for path in link_map.files})
     owners = _owners(paths)
     found, nobody = [[] for _ in rows], []
@@ -88,9 +88,9 @@ def _programs_of_rows(rows, maps):
 
 
 def _owners(paths):
-    """Each path to the Debian package that it is of, or to Qt's prefix, or to None."""
+    """Maps each path to the Debian package that owns it, to Qt's prefix, or to None."""
     prefix = os.path.realpath(qt_prefix()) + os.sep
-    # The exit code tells that some are of no package, which is no failure here.
+    # The exit code says that some belong to no package, which is no failure here.
     answer = subprocess.run(["dpkg-query", "-S", *paths], capture_output=True, text=True)
     packages = {line.split(": ", 1)[1]: line.split(":")[0] for line in answer.stdout.splitlines() if ": " in line}
     return {path: "Qt's prefix" if path.startswith(prefix) else packages.get(path) for path in paths}
@@ -136,12 +136,12 @@ def _file_version(path):
 
 
 def _text(place):
-    """The text at a place as components.toml writes it."""
+    """The text at a location in the form of components.toml."""
     place = {"path": place} if isinstance(place, str) else place
     pattern = place["path"].replace("{tree}", str(root))
     paths = [pattern] if os.path.exists(pattern) else sorted(glob.glob(pattern))
     if not paths:
-        raise Failure(f"the licence text {pattern} is not there")
+        raise Failure(f"the licence text {pattern} does not exist")
     text = pathlib.Path(paths[0]).read_text(encoding="utf-8").replace("\r", "")
     if "paragraphs" in place:
         return _paragraphs(paths[0], text, place["paragraphs"])
@@ -197,10 +197,10 @@ def _component_inside_qt(rows, identifier, folder, entry, programs):
 
 
 def _attributions():
-    """Id to (folder, entry) of all that tools/qt-windows kept of Qt's attribution files."""
+    """Maps the Id to (folder, entry) of all of Qt's attribution files that tools/qt-windows kept."""
     top = qt_prefix() / "attributions"
     entries = {path.parent.name: (path.parent, json.loads(path.read_text(encoding="utf-8")))
                for path in top.glob("*/attribution.json")}
     if not entries:
-        raise Failure(f"{top} holds no attribution.json; tools/qt-windows/build keeps them there")
+        raise Failure(f"{top} contains no attribution.json; tools/qt-windows/build keeps them there")
     return entries

@@ -1,4 +1,4 @@
-"""What the linker takes into the programs, from link maps."""
+"""What the linker puts into the programs, from link maps."""
 
 import fnmatch
 import os
@@ -37,14 +37,14 @@ class Map:
                 self.sections.append(line.split()[0])
 
     def _add(self, path, member):
-        # What the build itself makes is named from its directory.
+        # Files of the build itself have paths relative to its directory.
         if os.path.isabs(path) and not os.path.realpath(path).startswith(f"{os.path.realpath(build)}{os.sep}"):
             members = self.files.setdefault(os.path.realpath(path), set())
             if member:
                 members.add(member)
 
     def members(self, archives, patterns):
-        """Whether a member like one of the patterns is taken out of an archive like one of those."""
+        """Whether a member that matches a pattern is taken from an archive that matches a pattern."""
         return any(fnmatch.fnmatch(member, pattern) for path, members in self.files.items()
                    if like(os.path.basename(path), archives) for member in members for pattern in patterns)
 

@@ -3,8 +3,8 @@
 
     msi-source.py NAME VERSION PUBLISHER HOME-PAGE CONTACT-PAGE UPGRADE-CODE
 
-The files are those below the current directory's "files"; "icon.ico" beside it is the program's icon. All paths are
-relative, which wixl wants.
+The files are those below the current directory's "files"; "icon.ico" beside it is the program's icon. All
+paths are relative, which wixl wants.
 """
 import os
 import sys
@@ -16,12 +16,12 @@ codes = uuid.UUID(upgrade_code)
 
 
 def code(text):
-    """The same code for the same text, in every version and on every machine."""
+    """A GUID that depends on the text only, not on the version or the machine."""
     return "{%s}" % str(uuid.uuid5(codes, text)).upper()
 
 
 def identifier(kind, path):
-    """A name within the package; what Windows shows is never made from it."""
+    """An identifier within the package, never shown to users."""
     return kind + uuid.uuid5(codes, path).hex
 
 
@@ -42,14 +42,14 @@ for key, value in {"ARPPRODUCTICON": "icon.ico", "ARPURLINFOABOUT": home_page, "
                    "ARPNOMODIFY": "1"}.items():
     element(product, "Property", Id=key, Value=value)
 
-# setup.exe takes the same directory and the same place in the Start menu.
+# setup.exe uses the same directory and the same Start menu entries.
 entry = element(product, "Property", Id="INSTALLEDBYSETUP")
 element(entry, "RegistrySearch", Id="SetupEntry", Root="HKLM", Type="raw", Win64="yes", Name="UninstallString",
         Key=rf"Software\Microsoft\Windows\CurrentVersion\Uninstall\{name}")
 element(product, "Condition", Message=f"{name} has been installed for this machine by its setup.exe. Upgrade it with a "
         "newer setup.exe, or remove it first, in Windows's list of apps.").text = "Installed OR NOT INSTALLEDBYSETUP"
 
-# Where an older version is, the newer one goes, unless INSTALLDIR says otherwise.
+# A newer version goes to the directory of the older one, unless INSTALLDIR says otherwise.
 program_path = r"Software\Microsoft\Windows\CurrentVersion\App Paths\corvanta.exe"
 previous = element(product, "Property", Id="PREVIOUSDIR")
 element(previous, "RegistrySearch", Id="PreviousDir", Root="HKLM", Key=program_path, Name="Path", Type="raw",
@@ -57,7 +57,7 @@ element(previous, "RegistrySearch", Id="PreviousDir", Root="HKLM", Key=program_p
 element(product, "CustomAction", Id="KeepDirectory", Property="INSTALLDIR", Value="[PREVIOUSDIR]", Impersonate="yes")
 element(product, "CustomAction", Id="SetInstallLocation", Property="ARPINSTALLLOCATION", Value="[INSTALLDIR]",
         Impersonate="yes")
-# By number, because wixl puts what is to come after another action at the end.
+# By number, because wixl puts an action that comes after another one at the end.
 for table in "InstallExecuteSequence", "InstallUISequence":
     sequence = element(product, table)
     element(sequence, "Custom", Action="KeepDirectory", Sequence="60").text = "PREVIOUSDIR AND NOT INSTALLDIR"
@@ -77,7 +77,7 @@ for path, subdirectories, names in os.walk("files"):
         directories[below] = element(directory, "Directory", Id=identifier("d", below), Name=subdirectory)
     for file_name in sorted(names):
         file = os.path.join(path, file_name)
-        # A file of the same name in a later version is the same component.
+        # A file of the same name in a later version must be the same component.
         component = element(directory, "Component", Id=identifier("c", file), Guid=code(file), Win64="yes")
         files[file] = element(component, "File", Id=identifier("f", file), Source=file, KeyPath="yes").get("Id")
         element(feature, "ComponentRef", Id=component.get("Id"))

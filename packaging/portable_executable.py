@@ -12,7 +12,7 @@ RESOURCE_VERSION, RESOURCE_MANIFEST = 16, 24
 
 
 class Section:
-    """A part of the file as it lies in memory: `name`, `address`, `size` there, `offset` in the file, `flags`."""
+    """A section: `name`, `address` and `size` in memory, `offset` in the file, `flags`."""
 
     def __init__(self, name, address, size, offset, flags):
         self.name, self.address, self.size, self.offset, self.flags = name, address, size, offset, flags
@@ -27,7 +27,7 @@ class Section:
 
 
 class PortableExecutable:
-    """The executable in `data`. Malformed is raised where it does not hold together."""
+    """The executable in `data`. Raises Malformed when it is inconsistent."""
 
     def __init__(self, data):
         self.data = data
@@ -60,7 +60,7 @@ class PortableExecutable:
             self.sections.append(Section(name.rstrip(b"\0").decode("ascii", "replace"), address, size, offset, flags))
 
     def directory(self, index):
-        """Address and size of a data directory, (0, 0) for one that is not there."""
+        """Address and size of a data directory, (0, 0) for a missing one."""
         return self.directories[index] if index < len(self.directories) else (0, 0)
 
     def _offset(self, address):
@@ -74,7 +74,7 @@ class PortableExecutable:
         return self.data[start:self.data.index(b"\0", start)].decode("ascii", "replace")
 
     def imports(self):
-        """The names of the DLLs that the executable asks for, those that are loaded only when needed among them."""
+        """The names of the imported DLLs, delay-loaded ones included."""
         names = []
         for index, size, name_at in ((DIRECTORY_IMPORT, 20, 12), (DIRECTORY_DELAY_IMPORT, 32, 4)):
             address, _ = self.directory(index)
@@ -132,7 +132,7 @@ class VersionResource:
 
     @staticmethod
     def _block(data, start):
-        """Name, length of the value, its place, and the range of the children of the block at `start`."""
+        """Name, length and offset of the value, and the range of the children of the block at `start`."""
         def aligned(place):
             return place + (-place % 4)
 

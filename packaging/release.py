@@ -1,4 +1,5 @@
-"""What the packaging scripts in Python share: where things are, the facts of the release, and how a script fails.
+"""What the packaging scripts in Python share: where things are, the facts of the release, and how a script
+fails.
 
 The scripts are run with -B: compiled modules beside them would end up in the archive of the sources.
 """
@@ -9,12 +10,12 @@ import subprocess
 import sys
 
 root = pathlib.Path(__file__).resolve().parent.parent
-# A check that is called by hand looks at what ./package has built last.
+# A check that is called by hand uses the last build of ./package.
 build = pathlib.Path(os.environ.get("build") or root / "build/package/source/build/release")
 
 
 class Failure(Exception):
-    """What went wrong, in words for whoever makes the release."""
+    """What went wrong, for the person who makes the release."""
 
 
 def main(function):
@@ -30,7 +31,7 @@ def run(*command, **options):
     try:
         done = subprocess.run(command, check=True, capture_output=True, text=True, **options)
     except FileNotFoundError:
-        raise Failure(f"{command[0]} is not there; tools/packages names the package that it is in")
+        raise Failure(f"{command[0]} is not installed; tools/packages names its package")
     except subprocess.CalledProcessError as error:
         raise Failure(f"{command[0]} failed with exit code {error.returncode}: {error.stderr.strip()}")
     return done.stdout
@@ -51,8 +52,8 @@ def qt_prefix():
 
 
 def facts():
-    """Everything that packaging/common knows, by the names that it has there."""
-    # A check gets none of these and needs none of them.
+    """Everything in packaging/common, under the same names."""
+    # Checks neither get nor need these.
     unset = dict.fromkeys(("stage", "out", "commit", "SOURCE_DATE_EPOCH", "QT_WINDOWS_PREFIX"), "not set")
     known = {**unset, **os.environ, "root": str(root), "build": str(build)}
     text = run("bash", "-euc", 'set -a; source "$root/packaging/common" >&2; env -0', env=known)

@@ -19,7 +19,7 @@ Function InstallForMachine
   Call ReadInstalled
 FunctionEnd
 
-; For the machine, unless asked otherwise by a switch or, in a window, by the user who has a version of his own.
+; For the machine, unless asked otherwise by a switch or, in a window, by a user who has installed one before.
 Function ChooseMode
   ${GetOptions} $Parameters "/CurrentUser" $0
   ${IfNot} ${Errors}
@@ -47,7 +47,7 @@ Function ChooseMode
   Call InstallForMachine
 FunctionEnd
 
-; Hands over to a process with administrator rights when they are needed, and ends with its exit code.
+; When administrator rights are needed, starts a process that has them and ends with its exit code.
 Function GetRightsForMachine
   !insertmacro GetRights
   ${If} $0 == Admin
@@ -58,7 +58,7 @@ Function GetRightsForMachine
     StrCpy $1 $EXEPATH
     StrCpy $2 "$Parameters /Elevated"
     ${If} $INSTDIR != ""
-      ; NSIS takes the rest of the line for the directory.
+      ; NSIS takes the rest of the command line as the directory.
       StrCpy $2 "$2 /D=$INSTDIR"
     ${EndIf}
     !insertmacro RunElevated
@@ -75,7 +75,7 @@ Function GetRightsForMachine
   Call InstallForUser
 FunctionEnd
 
-; The MSI package takes the same directory and the same place in the Start menu.
+; The MSI package uses the same directory and the same Start menu entries.
 Function RefuseBesideMsi
   System::Call '$SYSDIR\msi.dll::MsiEnumRelatedProductsW(w "${UPGRADE_CODE}", i 0, i 0, w .r0) i .r1'
   ${If} $1 = 0
@@ -95,8 +95,8 @@ Function RefuseDowngrade
   ${EndIf}
 FunctionEnd
 
-; NSIS passes over a directory that is no whole path, and over the switch when it is not the last one or stands in quotes.
-; Quotes around the directory it takes away, and with them halves of letters that are not ASCII.
+; NSIS ignores a directory that is not a full path, and the switch when it is not the last one or is in
+; quotes. It removes quotes around the directory, and with them parts of non-ASCII characters.
 Function RefuseOddDirectory
   System::Call 'kernel32::GetCommandLineW() w .r0'
   ${WordFind} "$0" "/D=" "E+1}" $1
@@ -152,8 +152,8 @@ Function .onInit
   Call ChooseDirectory
 FunctionEnd
 
-; Takes the files of the version that is there away, by its own list: the new one need not have them all. A copy of its
-; uninstaller does it, because one that runs in its own place cannot remove itself.
+; Removes the files of the installed version by that version's own list: the new one may not have them all. A
+; copy of its uninstaller does it, because a running program cannot remove its own file.
 Function RemoveInstalled
   ${IfNot} ${FileExists} "$InstalledDir\uninstall.exe"
     Return
@@ -165,7 +165,7 @@ Function RemoveInstalled
   InitPluginsDir
   ClearErrors
   CopyFiles /SILENT "$InstalledDir\uninstall.exe" "$PLUGINSDIR\uninstall-old.exe"
-  ; What it needs rights for, this process has got the rights for.
+  ; This process has the rights that the uninstaller needs.
   ExecWait '"$PLUGINSDIR\uninstall-old.exe" /S /Elevated $0 _?=$InstalledDir' $1
   ${If} ${Errors}
     StrCpy $1 ${EXIT_FAILED}
@@ -176,13 +176,13 @@ Function RemoveInstalled
   ${EndIf}
 FunctionEnd
 
-; vswhere.exe tells the program of Visual Studio 2017 and later. Visual Studio's own installer keeps one up to date.
+; vswhere.exe finds Visual Studio 2017 and later. Visual Studio's own installer keeps one up to date.
 Function InstallVswhere
   !ifdef VSWHERE
     File "/oname=$INSTDIR\vswhere.exe" "${VSWHERE}"
   !endif
-  ; Not $PROGRAMFILES32, which is the directory for 64-bit programs here. The registry's value cannot be changed by a
-  ; user who then waits for somebody else to install; the environment's can.
+  ; Not $PROGRAMFILES32, which is the directory for 64-bit programs here. A user cannot change the registry's
+  ; value in wait for an administrator who installs; the environment's value they can.
   ReadRegStr $0 HKLM "Software\Microsoft\Windows\CurrentVersion" "ProgramFilesDir (x86)"
   ${If} $0 == ""
     ReadEnvStr $0 "ProgramFiles(x86)"
@@ -207,8 +207,9 @@ Section
   ${If} $IsForUser == ""
     !insertmacro InstallHelper
   ${Else}
-    ; The helper asks for administrator rights. Where its user can write, so can every program that he starts, and
-    ; put something else in its place that he then agrees to. The program looks for this file to say why there is none.
+    ; The helper asks for administrator rights. Where the user can write, so can every program of the user,
+    ; and replace the helper by something to which the user then agrees. The program looks for this file to
+    ; say why there is no helper.
     FileOpen $0 "$INSTDIR\qz_com_helper.txt" w
     FileWrite $0 "${NAME} is installed for one user alone. ${FOR_ONE_USER}$\r$\n"
     FileClose $0

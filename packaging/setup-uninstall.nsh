@@ -1,8 +1,8 @@
-; Included by setup.nsi: the uninstaller. It removes what it knows of, never a whole directory, because /D= may have
-; named one with other things in it.
+; Included by setup.nsi: the uninstaller. It removes only known files, never a whole directory, because /D=
+; may have named one with other files in it.
 
-Var IsUpgrade  ; 1 when a newer version is about to take the place of this one
-Var IsEntered  ; 1 when Windows's list of apps names this very directory
+Var IsUpgrade  ; 1 when a newer version is about to replace this one
+Var IsEntered  ; 1 when Windows's list of apps names this directory
 
 !ifdef SIGN
   !uninstfinalize '"${SIGN}" "%1"' = 0
@@ -45,11 +45,11 @@ Function un.GetRightsForMachine
   ${EndIf}
   StrCpy $0 ""
   ${If} $IsElevated == ""
-    ; The one in its place, not the copy that NSIS has made of it where the user can write.
+    ; The installed uninstaller, not the copy that NSIS has made where the user can write.
     StrCpy $1 "$INSTDIR\uninstall.exe"
     StrCpy $2 "$Parameters /Elevated"
     ${If} $EXEDIR == $INSTDIR
-      ; Told to stay there, by _?=, so that somebody can wait for it.
+      ; _?= makes it run in place, so that its end can be waited for.
       StrCpy $2 "$2 _?=$INSTDIR"
     ${EndIf}
     !insertmacro RunElevated
@@ -86,13 +86,13 @@ Section Uninstall
   Delete "$INSTDIR\qz_com_helper.txt"
   Delete "$INSTDIR\uninstall.exe"
   ${If} $IsUpgrade == ""
-    ; A newer version leaves it: somebody may have put it there.
+    ; An upgrade keeps it: the user may have put it there.
     Delete "$INSTDIR\vswhere.exe"
   ${EndIf}
   !insertmacro RemoveFiles
   RMDir "$INSTDIR"
 
-  ; A newer version keeps its place in the Start menu, and in the list of apps until it is complete.
+  ; An upgrade keeps the Start menu entries, and the entry in the list of apps until it is complete.
   ${If} $IsUpgrade == ""
   ${AndIf} $IsEntered == 1
     Delete "$SMPROGRAMS\${NAME}\${NAME}.lnk"
@@ -100,7 +100,7 @@ Section Uninstall
     RMDir "$SMPROGRAMS\${NAME}"
     DeleteRegKey SHCTX "${ENTRY}"
     ${If} $IsForUser == 1
-      ; Of these a user need not have any before, unlike the machine.
+      ; Unlike the machine, a user may not have had these keys before.
       DeleteRegKey /ifempty HKCU "${UNINSTALL}"
       RMDir "$LOCALAPPDATA\Programs"
     ${EndIf}

@@ -1,17 +1,18 @@
-; The installer for the machine or for one user. packaging/setup calls makensis with the facts of the program as defines
-; and with files.nsh, which it writes from the stage directory: the macros InstallFiles, RemoveFiles and EachProgram.
+; The installer for the machine or for one user. packaging/setup calls makensis with the program's facts as
+; defines and with files.nsh, which it generates from the stage: the macros InstallFiles, RemoveFiles and
+; EachProgram.
 ;
-; One executable serves both modes, and neither asks for rights that it does not need: the manifest asks for none
-; ("highest" would make an administrator confirm an installation for himself alone, "admin" would keep everybody else
-; from one), and for the machine the installer starts itself again with the verb "runas". Who has the rights already,
-; such as a deployment service, is not asked.
+; One executable serves both modes, and neither asks for rights that it does not need: the manifest asks for
+; none ("highest" would make an administrator confirm even an installation for one user, "admin" would let
+; nobody else make one), and for the machine the installer starts itself again with the verb "runas". Who has
+; the rights already, such as a deployment service, is not asked.
 Unicode true
 Target amd64-unicode
 RequestExecutionLevel user
 ManifestDPIAware true
 ManifestLongPathAware true
 SetCompressor /SOLID lzma
-; A file that cannot be written ends the installation; it must not be skipped, least of all in silence.
+; A file that cannot be written ends the installation; it must not be skipped, least of all silently.
 AllowSkipFiles off
 CRCCheck on
 AutoCloseWindow false
@@ -29,7 +30,7 @@ Name "${NAME}"
 OutFile "${OUTPUT}"
 BrandingText "${NAME} ${VERSION}"
 Caption "${NAME} ${VERSION} Setup"
-; Empty, so that a directory given by /D= can be told from none.
+; Empty, to detect whether /D= gave a directory.
 InstallDir ""
 
 VIProductVersion "${VERSION_RESOURCE}"
@@ -41,8 +42,8 @@ VIAddVersionKey LegalCopyright "${COPYRIGHT}"
 VIAddVersionKey ProductName "${NAME}"
 VIAddVersionKey ProductVersion "${VERSION}"
 
-; The program takes each entry below the Uninstall keys whose name holds "MVTec HALCON" and a version for an
-; installation of HALCON. This name holds neither.
+; The program takes each entry below the Uninstall keys whose name contains "MVTec HALCON" and a version for
+; an installation of HALCON. This name contains neither.
 !define UNINSTALL "Software\Microsoft\Windows\CurrentVersion\Uninstall"
 !define ENTRY "${UNINSTALL}\${NAME}"
 
@@ -61,7 +62,7 @@ Var Parameters
 Var IsForUser     ; 1 or empty
 Var IsElevated    ; 1 in the process that was started to have administrator rights
 Var ModeText
-Var InstalledDir  ; of the version that is there, or empty
+Var InstalledDir  ; of the installed version, or empty
 Var InstalledVersion
 
 !define MUI_ICON "${ICON}"
@@ -85,7 +86,7 @@ Var InstalledVersion
 ; Sets $0 to Admin when this process has administrator rights.
 !macro GetRights
   !ifdef PRETEND_UNPRIVILEGED
-    ; How the first process behaves that has no rights can be tried where every process has them.
+    ; A way to test a first process without rights where every process has them.
     StrCpy $0 User
     ${If} $IsElevated == 1
       StrCpy $0 Admin
@@ -96,8 +97,8 @@ Var InstalledVersion
   !endif
 !macroend
 
-; Starts the executable $1 with the parameters $2 and administrator rights, and waits for it. $0: its exit code, or
-; empty when it could not be started or the user has not agreed.
+; Starts the executable $1 with the parameters $2 and administrator rights, and waits for it. $0: its exit
+; code, or empty when it could not be started or the user declined.
 !macro RunElevated
   ; A SHELLEXECUTEINFOW with SEE_MASK_NOCLOSEPROCESS and SEE_MASK_NOASYNC.
   System::Call '*(i 112, i 0x140, p 0, w "runas", w r1, w r2, p 0, i 1, i 0, p 0, p 0, p 0, p 0, i 0, i 0, p 0, p 0) p .r3'
@@ -112,8 +113,8 @@ Var InstalledVersion
   System::Free $3
 !macroend
 
-; Adds a program in the directory $1 to the list $2 when it is running: Windows lets nobody write to it then, whoever
-; has started it.
+; Adds a program in the directory $1 to the list $2 when it is running, whoever has started it: Windows then
+; refuses write access to it.
 !macro AddIfRunning PROGRAM
   StrCpy $3 "$1\${PROGRAM}"
   ; GENERIC_WRITE, sharing all, OPEN_EXISTING.
@@ -127,7 +128,7 @@ Var InstalledVersion
 !macroend
 
 !macro SharedFunctions UN
-  ; Goes on only when no program in the directory $1 is running. Nobody's program is ended.
+  ; Goes on only when no program in the directory $1 is running. Never ends a program itself.
   Function ${UN}RefuseWhileRunning
     StrCpy $6 0
     again:
@@ -137,7 +138,7 @@ Var InstalledVersion
       Return
     ${EndIf}
     ${If} ${Silent}
-      ; A virus scanner, too, keeps a file for a moment.
+      ; A virus scanner, too, may keep a file open for a moment.
       IntOp $6 $6 + 1
       ${If} $6 < 5
         Sleep 200
