@@ -1,4 +1,4 @@
-"""What the scripts share that read the documents: their files, links and headings."""
+"""Shared by the scripts that read the documents: files, links and headings."""
 
 import os
 import pathlib
@@ -17,7 +17,7 @@ def documents():
 
 
 def prose(text):
-    """A document's text without code: the lines stay where they are."""
+    """A document's text without code, with unchanged line numbers."""
     lines = []
     fence = None
     for line in text.split("\n"):
@@ -27,7 +27,7 @@ def prose(text):
             lines.append("")
         else:
             lines.append("" if fence or line.startswith("    ") else line)
-    # A code span may go on in the next line.
+    # A code span may continue on the next line.
     span = r"(`+)(?!`)(.+?)(?<!`)\1(?!`)"
     return re.sub(span, lambda code: re.sub(r"[^\n]", " ", code[0]), "\n".join(lines), flags=re.S)
 
@@ -42,14 +42,14 @@ def links(text):
 
 
 def slug(heading):
-    """The anchor that a heading has, as web sites for code make it."""
+    """The anchor of a heading, as code hosting sites make it."""
     text = re.sub(r"\[([^\]]*)\]\([^)]*\)", r"\1", heading).replace("`", "").strip().lower()
     return re.sub(r"[^\w\- ]", "", text).replace(" ", "-")
 
 
 def anchors(text):
     """The anchors of a document's headings, in order."""
-    # What stands in code is part of a heading's name.
+    # Code is part of a heading's name.
     lines = zip(prose(text).split("\n"), text.split("\n"))
     found = []
     for without_code, line in lines:
@@ -62,9 +62,9 @@ def anchors(text):
 
 
 def literals(source):
-    """The texts in C++ code, adjacent ones in one, without those of its directives and comments."""
+    """The string literals in C++ code, adjacent ones joined, without those in directives and comments."""
     code = re.sub(r"^[ \t]*#.*$", "", source, flags=re.M)
-    # What comes first wins: a comment in a literal is text, and a literal in a comment is none.
+    # The first match wins: a comment inside a literal is text, and a literal inside a comment does not count.
     pattern = r'R"\((?P<raw>.*?)\)"|"(?P<text>(?:[^"\\\n]|\\.)*)"|\'(?P<character>[^\'\\\n]|\\.)\'|//[^\n]*|/\*.*?\*/'
     meant = {"n": "\n", "r": "\r", "t": "\t"}
     found = []

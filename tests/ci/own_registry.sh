@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# With CORVANTA_TEST_REGISTRY set a test program passes, too, and changes nothing of the registry but the key that the
-# variable names; that is what keeps it from changing a Windows that others use. Run by run-under-wine.
+# With CORVANTA_TEST_REGISTRY set a test program passes as well, and changes only the key in the registry that
+# the variable names: so it cannot change a shared Windows. Run by run-under-wine.
 #
 #   own_registry.sh PROGRAM.exe
 set -euo pipefail
@@ -8,8 +8,8 @@ set -euo pipefail
 program=$1
 export CORVANTA_TEST_REGISTRY='Software\Corvanta tests\a test'
 
-# What programs write of both hives, each value behind its key. Wine's own settings, and the machine's devices, Wine
-# enters when a program has started, and in its own time.
+# What programs write in both hives, each value with its key. Excludes Wine's own settings and devices, which
+# Wine writes at some time after a program has started.
 registry() {
   local key
   for key in 'HKLM\Software' HKCU; do
@@ -20,7 +20,7 @@ registry() {
 }
 
 registry >"$TEST_DIRECTORY/before"
-# What lies there from a run before does not stay.
+# Leftovers of an earlier run are removed.
 wine reg add "HKCU\\$CORVANTA_TEST_REGISTRY\\stale" /f >/dev/null
 timeout 100 wine "$program" -o "Z:${TEST_DIRECTORY//\//\\}\\log.txt,txt" ||
   { cat "$TEST_DIRECTORY/log.txt"; echo "FAIL: the test program does not pass"; exit 1; }

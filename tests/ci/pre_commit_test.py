@@ -20,7 +20,7 @@ class PreCommitTest(unittest.TestCase):
         for name in (".clang-format", "tools/common", "tools/hooks/pre-commit"):
             (self.tree / name).parent.mkdir(parents=True, exist_ok=True)
             shutil.copy(ROOT / name, self.tree / name)
-        # A call of git in a hook that this runs in has variables of its own.
+        # When this test runs in a git hook, git has set variables of its own.
         self.environment = {name: value for name, value in os.environ.items() if not name.startswith("GIT_")}
         self.environment |= {"GIT_CONFIG_NOSYSTEM": "1", "GIT_CONFIG_GLOBAL": os.devnull}
         self.git("init", "-q")

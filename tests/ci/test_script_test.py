@@ -1,4 +1,4 @@
-"""Calls ./test -R in a made-up tree, in which a build copies shell scripts."""
+"""Calls ./test -R in a made-up tree whose build copies shell scripts."""
 import os
 import pathlib
 import shutil
@@ -45,7 +45,7 @@ endif()
     "good": "#!/bin/sh\n",
     "bad": "#!/bin/sh\nexit 1\n",
     "demo": "#!/bin/sh\n",
-    # Where results are remembered, tests that have passed are not run.
+    # With TEST_RESULTS set, tests that have passed would not be run.
     "shown": "#!/bin/sh\n[ -z \"$TEST_RESULTS\" ] && exec \"$1/demo-program\"\n",
     "tools/packages": "dpkg\n",
     ".gitignore": "/build/\n",
@@ -53,14 +53,14 @@ endif()
 }
 
 CASES = [
-    # arguments, exit code, what is said
+    # arguments, exit code, end of the output
     (["-R", "a.good", "host"], 0, "1 passed, 0 failed"),
     (["-R", "good|shown"], 0, "3 passed, 0 failed"),
     (["--again", "-R", "shown", "windows"], 0, "1 passed, 0 failed"),
     (["windows", "-R", "good|bad"], 1, "1 passed, 1 failed"),
-    (["-R", "read"], 0, "No windows test fits 'read'\n1 passed, 0 failed"),
-    (["-R", "other"], 1, "test: no test fits 'other'"),
-    (["-R", "(", "host"], 1, "test: '(' is no regular expression"),
+    (["-R", "read"], 0, "No windows test matches 'read'\n1 passed, 0 failed"),
+    (["-R", "other"], 1, "test: no test matches 'other'"),
+    (["-R", "(", "host"], 1, "test: '(' is not a regular expression"),
     (["-R", "unbuildable", "host"], 1, "test: the host build does not compile; the compiler's messages are above"),
     (["-R"], 2, "test: -R needs a regular expression; see --help"),
     (["-R", ""], 2, "test: -R needs a regular expression; see --help"),
@@ -81,7 +81,7 @@ class TestScriptTest(unittest.TestCase):
             file.chmod(0o755)
         for name in ("test", "tools/common"):
             shutil.copy(ROOT / name, self.tree / name)
-        # Results are remembered in a repository only.
+        # Results are only remembered in a repository.
         subprocess.run(["git", "init", "-q", self.tree], check=True)
 
     def call(self, *arguments):

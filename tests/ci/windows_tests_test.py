@@ -1,4 +1,4 @@
-"""Gathers Windows tests out of a made-up build and runs them; shell scripts stand in for the programs."""
+"""Gathers Windows tests from a fake build and runs them; shell scripts fake the programs."""
 import json
 import os
 import pathlib
@@ -10,7 +10,7 @@ import unittest
 
 SCRIPTS = pathlib.Path(__file__).resolve().parents[2] / "tools" / "windows-tests"
 
-# What a stand-in does that knows a test program's arguments: -o LOG,txt ARGUMENT...
+# A fake that understands a test program's arguments: -o LOG,txt ARGUMENT...
 LOG = 'log=${2%,txt}; echo "log of $0" >"$log"; '
 PROGRAMS = {
     "tests/a/test-good.exe": 'printf "%s|%s|%s|%s\\n" "$CORVANTA_TEST_REGISTRY" "$SCALE" "$3" "$4" >>"$RECORD"',
@@ -38,7 +38,7 @@ class WindowsTestsTest(unittest.TestCase):
         (self.build / "wine-only").write_text("a.wine\tbecause\n")
 
     def listed(self, *tests):
-        """Makes ctest list tests: name, labels, and command, in which @ stands for the build."""
+        """Makes ctest list tests: name, labels, and command, in which @ is the build directory."""
         listing = {"tests": [{"name": name,
                               "command": [word.replace("@", str(self.build)) for word in command],
                               "properties": [{"name": "LABELS", "value": labels}, {"name": "TIMEOUT", "value": 2.0}]}

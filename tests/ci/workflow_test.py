@@ -1,4 +1,4 @@
-"""Checks the form of the public forge's workflow, which cannot be run here, and that what it calls is there."""
+"""Checks the form of the public forge's workflow, which cannot be run here, and that what it calls exists."""
 import os
 import pathlib
 import re
@@ -21,7 +21,7 @@ INPUTS = {
     "actions/upload-artifact": {"name", "path", "if-no-files-found", "retention-days"},
     "actions/download-artifact": {"name", "path"},
 }
-# A file of ours, called by its path from the root.
+# One of our files, called by its path from the root.
 SCRIPT = re.compile(r"(?<![\w/.${}-])(\./[\w-]+|(?:tools|packaging|tests|\.ci)/[\w./-]+)")
 
 
@@ -42,7 +42,7 @@ def findings_in_action(where, step):
 
 def findings_in_script(where, script):
     found = []
-    # An expression is replaced before the shell sees it.
+    # Expressions are expanded before the shell sees them.
     plain = re.sub(r"\$\{\{.*?\}\}", "x", script)
     if subprocess.run(["bash", "-n"], input=plain, text=True, stderr=subprocess.DEVNULL).returncode != 0:
         found.append(f"{where}: bash cannot read it")
@@ -97,7 +97,7 @@ def findings(text):
     return found
 
 
-# A change of the real workflow, and what has to be found then.
+# A change of the real workflow, and what must be found then.
 FAULTS = [
     ("permissions:", "permission:", "workflow: unknown key permission"),
     ("    timeout-minutes: 60\n", "", "windows: no timeout-minutes"),

@@ -1,5 +1,5 @@
-// A plugin of clang-tidy's: lets the checks look at what our own files declare, and not at the headers of Qt, the
-// compiler and Windows, in which clang-tidy reports nothing but spends four fifths of its time.
+// A plugin for clang-tidy: restricts the checks to the declarations in our own files. In the headers of Qt,
+// the compiler and Windows clang-tidy reports nothing but spends four fifths of its time.
 
 #include <clang/AST/ASTConsumer.h>
 #include <clang/AST/ASTContext.h>
@@ -14,7 +14,7 @@
 
 namespace {
 
-/// The names of the classes that @p declaration, or what is in the namespaces it opens, declares without a definition.
+/// The names of the classes that @p declaration declares without a definition, itself or in its namespaces.
 void collectDeclared(const clang::Decl *declaration, std::set<clang::DeclarationName> &names)
 {
     if (const auto *record = llvm::dyn_cast<clang::CXXRecordDecl>(declaration)) {
@@ -28,7 +28,7 @@ void collectDeclared(const clang::Decl *declaration, std::set<clang::Declaration
     }
 }
 
-/// Comes before clang-tidy's own consumer, which goes through what is in scope.
+/// Runs before clang-tidy's own consumer, which traverses the declarations in scope.
 class OwnDeclarations : public clang::ASTConsumer {
 public:
     void HandleTranslationUnit(clang::ASTContext &context) override
@@ -46,7 +46,7 @@ public:
                 foreignClasses.push_back(record);
             }
         }
-        // One check looks for the class that was meant by a declaration in the wrong namespace.
+        // One check looks for the class that a declaration in the wrong namespace was meant to declare.
         for (clang::CXXRecordDecl *record : foreignClasses) {
             if (declared.count(record->getDeclName()) != 0) {
                 scope.push_back(record);

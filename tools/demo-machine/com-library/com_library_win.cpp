@@ -1,5 +1,5 @@
-// Stands in for HALCON's COM libraries on the demo machine, whatever the name of the file: registers nothing but
-// itself, under the key DemoMachine.NAME of the classes, with its own path.
+// The stand-in for HALCON's COM libraries on the demo machine, whatever the name of the file: registers only
+// itself, with its path, under the key DemoMachine.NAME of the classes.
 
 #include <windows.h>
 
@@ -8,7 +8,7 @@
 
 namespace {
 
-/// A path is at most as long as regsvr32 loads one.
+/// regsvr32 loads no library with a longer path.
 std::wstring ownPath()
 {
     HMODULE module = nullptr;

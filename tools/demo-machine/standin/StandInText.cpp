@@ -11,7 +11,8 @@ constexpr const wchar_t *lineEnd = L"\r\n";
 /// The name of the directory of the installation that @p executable belongs to.
 std::wstring installationName(const std::wstring &executable)
 {
-    // HalconDirectory\bin\architecture\file.exe and ProductDirectory\Common7\IDE\file.exe: three levels up in both.
+    // HalconDirectory\bin\architecture\file.exe and ProductDirectory\Common7\IDE\file.exe: three levels up in
+    // both.
     constexpr int levels = 3;
     std::wstring directory = executable;
     for (int level = 0; level < levels; ++level) {
@@ -62,7 +63,8 @@ std::wstring pathRows(const std::wstring &path)
 std::optional<std::wstring> environmentValue(const ReceivedStart &start, const std::wstring &name)
 {
     for (const std::wstring &entry : start.environment) {
-        // Windows keeps a drive's current directory in an entry such as "=C:=C:\", whose name begins with the sign.
+        // Windows stores a drive's current directory in an entry such as "=C:=C:\", whose name begins with
+        // "=".
         const std::size_t separator = entry.find(L'=', 1);
         if (separator != std::wstring::npos && equalIgnoringCase(entry.substr(0, separator), name)) {
             return entry.substr(separator + 1);

@@ -12,17 +12,17 @@
 
 namespace {
 
-// What the resource scripts call the program's icon and name.
+// The identifiers of the program's icon and name in the resource scripts.
 constexpr int iconResource = 1;
 constexpr int nameResource = 1;
 
-/// A call of Windows that failed. Thrown where the error code is still the call's.
+/// A failed call of Windows. Thrown before another call can change the error code.
 struct WindowsError {
     const wchar_t *call;
     DWORD code;
 };
 
-/// Passes @p result on, or throws when it is 0, with which most calls of Windows report a failure.
+/// Returns @p result, or throws when it is 0, with which most calls of Windows report failure.
 template <typename Result>
 Result checked(Result result, const wchar_t *call)
 {
@@ -36,7 +36,7 @@ std::wstring describe(const WindowsError &error)
 {
     const std::wstring text = std::wstring(error.call) + L" failed with error " + std::to_wstring(error.code);
     wchar_t *buffer = nullptr;
-    // With FORMAT_MESSAGE_ALLOCATE_BUFFER the buffer parameter takes the address of the buffer that is made.
+    // With FORMAT_MESSAGE_ALLOCATE_BUFFER the buffer parameter is where the new buffer's address is stored.
     const DWORD length = FormatMessageW(
         FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_FROM_SYSTEM, nullptr,
         error.code, 0, reinterpret_cast<wchar_t *>(&buffer), 0, nullptr);
@@ -75,7 +75,7 @@ std::vector<std::wstring> ownEnvironment()
 
 std::wstring ownName()
 {
-    // Asked for a length of 0, the call gives the address of the text itself.
+    // For a buffer length of 0 the call returns the address of the string itself.
     const wchar_t *text = nullptr;
     const int length =
         checked(LoadStringW(GetModuleHandleW(nullptr), nameResource, reinterpret_cast<wchar_t *>(&text), 0),
@@ -107,11 +107,11 @@ void writeFile(const std::wstring &path, const std::string &content)
     DWORD written = 0;
     checked(WriteFile(file.get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr),
             L"WriteFile");
-    // Closed by hand on success, for the result.
+    // Closed explicitly on success, to check the result.
     checked(CloseHandle(file.release()), L"CloseHandle");
 }
 
-/// Writes the record to @p path in one step, so that a reader never sees a part of it.
+/// Writes the record to @p path atomically, so that a reader never sees a part of it.
 void record(const ReceivedStart &start, const std::wstring &path)
 {
     const std::wstring unfinished = path + L'.' + std::to_wstring(GetCurrentProcessId()) + L".unfinished";
@@ -119,7 +119,7 @@ void record(const ReceivedStart &start, const std::wstring &path)
     checked(MoveFileExW(unfinished.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING), L"MoveFileExW");
 }
 
-/// A length in units of 1/96 inch, in pixels of the main screen.
+/// Converts a length in 1/96 inch to pixels of the main screen.
 int pixels(int length)
 {
     const HDC screen = checked(GetDC(nullptr), L"GetDC");
@@ -136,7 +136,7 @@ HFONT makeFont()
     metrics.cbSize = sizeof(metrics);
     checked(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, metrics.cbSize, &metrics, 0),
             L"SystemParametersInfoW");
-    metrics.lfMessageFont.lfHeight = -pixels(textHeight); // negative: without the room for accents
+    metrics.lfMessageFont.lfHeight = -pixels(textHeight); // negative: the height without internal leading
     return checked(CreateFontIndirectW(&metrics.lfMessageFont), L"CreateFontIndirectW");
 }
 
@@ -152,7 +152,7 @@ HICON loadIcon(int width, int height)
         L"LoadImageW"));
 }
 
-/// Lets the text, once there is one, fill @p window but for a margin inside the scroll bars.
+/// Makes the text, if there is one yet, fill @p window, with a margin inside the scroll bars.
 bool fitText(HWND window)
 {
     const HWND text = GetWindow(window, GW_CHILD);
@@ -230,13 +230,13 @@ void addText(HWND window, const std::wstring &text, HFONT font)
                                 0, 0, 0, 0, window, nullptr, GetModuleHandleW(nullptr), nullptr),
                 L"CreateWindowExW");
     SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
-    const UINT valueColumn = 80; // in quarters of the average width of a letter
+    const UINT valueColumn = 80; // in quarters of the average character width
     checked(SendMessageW(control, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&valueColumn)),
             L"EM_SETTABSTOPS");
     checked(SetWindowTextW(control, text.c_str()), L"SetWindowTextW");
 }
 
-/// Handles messages until the window is closed, and returns the exit code.
+/// Runs the message loop until the window is closed; returns the exit code.
 int runMessageLoop(HWND window)
 {
     MSG message = {};
@@ -248,7 +248,7 @@ int runMessageLoop(HWND window)
         if (result == 0) {
             return static_cast<int>(message.wParam);
         }
-        // The text has the focus, so its keys are looked at before it gets them.
+        // The text has the focus, so keys are handled before it gets them.
         if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE) {
             checked(DestroyWindow(window), L"DestroyWindow");
             continue;

@@ -1,4 +1,4 @@
-// The stand-in for vswhere.exe on the demo machine: prints the file vswhere-report.txt beside it, as it is.
+// The stand-in for vswhere.exe on the demo machine: prints the file vswhere-report.txt beside it unchanged.
 
 #include <filesystem>
 #include <fstream>
@@ -19,9 +19,9 @@ int wmain()
     }
     std::ifstream report(std::filesystem::path(ownName.data()).replace_filename(L"vswhere-report.txt"),
                          std::ios::binary);
-    // The file has its own line ends.
+    // Binary: the file has its own line ends.
     _setmode(_fileno(stdout), _O_BINARY);
-    // Nothing is written for an empty report, which would count as a failure here.
+    // Writing an empty report would count as a failure here.
     if (report && report.peek() != std::ifstream::traits_type::eof()) {
         std::cout << report.rdbuf();
     }
