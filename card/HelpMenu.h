@@ -11,8 +11,8 @@ class QMenu;
 class QWidget;
 struct DocumentationEntry;
 
-/// The menu of an installation's manuals and release notes. Its actions have the URL of their file as data; who shows the
-/// menu opens it.
+/// The menu of an installation's manuals and release notes. Its actions have the URL of their file as data;
+/// who shows the menu opens it.
 class HelpMenu {
 public:
     /// Looks for the documentation below @p installDir. The menu and its actions belong to @p card.

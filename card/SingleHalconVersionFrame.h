@@ -33,8 +33,8 @@ public:
     /// The controls at which the Tab key stops, hidden ones included, from left to right.
     QList<QWidget *> tabStops() const;
 
-    /// Tells in the details of @p latest, the newest release of this version and edition, if it is newer than the
-    /// installation. Called again, it tells of the last one alone.
+    /// Tells in the details of @p latest, the newest release of this version and edition, if it is newer than
+    /// the installation. Called again, it tells of the last one alone.
     void showUpdate(const HalconInstallation &latest);
 
     /// Lets a press on the label of a COM check box toggle that box.

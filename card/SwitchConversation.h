@@ -4,7 +4,7 @@
 
 class QWidget;
 
-/// Makes @p installation the machine's default after the user has agreed to what will be done, and says what became of
-/// it. The boxes belong to @p card. Returns when the user has answered the last of them.
+/// Makes @p installation the machine's default after the user has agreed to what will be done, and says what
+/// became of it. The boxes belong to @p card. Returns when the user has answered the last of them.
 void switchAfterConsent(const HalconInstallation &installation, bool registerHalconCom,
                         bool registerEngineCom, QWidget *card);

@@ -11,7 +11,8 @@ class QWidget;
 /// The Visual Studio versions that a card has to choose from.
 class VisualStudioChoice {
 public:
-    /// Those that build for @p arch. The first choice of a process looks for Visual Studio, which may take seconds.
+    /// Those that build for @p arch. The first choice of a process looks for Visual Studio, which may take
+    /// seconds.
     explicit VisualStudioChoice(const QString &arch);
 
     /// The rows of the card's list.
@@ -20,8 +21,8 @@ public:
     /// The version in @p row, or null when there is none. Valid as long as the choice.
     const VisualStudioVersion *at(int row) const;
 
-    /// The same, but when there is none a box of @p card's tells the user why: that there is nothing to choose from, or
-    /// @p nothingChosen.
+    /// The same, but when there is none a box of @p card's tells the user why: that there is nothing to
+    /// choose from, or @p nothingChosen.
     const VisualStudioVersion *chosen(int row, const QString &nothingChosen, QWidget *card) const;
 
 private:
