@@ -114,6 +114,8 @@ void HelperCheckTest::shownTexts_data()
     QTest::newRow("too long") << QString(301, 'x') << '"' + QString(300, 'x') + "...\"";
     QTest::newRow("control characters") << "a\nb\tc\x7F\u0085"
                                         << "\"a?b?c??\"";
+    QTest::newRow("beside control characters") << " ~\u00A0"
+                                               << "\" ~\u00A0\"";
     QTest::newRow("quote") << "a\" is all right. \"b"
                            << "\"a? is all right. ?b\"";
     QTest::newRow("lone surrogate") << "a" + QString(QChar(0xD83D)) + "b" << "\"a?b\"";

@@ -436,6 +436,7 @@ QVector<HostileLine> paths()
     source("source is a share with slashes", "//server//share", noFileOnAShare);
     source("source is a directory of a share", R"(\\server\share\license\)", noFile);
     source("source is nothing on a share", R"(\\)", noDriveNorShare);
+    source("source below a directory of one letter", R"(x\share\new.dat)", noDriveNorShare);
     source("source after three separators", R"(\\\server\share\new.dat)", noDriveNorShare);
     source("source on a share over its parent", R"(\\server\share\..\other\new.dat)", oddPart(".."));
     source("source is a stream on a share", R"(\\server\share\new.dat:x)", oddPart("new.dat:x"));
