@@ -79,6 +79,7 @@ private slots:
     void nothingIsLoaded();
     void costlyHtmlIsPlainText_data();
     void costlyHtmlIsPlainText();
+    void htmlAtTheLimitIsRead();
     void formIsKept();
     void links_data();
     void links();
@@ -166,6 +167,7 @@ void ForeignHtmlTest::costlyHtmlIsPlainText_data()
                QString("</td></tr></table>").repeated(depth);
     };
     QTest::newRow("tables in tables") << nested(20) << "in it";
+    QTest::newRow("one table too many") << nested(8) << "in it";
     const QString wide = "<table><tr><td colspan=2000>a</td></tr></table>";
     QTest::newRow("wide cell") << wide << wide;
     const QString high = "<table><tr><td ROWSPAN = '500'>a</td></tr></table>";
@@ -184,6 +186,14 @@ void ForeignHtmlTest::costlyHtmlIsPlainText()
     const auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
     QCOMPARE(browser->toPlainText().trimmed(), text.trimmed());
     QVERIFY(browser->document()->rootFrame()->childFrames().isEmpty());
+}
+
+void ForeignHtmlTest::htmlAtTheLimitIsRead()
+{
+    const int longest = 65536;
+    const QString opening = "<b>";
+    const MessageDialog dialog(opening + QString("x").repeated(longest - opening.size()));
+    QVERIFY(!dialog.findChild<QTextBrowser *>("textBrowser")->toPlainText().contains(opening));
 }
 
 void ForeignHtmlTest::formIsKept()
