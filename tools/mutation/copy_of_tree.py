@@ -51,6 +51,7 @@ class CopyOfTree:
     def sources(self, paths):
         """The product's files below these paths that this tier is for, each with the arguments for clang."""
         cross = None
+        resources = subprocess.check_output(["clang", "-print-resource-dir"], text=True).strip()
         result = {}
         for entry in json.loads((self.build / "compile_commands.json").read_text()):
             name = os.path.relpath(entry["file"], self.tree)
@@ -71,12 +72,12 @@ class CopyOfTree:
                     kept.append(word)
             if self.tier == "windows":
                 cross = cross or _headers_of(words[0])
-                kept += ["--target=x86_64-w64-mingw32", *cross]
+                kept += ["--target=x86_64-w64-mingw32", "-resource-dir", resources, *cross]
             result[name] = ["-xc++", *kept]
         return result
 
     def _settings(self, names):
-        """What a CMakeLists.txt of the copy says besides: the product knows of mutants, and the compiler not to warn."""
+        """What a CMakeLists.txt of the copy says besides: the product knows of mutants, the compiler does not warn."""
         sources = sorted(name for name in names if name.endswith(".cpp") and name.split("/")[0] in FOLDERS)
         listed = "\n  ".join(f'"${{PROJECT_SOURCE_DIR}}/{name}"' for name in sources)
         return (f'\nset_source_files_properties(\n  {listed}\n'
@@ -88,8 +89,8 @@ class CopyOfTree:
 
 
 def _headers_of(compiler):
-    """Where a cross-compiler finds its headers, which clang does not know."""
+    """Where a cross-compiler finds the C++ headers, which clang does not know; it has C's, and builtins of its own."""
     search = subprocess.run([compiler, "-xc++", "-E", "-v", os.devnull], stderr=subprocess.PIPE,
                             stdout=subprocess.DEVNULL, text=True, check=True).stderr
     listed = search.split("#include <...>")[1].split("End of search list")[0].split("\n")[1:]
-    return [part for path in listed if path.strip() for part in ("-isystem", path.strip())]
+    return [part for path in listed if "c++" in path for part in ("-isystem", path.strip())]

@@ -1,6 +1,7 @@
 """Tells which small changes to the program no test notices. tools/mutants calls this and says how it is used."""
 import argparse
 import concurrent.futures
+import fcntl
 import hashlib
 import json
 import os
@@ -29,7 +30,13 @@ def main():
     parser.add_argument("paths", nargs="*")
     options = parser.parse_args()
     end = time.monotonic() + 60 * options.minutes
-    return Run(options, end).all()
+    WORK.mkdir(parents=True, exist_ok=True)
+    with open(WORK / "lock", "w", encoding="utf-8") as lock:
+        try:
+            fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
+        except BlockingIOError:
+            sys.exit("tools/mutants: another run is changing the copy in build/mutants")
+        return Run(options, end).all()
 
 
 class Run:
@@ -63,6 +70,7 @@ class Run:
             tests = trials.tests_of(self.copy.build)
             say(f"{len(tests)} tests run without a mutant")
             reached_by, seconds = self.trials.reached(tests, WORK / "reached", self._path_of)
+            self.results.keep_survivors = len(seconds) == len(tests)
             caught_by = self._judge(mutants, numbers, reached_by, seconds)
         finally:
             mutants.restore()
@@ -167,6 +175,7 @@ class Results:
             if name and (ROOT / name).is_file():
                 tests.update((ROOT / name).read_bytes())
         self.tests = tests.hexdigest()[:16]
+        self.keep_survivors = True  # not when tests were left out that might have caught them
 
     @staticmethod
     def _key(source, change):
@@ -178,14 +187,15 @@ class Results:
         return tests == self.tests, test
 
     def put(self, source, change, test):
-        self.known[self._key(source, change)] = (self.tests, test)
+        if test is not None or self.keep_survivors:
+            self.known[self._key(source, change)] = (self.tests, test)
 
     def save(self):
         self.file.write_text(json.dumps(self.known))
 
 
 class Explained:
-    """Survivors that change nothing anyone can notice: lines of file, source line, change and reason, with tabs between."""
+    """Survivors that change nothing anyone could notice: file, source line, change and reason, with tabs between them."""
 
     def __init__(self, path):
         lines = [line.split("\t") for line in path.read_text().splitlines() if line and not line.startswith("#")]

@@ -68,6 +68,10 @@ class Mutants:
                 if other.statement:
                     # Braces around: an else below belongs to the condition above.
                     text = b"{ if (!mutant(%d)) { %s } }" % (variant, text)
+                elif other.what in ("condition negated", "negation removed"):
+                    # What is not a bool would become the type of both, and mean something else.
+                    flat = other.text.replace(b"\n", b" ")
+                    text = b"(mutant(%d) ? bool(%s) : bool(%s))" % (variant, flat, text)
                 else:
                     # Lines keep their numbers, so that the compiler's messages lead back to the change.
                     text = b"(mutant(%d) ? (%s) : (%s))" % (variant, other.text.replace(b"\n", b" "), text)
