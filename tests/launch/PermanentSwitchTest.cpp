@@ -4,6 +4,8 @@
 #include "tests/fakes/ProcessStartFake.h"
 
 #include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -52,6 +54,7 @@ private slots:
     void runWithoutAList();
     void checkBoxesReachTheHelper_data();
     void checkBoxesReachTheHelper();
+    void eachCheckBoxHasItsLibraries();
 };
 
 void PermanentSwitchTest::init()
@@ -159,6 +162,25 @@ void PermanentSwitchTest::checkBoxesReachTheHelper()
     // The plan that was shown is carried out.
     QCOMPARE(done, planned);
     QCOMPARE(ElevatedHelperFake::starts().constFirst().arguments, expected);
+}
+
+void PermanentSwitchTest::eachCheckBoxHasItsLibraries()
+{
+    const QTemporaryDir directory;
+    HalconInstallation withLibraries = installation();
+    withLibraries.installDir = directory.filePath("H");
+    for (const char *name : {"halconx.dll", "hdevenginex.dll"}) {
+        QFile file(withLibraries.installDir + "\\bin\\x64-win64\\" + name);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+    QVERIFY(permanentSwitch(withLibraries, true, true, false, nullptr));
+    QVERIFY(permanentSwitch(withLibraries, true, false, true, nullptr));
+
+    const auto starts = ElevatedHelperFake::starts();
+    QVERIFY(starts[0].arguments.endsWith("halconx.dll\""));
+    QVERIFY(!starts[0].arguments.contains("hdevenginex.dll"));
+    QVERIFY(starts[1].arguments.endsWith("hdevenginex.dll\""));
+    QVERIFY(!starts[1].arguments.contains("halconx.dll"));
 }
 
 QTEST_GUILESS_MAIN(PermanentSwitchTest)
