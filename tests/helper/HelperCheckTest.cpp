@@ -112,8 +112,8 @@ void HelperCheckTest::shownTexts_data()
                            << "\"\"";
     QTest::newRow("longest") << QString(300, 'x') << '"' + QString(300, 'x') + '"';
     QTest::newRow("too long") << QString(301, 'x') << '"' + QString(300, 'x') + "...\"";
-    QTest::newRow("control characters") << "a\nb\tc\x7F\u0085"
-                                        << "\"a?b?c??\"";
+    QTest::newRow("control characters") << "a\nb\tc\x7F\u0080\u009F"
+                                        << "\"a?b?c???\"";
     QTest::newRow("beside control characters") << " ~\u00A0"
                                                << "\" ~\u00A0\"";
     QTest::newRow("quote") << "a\" is all right. \"b"

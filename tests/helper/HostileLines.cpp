@@ -432,6 +432,7 @@ QVector<HostileLine> paths()
         lines.append({name, "--copy=" + destination + " \"" + path + '"', shown(path) + why});
     };
     source("source is a server", R"(\\server)", noFileOnAShare);
+    source("source is a server of one letter", R"(\\s)", noFileOnAShare);
     source("source is a share", R"(\\server\share)", noFileOnAShare);
     source("source is a share with slashes", "//server//share", noFileOnAShare);
     source("source is a directory of a share", R"(\\server\share\license\)", noFile);
