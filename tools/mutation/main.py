@@ -157,9 +157,11 @@ class Run:
         for _, _, line in sorted(survivors):
             print(line)
         counted = len(caught_by) - equivalent
+        unreached = sum(line.endswith("(no test reaches it)") for _, _, line in survivors)
         share = 100 * (counted - len(survivors)) / counted if counted else 100
         print(f"{len(caught_by)} mutants, {equivalent} equivalent; of {counted} others "
-              f"{counted - len(survivors)} caught ({share:.1f} %), {len(survivors)} not"
+              f"{counted - len(survivors)} caught ({share:.1f} %), {len(survivors)} not, "
+              f"{unreached} of which no test reaches"
               + (f"; no time for {not_tried}" if not_tried else ""))
         return 1 if survivors or not_tried else 0
 
