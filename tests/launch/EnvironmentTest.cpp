@@ -1,4 +1,6 @@
 #include "launch/ProcessStart.h"
+#include "tests/support/EnvironmentVariable.h"
+#include "tests/support/Installations.h"
 
 #include <QProcessEnvironment>
 #include <QtTest>
@@ -7,39 +9,6 @@ using Variables = QMap<QString, QString>;
 Q_DECLARE_METATYPE(Variables)
 
 namespace {
-
-/// Restores an environment variable of the program, or its absence, at the end.
-class VariableGuard {
-public:
-    explicit VariableGuard(const char *name)
-        : name(name), existed(qEnvironmentVariableIsSet(name)), value(qgetenv(name))
-    {
-    }
-    VariableGuard(const VariableGuard &) = delete;
-    VariableGuard &operator=(const VariableGuard &) = delete;
-    ~VariableGuard()
-    {
-        if (existed) {
-            qputenv(name, value);
-        } else {
-            qunsetenv(name);
-        }
-    }
-
-private:
-    const char *name;
-    bool existed;
-    QByteArray value;
-};
-
-HalconInstallation installation(const QString &exampleRoot = QString())
-{
-    HalconInstallation result(20, 11, 1, 3);
-    result.installDir = "C:\\H";
-    result.exampleRoot = exampleRoot;
-    result.arch = "x64-win64";
-    return result;
-}
 
 /// The entries of an environment block, and its length with all terminating zeros in 16-bit units.
 /// AddressSanitizer finds a block that is too short for its entries.
@@ -139,8 +108,7 @@ void EnvironmentTest::overrides()
     record.exampleRoot = exampleRoot;
     record.arch = arch;
 
-    const VariableGuard path("PATH");
-    qputenv("PATH", "C:\\W");
+    const EnvironmentVariable path("PATH", "C:\\W");
 
     QTEST(variableOverrides(record), "variables");
 }
@@ -169,19 +137,18 @@ void EnvironmentTest::newDirectoryIsAlwaysInFrontOfThePath_data()
 void EnvironmentTest::newDirectoryIsAlwaysInFrontOfThePath()
 {
     QFETCH(QString, before);
-    const VariableGuard path("PATH");
-    qputenv("PATH", before.toLatin1());
+    const EnvironmentVariable path("PATH", before.toLatin1());
 
-    QTEST(variableOverrides(installation()).value("PATH"), "after");
+    QTEST(variableOverrides(installationIn("C:\\H")).value("PATH"), "after");
 }
 
 void EnvironmentTest::absentPath()
 {
-    const VariableGuard path("PATH");
-    qunsetenv("PATH");
+    const EnvironmentVariable path("PATH");
+    path.unset();
     QVERIFY(!QProcessEnvironment::systemEnvironment().contains("PATH"));
 
-    QCOMPARE(variableOverrides(installation()).value("PATH"), "C:\\H\\bin\\x64-win64;");
+    QCOMPARE(variableOverrides(installationIn("C:\\H")).value("PATH"), "C:\\H\\bin\\x64-win64;");
 }
 
 void EnvironmentTest::overriddenValues_data()
@@ -216,8 +183,7 @@ void EnvironmentTest::overriddenValues()
 {
     QFETCH(QString, name);
     QFETCH(QString, value);
-    const VariableGuard own("LAUNCH_TEST_OWN");
-    qputenv("LAUNCH_TEST_OWN", "own value");
+    const EnvironmentVariable own("LAUNCH_TEST_OWN", "own value");
 
     const QStringList entries = parse(buildEnvironmentBlock({{name, value}})).entries;
 
@@ -227,10 +193,8 @@ void EnvironmentTest::overriddenValues()
 
 void EnvironmentTest::blockHoldsTheOwnEnvironmentAndTheOverrides()
 {
-    const VariableGuard own("LAUNCH_TEST_OWN");
-    const VariableGuard replaced("LAUNCH_TEST_REPLACED");
-    qputenv("LAUNCH_TEST_OWN", "own value");
-    qputenv("LAUNCH_TEST_REPLACED", "old value");
+    const EnvironmentVariable own("LAUNCH_TEST_OWN", "own value");
+    const EnvironmentVariable replaced("LAUNCH_TEST_REPLACED", "old value");
 
     const ParsedBlock block =
         parse(buildEnvironmentBlock({{"LAUNCH_TEST_REPLACED", "new value"}, {"LAUNCH_TEST_NEW", "added"}}));
@@ -263,7 +227,8 @@ void EnvironmentTest::ownEnvironmentStaysAsItIs()
 {
     const QStringList before = ownEnvironment();
 
-    const auto block = buildEnvironmentBlock(variableOverrides(installation("C:\\E")));
+    const auto block =
+        buildEnvironmentBlock(variableOverrides(installationIn("C:\\H", "x64-win64", "C:\\E")));
 
     QVERIFY(parse(block).entries.contains("HALCONROOT=C:\\H"));
     QCOMPARE(ownEnvironment(), before);
@@ -271,11 +236,11 @@ void EnvironmentTest::ownEnvironmentStaysAsItIs()
 
 void EnvironmentTest::repeatedBuildsNeverLengthenThePath()
 {
-    const VariableGuard path("PATH");
-    qputenv("PATH", "C:\\W");
+    const EnvironmentVariable path("PATH", "C:\\W");
 
     for (int start = 0; start < 3; ++start) {
-        const QStringList entries = parse(buildEnvironmentBlock(variableOverrides(installation()))).entries;
+        const QStringList entries =
+            parse(buildEnvironmentBlock(variableOverrides(installationIn("C:\\H")))).entries;
         QCOMPARE(entries.filter(QRegularExpression("^PATH=")),
                  QStringList{"PATH=C:\\H\\bin\\x64-win64;C:\\W"});
     }

@@ -1,3 +1,4 @@
+#include "tests/support/Rows.h"
 #include "update/HalconReleases.h"
 
 #include <QtTest>
@@ -127,9 +128,6 @@ void HalconComparisonTest::newer_data()
     QTest::addColumn<Record>("installed");
     QTest::addColumn<bool>("isNewer");
 
-    const auto row = [](const char *name, const Record &release, const Record &installed, bool newer) {
-        QTest::newRow(name) << release << installed << newer;
-    };
     row("same", Record(20, 11, 2, 3), Record(20, 11, 2, 3), false);
     row("higher build", Record(20, 11, 2, 4), Record(20, 11, 2, 3), true);
     row("lower build", Record(20, 11, 2, 2), Record(20, 11, 2, 3), false);
@@ -166,37 +164,46 @@ void HalconComparisonTest::fromFileToInstallation_data()
     QTest::addColumn<Record>("installed");
     QTest::addColumn<QString>("latest"); // empty when none is newer
 
-    const auto row = [](const char *name, const QByteArray &elements, const Record &installed,
-                        const QString &latest) { QTest::newRow(name) << elements << installed << latest; };
-    row("newer", R"({"version": "20.11", "revision": "2", "build": "3"})", Record(20, 11, 1, 0), "20.11.2.3");
-    row("revision not known", R"({"version": "20.11", "revision": "0", "build": "0"})",
-        Record(20, 11, -1, -1), "20.11.0");
-    row("build that is no number is not newer", R"({"version": "20.11", "revision": "2", "build": "?"})",
-        Record(20, 11, 2, 0), "");
-    row("build that is no number but a newer revision",
-        R"({"version": "20.11", "revision": "3", "build": "?"})", Record(20, 11, 2, 0), "20.11.3");
-    row("space before the version", R"({"version": " 20.11", "revision": "9", "build": "0"})",
-        Record(20, 11, 1, 0), "");
-    row("leading zero", R"({"version": "20.05", "revision": "9", "build": "0"})", Record(20, 5, 1, 0), "");
-    row("no leading zero", R"({"version": "20.5", "revision": "9", "build": "0"})", Record(20, 5, 1, 0),
-        "20.5.9");
-    row("the second decides against",
-        R"({"version": "20.11", "revision": "9", "build": "0"},
+    row<QByteArray, Record, QString>("newer", R"({"version": "20.11", "revision": "2", "build": "3"})",
+                                     Record(20, 11, 1, 0), "20.11.2.3");
+    row<QByteArray, Record, QString>("revision not known",
+                                     R"({"version": "20.11", "revision": "0", "build": "0"})",
+                                     Record(20, 11, -1, -1), "20.11.0");
+    row<QByteArray, Record, QString>("build that is no number is not newer",
+                                     R"({"version": "20.11", "revision": "2", "build": "?"})",
+                                     Record(20, 11, 2, 0), "");
+    row<QByteArray, Record, QString>("build that is no number but a newer revision",
+                                     R"({"version": "20.11", "revision": "3", "build": "?"})",
+                                     Record(20, 11, 2, 0), "20.11.3");
+    row<QByteArray, Record, QString>("space before the version",
+                                     R"({"version": " 20.11", "revision": "9", "build": "0"})",
+                                     Record(20, 11, 1, 0), "");
+    row<QByteArray, Record, QString>("leading zero", R"({"version": "20.05", "revision": "9", "build": "0"})",
+                                     Record(20, 5, 1, 0), "");
+    row<QByteArray, Record, QString>("no leading zero",
+                                     R"({"version": "20.5", "revision": "9", "build": "0"})",
+                                     Record(20, 5, 1, 0), "20.5.9");
+    row<QByteArray, Record, QString>("the second decides against",
+                                     R"({"version": "20.11", "revision": "9", "build": "0"},
            {"version": "20.11", "revision": "1", "build": "0"})",
-        Record(20, 11, 1, 0), "");
-    row("the second decides for",
-        R"({"version": "20.11", "revision": "1", "build": "0"},
+                                     Record(20, 11, 1, 0), "");
+    row<QByteArray, Record, QString>("the second decides for",
+                                     R"({"version": "20.11", "revision": "1", "build": "0"},
            {"version": "20.11", "revision": "9", "build": "0"})",
-        Record(20, 11, 1, 0), "20.11.9");
+                                     Record(20, 11, 1, 0), "20.11.9");
     const QByteArray bothEditions =
         R"({"version": "20.11", "revision": "2", "build": "0", "edition": "progress"},
            {"version": "20.11", "revision": "3", "build": "0", "edition": "steady"})";
-    row("edition with continuous releases", bothEditions, Record(20, 11, 1, 0, "Progress"), "20.11.2");
-    row("other edition", bothEditions, Record(20, 11, 1, 0, "Steady"), "20.11.3");
-    row("no edition", bothEditions, Record(20, 11, 1, 0), "20.11.3");
-    row("edition up to date, other not", bothEditions, Record(20, 11, 2, 0, "Progress"), "");
-    row("next version is another product", R"({"version": "20.12", "revision": "0", "build": "0"})",
-        Record(20, 11, 1, 0), "");
+    row<QByteArray, Record, QString>("edition with continuous releases", bothEditions,
+                                     Record(20, 11, 1, 0, "Progress"), "20.11.2");
+    row<QByteArray, Record, QString>("other edition", bothEditions, Record(20, 11, 1, 0, "Steady"),
+                                     "20.11.3");
+    row<QByteArray, Record, QString>("no edition", bothEditions, Record(20, 11, 1, 0), "20.11.3");
+    row<QByteArray, Record, QString>("edition up to date, other not", bothEditions,
+                                     Record(20, 11, 2, 0, "Progress"), "");
+    row<QByteArray, Record, QString>("next version is another product",
+                                     R"({"version": "20.12", "revision": "0", "build": "0"})",
+                                     Record(20, 11, 1, 0), "");
 }
 
 void HalconComparisonTest::fromFileToInstallation()
@@ -251,9 +258,6 @@ void HalconComparisonTest::lastLine_data()
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("result");
 
-    const auto row = [](const char *name, const QString &html, const QString &line, const QString &result) {
-        QTest::newRow(name) << html << line << result;
-    };
     row("document", "<html><body><p>a</p></body></html>", "b<br>", "<html><body><p>a</p>b<br></body></html>");
     row("empty body", "<body></body>", "b", "<body>b</body>");
     row("two bodies", "<body>1</body><body>2</body>", "b", "<body>1b</body><body>2b</body>");

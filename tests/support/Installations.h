@@ -1,0 +1,14 @@
+#pragma once
+
+#include "discovery/HalconInstallation.h"
+
+/// HALCON 20.11.1.3 in a directory that need not exist.
+inline HalconInstallation installationIn(const QString &installDir, const QString &arch = "x64-win64",
+                                         const QString &exampleRoot = QString())
+{
+    HalconInstallation installation(20, 11, 1, 3);
+    installation.installDir = installDir;
+    installation.arch = arch;
+    installation.exampleRoot = exampleRoot;
+    return installation;
+}
