@@ -146,7 +146,7 @@ void DebugLogTest::closedDialogFollows()
 {
     DebugDialog dialog;
     dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QVERIFY(eventuallyExposed(&dialog));
     QTest::mouseClick(dialog.findChild<QPushButton *>("pbClose"), Qt::LeftButton);
     QVERIFY(!dialog.isVisible());
     DebugLogger::instance().log("while closed");
@@ -159,7 +159,7 @@ void DebugLogTest::copy()
 {
     DebugDialog dialog;
     dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QVERIFY(eventuallyExposed(&dialog));
     MessageBoxes boxes;
     QTest::mouseClick(dialog.findChild<QPushButton *>("pbClipboard"), Qt::LeftButton);
 
@@ -180,7 +180,7 @@ void DebugLogTest::readerKeepsHisPlace()
     }
     DebugDialog dialog;
     dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QVERIFY(eventuallyExposed(&dialog));
     auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
     browser->setLineWrapMode(QTextEdit::NoWrap);
     QVERIFY(browser->find("line 120"));
@@ -217,7 +217,7 @@ void DebugLogTest::endIsFollowed()
 {
     DebugDialog dialog;
     dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QVERIFY(eventuallyExposed(&dialog));
     const auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
     QScrollBar *down = browser->verticalScrollBar();
     const auto end = [&] {
@@ -241,7 +241,7 @@ void DebugLogTest::opensAtTheTop()
 {
     DebugDialog dialog;
     dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QVERIFY(eventuallyExposed(&dialog));
     QCOMPARE(dialog.findChild<QTextBrowser *>("textBrowser")->verticalScrollBar()->value(), 0);
 }
 

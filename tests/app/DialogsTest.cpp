@@ -137,7 +137,7 @@ void DialogsTest::linkOpensOutside()
     const OpenedLinks opened;
     const std::unique_ptr<QDialog> dialog = make(nullptr);
     dialog->show();
-    QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
+    QVERIFY(eventuallyExposed(dialog.get()));
     auto *browser = dialog->findChild<QTextBrowser *>("textBrowser");
     clickLink(browser);
     EVENTUALLY_COMPARE(opened.links, QList<QUrl>{QUrl("http://corvanta.invalid/x?y=1#z")});

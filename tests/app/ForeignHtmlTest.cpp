@@ -1,4 +1,5 @@
 #include "app/MessageDialog.h"
+#include "tests/support/Patience.h"
 
 #include <QDesktopServices>
 #include <QFile>
@@ -145,7 +146,7 @@ void ForeignHtmlTest::nothingIsLoaded()
     QFETCH(QString, html);
     MessageDialog dialog("<b>Before</b> " + html + " <i>after</i>");
     dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QVERIFY(eventuallyExposed(&dialog));
     auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
     QVERIFY2(!browser->toHtml().contains(mark), qPrintable(browser->toHtml()));
     const QString text = browser->toPlainText();
@@ -182,7 +183,7 @@ void ForeignHtmlTest::costlyHtmlIsPlainText()
     QFETCH(QString, text);
     MessageDialog dialog(html);
     dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QVERIFY(eventuallyExposed(&dialog));
     const auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
     QCOMPARE(browser->toPlainText().trimmed(), text.trimmed());
     QVERIFY(browser->document()->rootFrame()->childFrames().isEmpty());
@@ -243,7 +244,7 @@ void ForeignHtmlTest::links()
     QFETCH(bool, opens);
     MessageDialog dialog("<a href=\"" + target + "\">x</a><a name=\"anchor\"></a>");
     dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QVERIFY(eventuallyExposed(&dialog));
     auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
     QTest::mouseClick(browser->viewport(), Qt::LeftButton, Qt::NoModifier, middleOf(*browser, 0));
     QCOMPARE(desktop.opened, opens ? QStringList{QUrl(target).toString()} : QStringList());
@@ -255,3 +256,4 @@ void ForeignHtmlTest::links()
 QTEST_MAIN(ForeignHtmlTest)
 
 #include "ForeignHtmlTest.moc"
+#include "tests/support/Patience.h"

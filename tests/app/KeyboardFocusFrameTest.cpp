@@ -50,7 +50,7 @@ public:
     {
         resize(size);
         show();
-        return QTest::qWaitForWindowActive(this);
+        return eventuallyActive(this);
     }
 
     QRect around(const QWidget &control) const
@@ -150,8 +150,7 @@ void KeyboardFocusFrameTest::goesWithTheFocus()
     QPushButton other("Another window");
     window.button->setFocus(Qt::TabFocusReason);
     other.show();
-    other.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&other));
+    QVERIFY(eventuallyActive(&other));
     EVENTUALLY_VERIFY(!window.frame->isVisible());
 }
 

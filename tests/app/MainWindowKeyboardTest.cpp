@@ -47,7 +47,7 @@ void MainWindowKeyboardTest::tabStops()
     WindowMachine::install("20.05-Progress", QDir::toNativeSeparators(directory.path()));
     MainWindow window;
     window.show();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(eventuallyActive(&window));
     QStringList unseen;
     const QStringList stops = TabStops::walk(window, Qt::Key_Tab, &unseen);
 
@@ -73,7 +73,7 @@ void MainWindowKeyboardTest::startsOutsideTheCards()
     WindowMachine::install("13.0");
     MainWindow window;
     window.show();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(eventuallyActive(&window));
     QCOMPARE(QApplication::focusWidget(), window.findChild<QWidget *>("saHalconVersions"));
     QVERIFY(!window.findChild<KeyboardFocusFrame *>()->isVisible());
 }
@@ -86,7 +86,7 @@ void MainWindowKeyboardTest::pageKeysScroll()
     MainWindow window;
     window.showNormal();
     window.resize(1000, 500);
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(eventuallyActive(&window));
     const QScrollBar *bar = window.findChild<QScrollArea *>("saHalconVersions")->verticalScrollBar();
     EVENTUALLY_VERIFY(bar->maximum() > 0);
     QTest::keyClick(window.windowHandle(), Qt::Key_PageDown);
@@ -101,7 +101,7 @@ void MainWindowKeyboardTest::focusIsBroughtIntoSight()
     MainWindow window;
     window.showNormal();
     window.resize(1000, 400);
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(eventuallyActive(&window));
     const QWidget *area = window.findChild<QScrollArea *>("saHalconVersions")->viewport();
     const QRect sight(area->mapTo(&window, QPoint()), area->size());
     constexpr int cards = 4;
@@ -123,7 +123,7 @@ void MainWindowKeyboardTest::controlsHaveNames()
     WindowMachine::install("20.11-Progress");
     MainWindow window;
     window.show();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(eventuallyActive(&window));
     QTest::keyClick(&window, Qt::Key_F4);
     const QStringList names = accessibleControls(window);
     QCOMPARE(names.filter(QRegularExpression("^<")).join(", "), QString());
@@ -150,7 +150,7 @@ void MainWindowKeyboardTest::cardsKeepTheirShape()
     MainWindow window;
     window.showNormal();
     window.resize(1366, 700);
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(eventuallyExposed(&window));
     QCoreApplication::processEvents();
     const auto cards = window.findChildren<SingleHalconVersionFrame *>();
     QCOMPARE(cards.size(), versions.size());

@@ -113,7 +113,7 @@ void MainWindowNewsTest::comparingAgainAddsNoSecondLine()
     machine->server.setAnswer(releaseList, WebAnswer::ok(listOf({release("13.0", "1", "steady")})));
     MainWindow window;
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(eventuallyExposed(&window));
     QTextBrowser *browser = details(window, "13.0.0");
     const QString before = browser->toHtml();
     QVERIFY(before.contains("a %1 b %2 %3"));
@@ -155,7 +155,7 @@ void MainWindowNewsTest::newestComparisonCounts()
 {
     MainWindow window;
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(eventuallyExposed(&window));
     QTextBrowser *browser = details(window, "13.0.0");
     const QString before = browser->toHtml();
     const LogLines log;
@@ -231,7 +231,7 @@ void MainWindowNewsTest::dialogTellsOfANewProgram()
     machine->server.setAnswer(ownRelease, WebAnswer::ok(newProgram));
     MainWindow window;
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(eventuallyExposed(&window));
     const QString home = webServer + "/";
     const QString html = "An updated version of Corvanta for HALCON is available for download at<br><br>"
                          "<a href=\"" +

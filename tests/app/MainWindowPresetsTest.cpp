@@ -128,7 +128,7 @@ void MainWindowPresetsTest::choiceIsStoredForTheUserAlone()
     {
         MainWindow window;
         window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QVERIFY(eventuallyExposed(&window));
         click(window, halconBox);
     }
     QCOMPARE(valuesOf(machineKey), QStringList{updateCheckHalcon + '=' + preset});

@@ -265,7 +265,7 @@ void MainWindowTest::changingAnOptionStoresIt()
     QFETCH(QString, checkBox);
     MainWindow window;
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(eventuallyExposed(&window));
     click(window, checkBox);
     QCOMPARE(stored(key), QVariant("true"));
     click(window, checkBox);
@@ -379,7 +379,7 @@ void MainWindowTest::f4LeadsToTheSearchLine()
 {
     MainWindow window;
     window.show();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(eventuallyActive(&window));
     // As from the window system: the key goes to the control with the focus.
     const auto press = [&](int key) { QTest::keyClick(window.windowHandle(), Qt::Key(key)); };
     press(Qt::Key_F4);

@@ -106,7 +106,7 @@ void MainWindowUpdatesTest::firstStartAsksForNothing()
 {
     MainWindow window;
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(eventuallyExposed(&window));
     QCOMPARE(askedBefore(), QList<QByteArray>());
     // The test's own.
     QCOMPARE(machine->server.acceptedConnections(), 1);
@@ -159,7 +159,7 @@ void MainWindowUpdatesTest::tickingAsksAtOnce()
     QFETCH(QByteArray, target);
     MainWindow window;
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(eventuallyExposed(&window));
     click(window, box);
     EVENTUALLY_COMPARE(machine->server.targets(), QList<QByteArray>{target});
     click(window, box);
@@ -182,7 +182,7 @@ void MainWindowUpdatesTest::everyTickComparesAnew()
     machine->server.setAnswer(releaseList, WebAnswer::held(listOf({release("13.0", "0", "steady")})));
     MainWindow window;
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(eventuallyExposed(&window));
     const LogLines log;
     click(window, halconBox);
     EVENTUALLY_COMPARE(machine->server.targets().size(), 1);
@@ -204,7 +204,7 @@ void MainWindowUpdatesTest::everyTickAsksForTheProgramAnew()
     machine->server.setAnswer(ownRelease, WebAnswer::held("no JSON"));
     MainWindow window;
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(eventuallyExposed(&window));
     const LogLines log;
     click(window, corvantaBox);
     EVENTUALLY_COMPARE(machine->server.targets().size(), 1);
@@ -224,7 +224,7 @@ void MainWindowUpdatesTest::untickingLetsADownloadGoOn()
     machine->server.setAnswer(releaseList, WebAnswer::held(listOf({release("13.0", "1", "steady")})));
     MainWindow window;
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(eventuallyExposed(&window));
     click(window, halconBox);
     EVENTUALLY_COMPARE(machine->server.targets().size(), 1);
     click(window, halconBox);
@@ -238,7 +238,7 @@ void MainWindowUpdatesTest::windowStaysUsable()
     machine->server.setAnswer(releaseList, WebAnswer::silent());
     MainWindow window;
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(eventuallyExposed(&window));
     click(window, halconBox);
     EVENTUALLY_COMPARE(machine->server.targets().size(), 1);
     QTest::keyClick(&window, Qt::Key_F12);

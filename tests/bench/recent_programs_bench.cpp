@@ -6,6 +6,7 @@
 #include "tests/recent/HDevelopSettings.h"
 #include "tests/recent/ShownPrograms.h"
 #include "tests/support/Messages.h"
+#include "tests/support/Patience.h"
 
 #include <QElapsedTimer>
 #include <QtTest>
@@ -73,7 +74,7 @@ bool keystroke(RecentProgramsFrame &frame, Drawings &drawings, Qt::Key key)
 {
     drawings.count = 0;
     QTest::keyClick(searchLine(frame), key);
-    return QTest::qWaitFor([&] { return drawings.count > 0; });
+    return QTest::qWaitFor([&] { return drawings.count > 0; }, patienceMilliseconds);
 }
 
 } // namespace
@@ -90,7 +91,7 @@ int main(int argc, char **argv)
     RecentProgramsFrame frame(&window);
     frame.resize(window.size());
     window.show();
-    if (!QTest::qWaitForWindowExposed(&window) || shownModel(frame)->rowCount() != programs) {
+    if (!eventuallyExposed(&window) || shownModel(frame)->rowCount() != programs) {
         std::fprintf(stderr, "the programs are not shown\n");
         return 1;
     }

@@ -2,6 +2,7 @@
 #include "card/SingleHalconVersionFrame.h"
 #include "tests/card/CardShape.h"
 #include "tests/card/Contrast.h"
+#include "tests/support/Patience.h"
 
 #include <QMenu>
 #include <QMessageBox>
@@ -164,7 +165,7 @@ void CardContrastTest::readable()
     CardShape::addVisualStudio(card);
     card.resize(1600, 163);
     card.show();
-    QVERIFY(QTest::qWaitForWindowActive(&card));
+    QVERIFY(eventuallyActive(&card));
 
     const double text = 4.5;
     QVERIFY(texts(card).size() >= 15);

@@ -164,7 +164,7 @@ void CardExplorerTest::clickOnLink()
     QVERIFY(QDir(machine.path()).mkdir("HALCON 20.11 examples"));
     SingleHalconVersionFrame card(installation(path("HALCON 20.11"), path("HALCON 20.11 examples")));
     card.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&card));
+    QVERIFY(eventuallyExposed(&card));
     auto *details = card.findChild<QTextBrowser *>("textBrowser");
     const QString html = details->toHtml();
     const EchoChild child;

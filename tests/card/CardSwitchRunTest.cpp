@@ -5,6 +5,7 @@
 #include "tests/launch/ElevatedHelperShellBox.h"
 #include "tests/launch/EnvironmentBroadcastWindow.h"
 #include "tests/launch/PermanentSwitchMachine.h"
+#include "tests/support/Patience.h"
 #include "tests/support/Registry.h"
 
 #include <QPushButton>
@@ -125,7 +126,7 @@ void CardSwitchRunTest::confirmed()
     EnvironmentBroadcastWindow window;
     SingleHalconVersionFrame card(halcon.installation);
     card.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&card));
+    QVERIFY(eventuallyExposed(&card));
     for (const QString &name : clicked) {
         auto *widget = card.findChild<QWidget *>(name);
         QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, QPoint(8, widget->height() / 2));

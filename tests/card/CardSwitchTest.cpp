@@ -3,6 +3,7 @@
 #include "tests/card/CardSwitchLines.h"
 #include "tests/fakes/ElevatedHelperFake.h"
 #include "tests/fakes/ProcessStartFake.h"
+#include "tests/support/Patience.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -148,7 +149,7 @@ void CardSwitchTest::checkBoxes()
     QFETCH(QString, asked);
     SingleHalconVersionFrame card(installation());
     card.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&card));
+    QVERIFY(eventuallyExposed(&card));
     for (const QString &name : clicked) {
         auto *widget = card.findChild<QWidget *>(name);
         QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, QPoint(8, widget->height() / 2));

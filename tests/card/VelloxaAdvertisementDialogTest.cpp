@@ -162,7 +162,7 @@ void VelloxaAdvertisementDialogTest::picture()
 
     // A picture that cannot be loaded is shown as a small symbol.
     dialog->show();
-    QVERIFY(QTest::qWaitForWindowExposed(dialog.data()));
+    QVERIFY(eventuallyExposed(dialog.data()));
     const QTextDocument &document = *browser()->document();
     QVERIFY(document.documentLayout()->blockBoundingRect(document.begin()).height() > 256);
     QVERIFY(document.begin().layout()->lineAt(0).height() >= 256);
@@ -185,7 +185,7 @@ void VelloxaAdvertisementDialogTest::linkOpensInTheSystemsBrowser()
 {
     const AddressReceiver systemsBrowser;
     dialog->show();
-    QVERIFY(QTest::qWaitForWindowExposed(dialog.data()));
+    QVERIFY(eventuallyExposed(dialog.data()));
     const QString before = browser()->toPlainText();
 
     const QTextFragment link = links(*browser()->document()).constFirst();
@@ -207,7 +207,7 @@ void VelloxaAdvertisementDialogTest::modelessAndGoneWithItsWindow()
     shown->setAttribute(Qt::WA_DeleteOnClose);
 
     shown->show();
-    QVERIFY(QTest::qWaitForWindowExposed(shown));
+    QVERIFY(eventuallyExposed(shown.data()));
     QVERIFY(!shown->isModal());
 
     shown->close();

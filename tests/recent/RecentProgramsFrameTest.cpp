@@ -158,7 +158,7 @@ void RecentProgramsFrameTest::partOfItsWindow()
     frame->move(100, 50);
     frame->show();
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(eventuallyExposed(&window));
 
     QVERIFY(frame->isVisible());
     QCOMPARE(frame->window(), &window);
@@ -235,7 +235,7 @@ void RecentProgramsFrameTest::longPathsFit()
     settings.writePrograms({"C:/a.hdev", path, "C:/b.hdev"});
     RecentProgramsFrame frame;
     frame.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&frame));
+    QVERIFY(eventuallyExposed(&frame));
     const int lineHeight = list(frame)->visualRect(shownModel(frame)->index(0, 0)).height();
 
     // The whole row matches, and bold letters are wider.

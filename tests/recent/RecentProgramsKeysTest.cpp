@@ -77,8 +77,7 @@ void RecentProgramsKeysTest::init()
     window->resize(500, 300);
     frame = new RecentProgramsFrame(window.data());
     window->show();
-    window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(window.data()));
+    QVERIFY(eventuallyActive(window.data()));
     QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
 }
 
@@ -381,10 +380,9 @@ void RecentProgramsKeysTest::restoredWindowKeepsTheFocus()
     window->showMinimized();
     EVENTUALLY_VERIFY(window->isMinimized());
     window->showNormal();
-    // Like a click in the task bar.
-    window->activateWindow();
 
-    QVERIFY(QTest::qWaitForWindowActive(window.data()));
+    // Like a click in the task bar.
+    QVERIFY(eventuallyActive(window.data()));
     QVERIFY(frame->isVisible());
     EVENTUALLY_COMPARE(QApplication::focusWidget(), other);
 }

@@ -230,7 +230,7 @@ void RecentProgramsModelsTest::drawnAlikeHoweverMany()
         CountingDelegate delegate;
         list(frame)->setItemDelegate(&delegate);
         frame.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&frame));
+        QVERIFY(eventuallyExposed(&frame));
         letDraw();
         delegate.paints = 0;
         delegate.sizeHints = 0;
