@@ -37,7 +37,8 @@ case $way in
   *) give_up "unknown way $way" ;;
 esac
 
-for _ in $(seq 100); do
+deadline=$((SECONDS + 60))
+while [ $SECONDS -lt $deadline ]; do
   kill -0 $pid 2>/dev/null || break
   titles=$(visible_titles)
   case $titles in '' | "$title") ;; *) expect "windows after the dialog" "$titles" '' ;; esac

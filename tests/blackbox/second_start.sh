@@ -10,12 +10,12 @@ program=$1 stand_ins=$2
 # Waits until the program has this many windows.
 expect_windows() {
   local count
-  for _ in $(seq 100); do
-    count=$(xdotool search --onlyvisible --name "^$main_window\$" | wc -l)
-    [ "$count" -ne "$1" ] || return 0
-    sleep 0.2
-  done
-  give_up "there are $count windows of the program instead of $1"
+  eventually are_windows "$1" || give_up "there are $count windows of the program instead of $1"
+}
+
+are_windows() {
+  count=$(xdotool search --onlyvisible --name "^$main_window\$" | wc -l)
+  [ "$count" -eq "$1" ]
 }
 
 echo "product 13.0 'C:\\Program Files\\MVTec\\HALCON-13.0' x64" >"$TEST_DIRECTORY/table"

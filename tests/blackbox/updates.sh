@@ -34,11 +34,11 @@ requested() {
 
 # Waits until this many requests have been made.
 wait_for_requests() {
-  for _ in $(seq 100); do
-    [ "$(grep -c '^GET' "$requests")" -lt "$1" ] || return 0
-    sleep 0.2
-  done
-  give_up "the program made fewer than $1 requests"
+  eventually has_requested "$1" || give_up "the program made fewer than $1 requests"
+}
+
+has_requested() {
+  [ "$(grep -c '^GET' "$requests")" -ge "$1" ]
 }
 
 # How many pixels of the details are red on the upper and on the lower card. The details are right of the
@@ -50,13 +50,13 @@ red_pixels() {
 # Waits until the lower card announces an update, which the upper one must not.
 wait_for_update_line() {
   local above below
-  for _ in $(seq 50); do
-    read -r above below < <(red_pixels)
-    [ "$below" -lt 200 ] || break
-    sleep 0.2
-  done
-  [ "$below" -ge 200 ] || give_up "no card tells of an update"
+  eventually is_lower_card_red || give_up "no card tells of an update"
   expect "$1: red pixels on the card that is up to date" "$above" 0
+}
+
+is_lower_card_red() {
+  read -r above below < <(red_pixels)
+  [ "$below" -ge 200 ]
 }
 
 # The options stored in the registry.
