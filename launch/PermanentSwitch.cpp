@@ -4,29 +4,17 @@
 #include "base/RegistryReader.h"
 #include "launch/ElevatedHelper.h"
 #include "launch/EnvironmentBroadcast.h"
+#include "launch/HalconVariables.h"
 
 #include <QFileInfo>
 #include <QObject>
 
 namespace {
 
-struct Variable {
-    QString name;
-    QString value;
-};
-
-QList<Variable> permanentVariables(const HalconInstallation &installation)
+/// Unlike in a tool's own environment, the variables of a missing example root are emptied.
+QString newValue(const HalconVariable &variable)
 {
-    // Unlike for a tool's own environment, a missing example root empties its variables.
-    const auto below = [&](const QString &directory) {
-        return installation.exampleRoot.isEmpty() ? QString() : installation.exampleRoot + directory;
-    };
-    return {
-        {QStringLiteral("HALCONROOT"), installation.installDir},
-        {QStringLiteral("HALCONARCH"), installation.arch},
-        {QStringLiteral("HALCONIMAGES"), below(QStringLiteral("\\examples\\images"))},
-        {QStringLiteral("HALCONEXAMPLES"), below(QStringLiteral("\\examples"))},
-    };
+    return variable.value.value_or(QString());
 }
 
 QString storedValue(const QString &key, const QString &name)
@@ -35,7 +23,7 @@ QString storedValue(const QString &key, const QString &name)
 }
 
 /// What changes for @p variable, from its current value for the user.
-QString changeLine(const Variable &variable)
+QString changeLine(const HalconVariable &variable)
 {
     const QString user = storedValue(QStringLiteral(R"(HKEY_CURRENT_USER\Environment)"), variable.name);
     const QString system = storedValue(
@@ -44,7 +32,7 @@ QString changeLine(const Variable &variable)
     const bool userCounts = !user.isEmpty() || system.isEmpty();
     return QObject::tr("changing environment variable %1 (scope: %2) from\n %3 to\n %4 (scope: system)")
         .arg(variable.name, userCounts ? QObject::tr("user") : QObject::tr("system"),
-             userCounts ? user : system, variable.value);
+             userCounts ? user : system, newValue(variable));
 }
 
 /// The arguments for those of the libraries that exist.
@@ -64,7 +52,7 @@ QString libraryArguments(const HalconInstallation &installation, const QStringLi
 QStringList plannedLines(const HalconInstallation &installation, const QString &arguments)
 {
     QStringList lines;
-    for (const Variable &variable : permanentVariables(installation)) {
+    for (const HalconVariable &variable : halconVariables(installation)) {
         lines.append(changeLine(variable));
     }
     lines.append(QObject::tr("executing helper process with elevated rights: %1 %2")
@@ -83,8 +71,8 @@ QString helperArguments(const HalconInstallation &installation, bool registerHal
                         bool registerEngineCom)
 {
     QString arguments;
-    for (const Variable &variable : permanentVariables(installation)) {
-        arguments += QStringLiteral("--env %1=\"%2\" ").arg(variable.name, variable.value);
+    for (const HalconVariable &variable : halconVariables(installation)) {
+        arguments += QStringLiteral("--env %1=\"%2\" ").arg(variable.name, newValue(variable));
     }
     if (registerHalconCom || registerEngineCom) {
         arguments += installation.arch.contains(QLatin1String("86"), Qt::CaseInsensitive)

@@ -1,6 +1,7 @@
 #include "launch/ProcessStart.h"
 
 #include "launch/Environment.h"
+#include "launch/HalconVariables.h"
 
 #include <QProcessEnvironment>
 
@@ -15,15 +16,11 @@ Environment ownEnvironment()
 
 QMap<QString, QString> variableOverrides(const HalconInstallation &installation)
 {
-    QMap<QString, QString> overrides{
-        {QStringLiteral("HALCONROOT"), installation.installDir},
-        {QStringLiteral("HALCONARCH"), installation.arch},
-    };
-    if (!installation.exampleRoot.isEmpty()) {
-        overrides.insert(QStringLiteral("HALCONIMAGES"),
-                         installation.exampleRoot + QStringLiteral("\\examples\\images"));
-        overrides.insert(QStringLiteral("HALCONEXAMPLES"),
-                         installation.exampleRoot + QStringLiteral("\\examples"));
+    QMap<QString, QString> overrides;
+    for (const HalconVariable &variable : halconVariables(installation)) {
+        if (variable.value) {
+            overrides.insert(variable.name, *variable.value);
+        }
     }
     overrides.insert(QStringLiteral("PATH"), binaryDirectory(installation) + QLatin1Char(';') +
                                                  ownEnvironment().value(QStringLiteral("PATH")));
