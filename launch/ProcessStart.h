@@ -2,23 +2,13 @@
 
 #include "base/LastWindowsError.h"
 #include "discovery/HalconInstallation.h"
+#include "launch/ToolEnvironment.h"
 
-#include <QMap>
 #include <QString>
 #include <QStringList>
 
-#include <memory>
-
-/// The environment variables that a tool of @p installation gets instead of the program's own: HALCON's
-/// variables and a PATH that begins with the installation's executables. HALCONIMAGES and HALCONEXAMPLES are
-/// absent when the installation has no example root.
-QMap<QString, QString> variableOverrides(const HalconInstallation &installation);
-
-/// The program's own environment with @p overrides, as CreateProcessW expects it: UTF-16 "NAME=value"
-/// strings, each terminated by a 0, and one more 0 at the end. The buffer is freed with its last owner.
-std::shared_ptr<char16_t[]> buildEnvironmentBlock(const QMap<QString, QString> &overrides);
-
-/// Starts @p executable with the environment of @p installation and does not wait for it.
+/// Starts @p executable with the environment of @p installation, see ToolEnvironment.h, and does not wait for
+/// it.
 ///
 /// @p arguments is the child's whole command line, passed unchanged. On failure returns false and appends the
 /// reason to @p errors, unless that is null.

@@ -1,4 +1,4 @@
-#include "launch/ProcessStart.h"
+#include "launch/ToolEnvironment.h"
 #include "tests/launch/EnvironmentBlock.h"
 #include "tests/support/EnvironmentVariable.h"
 #include "tests/support/Installations.h"

@@ -1,4 +1,4 @@
-#include "launch/ProcessStart.h"
+#include "launch/ToolEnvironment.h"
 
 #include "launch/Environment.h"
 #include "launch/HalconVariables.h"
@@ -9,6 +9,7 @@ namespace {
 
 Environment ownEnvironment()
 {
+    // QProcess has such a list, too, but on Windows it comes from 8-bit strings.
     return Environment(QProcessEnvironment::systemEnvironment().toStringList());
 }
 
