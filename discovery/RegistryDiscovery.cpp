@@ -2,6 +2,7 @@
 
 #include "base/DebugLogger.h"
 #include "base/RegistryReader.h"
+#include "discovery/Runtimes.h"
 #include "discovery/VersionNames.h"
 
 #include <QDebug>

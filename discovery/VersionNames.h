@@ -20,7 +20,3 @@ VersionName parseUninstallKeyName(const QString &name);
 
 /// The log line about a name that is not a version.
 QString invalidVersionText(const QString &name);
-
-/// One copy of @p base for each runtime among its components, with arch set and without the components of
-/// other architectures. Logs each runtime found.
-QList<HalconInstallation> installationsPerRuntime(const HalconInstallation &base);
