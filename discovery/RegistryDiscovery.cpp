@@ -2,12 +2,10 @@
 
 #include "base/DebugLogger.h"
 #include "base/RegistryReader.h"
-#include "discovery/Runtimes.h"
+#include "discovery/RegistryRecords.h"
 #include "discovery/VersionNames.h"
 
 #include <QDebug>
-
-#include <limits>
 
 namespace {
 
@@ -17,28 +15,15 @@ void reportInvalidVersion(const QString &name)
     qWarning() << invalidVersionText(name);
 }
 
-/// The names of the values that are 1, those of the keys below included.
-QStringList installedComponents(const RegistryReader &key)
+/// The values of a key, and of those below it, by name.
+QVariantMap allValues(const RegistryReader &key)
 {
-    static const QVariant installed(QStringLiteral("1"));
-    QStringList components;
+    QVariantMap values;
     const QStringList names = key.allKeys();
     for (const QString &name : names) {
-        if (key.value(name) == installed) {
-            components.append(name);
-        }
+        values.insert(name, key.value(name));
     }
-    return components;
-}
-
-/// The number in @p value; 0 when it is not a number or does not fit into 32 bits.
-int number(const QVariant &value)
-{
-    // Numeric registry values have no sign: one that is negative here was too large for the type.
-    const bool isText = value.type() == QVariant::String;
-    const qint64 lowest = isText ? std::numeric_limits<int>::min() : 0;
-    const qint64 number = value.toLongLong();
-    return number >= lowest && number <= std::numeric_limits<int>::max() ? static_cast<int>(number) : 0;
+    return values;
 }
 
 } // namespace
@@ -71,20 +56,16 @@ QList<HalconInstallation> readMainHalconKey(const QString &keyPath)
             reportInvalidVersion(group);
             continue;
         }
-        HalconInstallation base = *version.installation;
-
         const QString components = group + QStringLiteral("/InstalledComponents");
         // Deliberate: a backslash in front, and none between key and group.
         logger.log(QStringLiteral("Investigating registry key \\") + keyPath + components);
-        base.setComponents(installedComponents(product.below(components)));
-
         const RegistryReader initialized = product.below(group + QStringLiteral("/Initialized"));
-        base.installDir = initialized.value(QStringLiteral("InstallDir")).toString();
-        base.setExampleRoot(initialized.value(QStringLiteral("ExampleRoot")).toString());
-        base.revision = number(initialized.value(QStringLiteral("InstalledRevision")));
-        base.build = number(initialized.value(QStringLiteral("InstalledBuild")));
-
-        installations += installationsPerRuntime(base);
+        installations += productKeyInstallations(*version.installation,
+                                                 {allValues(product.below(components)),
+                                                  initialized.value(QStringLiteral("InstallDir")),
+                                                  initialized.value(QStringLiteral("ExampleRoot")),
+                                                  initialized.value(QStringLiteral("InstalledRevision")),
+                                                  initialized.value(QStringLiteral("InstalledBuild"))});
     }
     return installations;
 }
@@ -106,16 +87,8 @@ QList<HalconInstallation> readUninstallKeys(const QString &keyPath)
             reportInvalidVersion(group);
             continue;
         }
-        HalconInstallation base = *version.installation;
-        base.setComponents({QStringLiteral("RuntimeX64")});
-
-        base.installDir = uninstall.below(group)
-                              .value(QStringLiteral("InstallLocation"))
-                              .toString()
-                              .remove(QLatin1Char('"'));
-        base.setExampleRoot(base.installDir);
-
-        installations += installationsPerRuntime(base);
+        installations += uninstallKeyInstallations(
+            *version.installation, uninstall.below(group).value(QStringLiteral("InstallLocation")));
     }
     return installations;
 }
