@@ -3,8 +3,6 @@
 #include "base/RegistryReader.h"
 #include "launch/ProcessStart.h"
 
-#include <QFileInfo>
-
 namespace {
 
 QString registeredDirectory()
@@ -14,55 +12,18 @@ QString registeredDirectory()
         .toString();
 }
 
-/// One of Velloxa's two builds. Its directory is looked up at the first use.
-struct Build {
-    explicit Build(const QString &fileName) : fileName(fileName), directory(registeredDirectory()) {}
-
-    const QString fileName;
-    const QString directory;
-    QString executable; ///< its path, once the file has been found to exist
-};
-
-Build &build64()
+/// The machine's Velloxa; the process has only this one.
+Velloxa &installedVelloxa()
 {
-    static Build build(QStringLiteral("velloxa.exe"));
-    return build;
-}
-
-Build &build32()
-{
-    static Build build(QStringLiteral("velloxa32.exe"));
-    return build;
-}
-
-QString findExecutable(Build &build)
-{
-    // With an empty directory the path would start at the root of the current drive.
-    if (build.executable.isEmpty() && !build.directory.isEmpty()) {
-        const QString path = build.directory + QLatin1Char('\\') + build.fileName;
-        if (QFileInfo::exists(path)) {
-            build.executable = path;
-        }
-    }
-    return build.executable;
-}
-
-QString executableFor(const QString &arch)
-{
-    if (arch.contains(QLatin1String("x64"), Qt::CaseInsensitive)) {
-        return velloxaExecutable64();
-    }
-    if (arch.contains(QLatin1String("x86"), Qt::CaseInsensitive)) {
-        return velloxaExecutable32();
-    }
-    return QString();
+    static Velloxa velloxa(registeredDirectory);
+    return velloxa;
 }
 
 } // namespace
 
-bool startVelloxa(const HalconInstallation &installation, QStringList *errors)
+bool startVelloxa(Velloxa &velloxa, const HalconInstallation &installation, QStringList *errors)
 {
-    const QString executable = executableFor(installation.arch);
+    const QString executable = velloxa.executableFor(installation.arch);
     if (executable.isEmpty()) {
         return false;
     }
@@ -70,17 +31,22 @@ bool startVelloxa(const HalconInstallation &installation, QStringList *errors)
     return startProcess(executable, QStringLiteral("--halconversion=%1").arg(version), installation, errors);
 }
 
+bool startVelloxa(const HalconInstallation &installation, QStringList *errors)
+{
+    return startVelloxa(installedVelloxa(), installation, errors);
+}
+
 QString velloxaInstallDir()
 {
-    return build64().directory;
+    return installedVelloxa().installDir();
 }
 
 QString velloxaExecutable64()
 {
-    return findExecutable(build64());
+    return installedVelloxa().executable64();
 }
 
 QString velloxaExecutable32()
 {
-    return findExecutable(build32());
+    return installedVelloxa().executable32();
 }
