@@ -8,11 +8,11 @@
 namespace {
 
 /// Writes a value with reg.exe. @p view is "32" or "64".
-bool addWithTool(const QString &view, const QString &key, const QString &name, const QString &type,
-                 const QString &value)
+bool add(const QString &view, const QString &key, const QString &name, const QString &type,
+         const QString &value)
 {
-    const QStringList arguments{"add", key, "/v", name, "/t", type, "/d", value, "/f", "/reg:" + view};
-    return QProcess::execute("reg", arguments) == 0;
+    return QProcess::execute("reg",
+                             {"add", key, "/v", name, "/t", type, "/d", value, "/f", "/reg:" + view}) == 0;
 }
 
 } // namespace
@@ -33,18 +33,15 @@ void RegistryToolTest::writtenByTheSystemsTool()
     keys.addGroup(Keys::uninstallOfUser, "MVTec HALCON 22.11 Steady");
 
     const QString product = "HKLM\\SOFTWARE\\MVTec\\HALCON";
-    QVERIFY(addWithTool("32", product + "\\12.0\\InstalledComponents", "RuntimeX86", "REG_SZ", "1"));
-    QVERIFY(addWithTool("32", product + "\\12.0\\Initialized", "InstallDir", "REG_SZ", "C:\\H 12"));
-    QVERIFY(
-        addWithTool("64", product + "\\20.11-Progress\\InstalledComponents", "RuntimeX64", "REG_DWORD", "1"));
-    QVERIFY(addWithTool("64", product + "\\20.11-Progress\\Initialized", "ExampleRoot", "REG_EXPAND_SZ",
-                        "D:\\E"));
-    QVERIFY(
-        addWithTool("64", product + "\\20.11-Progress\\Initialized", "InstalledRevision", "REG_DWORD", "4"));
-    QVERIFY(addWithTool("64", product + "\\20.11-Progress\\Initialized", "InstalledBuild", "REG_QWORD", "9"));
-    QVERIFY(addWithTool(
-        "64", "HKCU\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\MVTec HALCON 22.11 Steady",
-        "InstallLocation", "REG_SZ", "C:\\H22"));
+    const QString progress = product + "\\20.11-Progress";
+    const QString uninstall = "HKCU\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
+    QVERIFY(add("32", product + "\\12.0\\InstalledComponents", "RuntimeX86", "REG_SZ", "1"));
+    QVERIFY(add("32", product + "\\12.0\\Initialized", "InstallDir", "REG_SZ", "C:\\H 12"));
+    QVERIFY(add("64", progress + "\\InstalledComponents", "RuntimeX64", "REG_DWORD", "1"));
+    QVERIFY(add("64", progress + "\\Initialized", "ExampleRoot", "REG_EXPAND_SZ", "D:\\E"));
+    QVERIFY(add("64", progress + "\\Initialized", "InstalledRevision", "REG_DWORD", "4"));
+    QVERIFY(add("64", progress + "\\Initialized", "InstalledBuild", "REG_QWORD", "9"));
+    QVERIFY(add("64", uninstall + "\\MVTec HALCON 22.11 Steady", "InstallLocation", "REG_SZ", "C:\\H22"));
 
     const QStringList expected{
         "12.0.0.0 '' x86-win32 | C:\\H 12 |  | RuntimeX86",
