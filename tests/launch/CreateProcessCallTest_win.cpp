@@ -1,5 +1,8 @@
 #include "launch/ProcessStart.h"
+#include "tests/launch/EnvironmentBlock.h"
 #include "tests/support/EchoChild.h"
+#include "tests/support/Installations.h"
+#include "tests/support/Rows.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -23,21 +26,6 @@ struct Call {
     PROCESS_INFORMATION process;
 };
 
-QStringList entriesOf(const wchar_t *environment)
-{
-    QStringList entries;
-    for (const wchar_t *entry = environment; *entry != L'\0'; entry += entries.constLast().size() + 1) {
-        entries.append(QString::fromWCharArray(entry));
-    }
-    return entries;
-}
-
-/// The name in an entry; a name may begin with an equals sign, as in "=C:=C:\directory".
-QString nameOf(const QString &entry)
-{
-    return entry.left(entry.indexOf('=', 1));
-}
-
 QList<Call> &calls()
 {
     static QList<Call> recorded;
@@ -55,7 +43,7 @@ BOOL WINAPI recordAndCreateProcess(LPCWSTR applicationName, LPWSTR commandLine,
                  processSecurity == nullptr && threadSecurity == nullptr,
                  inheritHandles != FALSE,
                  creationFlags,
-                 entriesOf(static_cast<const wchar_t *>(environment)),
+                 blockEntries(static_cast<const char16_t *>(environment)),
                  currentDirectory != nullptr,
                  *startupInfo,
                  {}};
@@ -71,23 +59,12 @@ BOOL WINAPI recordAndCreateProcess(LPCWSTR applicationName, LPWSTR commandLine,
 
 bool nothingSetButTheSize(const STARTUPINFOW &info)
 {
-    const auto pointers = {
-        static_cast<const void *>(info.lpReserved), static_cast<const void *>(info.lpDesktop),
-        static_cast<const void *>(info.lpTitle),    static_cast<const void *>(info.lpReserved2),
-        static_cast<const void *>(info.hStdInput),  static_cast<const void *>(info.hStdOutput),
-        static_cast<const void *>(info.hStdError)};
-    const auto numbers = {info.dwX,
-                          info.dwY,
-                          info.dwXSize,
-                          info.dwYSize,
-                          info.dwXCountChars,
-                          info.dwYCountChars,
-                          info.dwFillAttribute,
-                          info.dwFlags,
-                          DWORD(info.wShowWindow),
-                          DWORD(info.cbReserved2)};
-    return std::all_of(pointers.begin(), pointers.end(), [](const void *each) { return each == nullptr; }) &&
-           std::all_of(numbers.begin(), numbers.end(), [](DWORD each) { return each == 0; });
+    return info.cb == sizeof(info) && info.lpReserved == nullptr && info.lpDesktop == nullptr &&
+           info.lpTitle == nullptr && info.dwX == 0 && info.dwY == 0 && info.dwXSize == 0 &&
+           info.dwYSize == 0 && info.dwXCountChars == 0 && info.dwYCountChars == 0 &&
+           info.dwFillAttribute == 0 && info.dwFlags == 0 && info.wShowWindow == 0 && info.cbReserved2 == 0 &&
+           info.lpReserved2 == nullptr && info.hStdInput == nullptr && info.hStdOutput == nullptr &&
+           info.hStdError == nullptr;
 }
 
 bool isOpen(HANDLE handle)
@@ -110,25 +87,19 @@ class CreateProcessCallTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init() { calls().clear(); }
     void everyArgument_data();
     void everyArgument();
     void environmentIsSortedByName();
-    void handlesAreClosedAtOnce();
 };
-
-void CreateProcessCallTest::init()
-{
-    calls().clear();
-}
 
 void CreateProcessCallTest::everyArgument_data()
 {
     QTest::addColumn<QString>("arguments");
 
-    QTest::newRow("empty, not the executable's name") << "";
-    QTest::newRow("one") << "--halconversion=13.0";
-    QTest::newRow("several, quoted") << "/K \"C:\\Program Files\\x.bat\" & title \"a\"";
+    row("empty, not the executable's name", "");
+    row("one", "--halconversion=13.0");
+    row("several, quoted", "/K \"C:\\Program Files\\x.bat\" & title \"a\"");
 }
 
 void CreateProcessCallTest::everyArgument()
@@ -140,7 +111,7 @@ void CreateProcessCallTest::everyArgument()
     const EchoChild child;
     QStringList errors;
 
-    QVERIFY2(startProcess(executable, arguments, HalconInstallation(20, 11, 1, 3), &errors),
+    QVERIFY2(startProcess(executable, arguments, installationIn("C:\\H"), &errors),
              qPrintable(errors.join('\n')));
 
     QCOMPARE(calls().size(), 1);
@@ -151,8 +122,11 @@ void CreateProcessCallTest::everyArgument()
     QVERIFY(!call.inheritHandles);
     QCOMPARE(call.creationFlags, DWORD(CREATE_UNICODE_ENVIRONMENT));
     QVERIFY(!call.currentDirectoryGiven);
-    QCOMPARE(call.startupInfo.cb, DWORD(sizeof(STARTUPINFOW)));
     QVERIFY(nothingSetButTheSize(call.startupInfo));
+    // At once, without waiting for the child.
+    QVERIFY(call.process.hProcess != nullptr && call.process.hThread != nullptr);
+    QVERIFY(!isOpen(call.process.hProcess));
+    QVERIFY(!isOpen(call.process.hThread));
 
     EchoRecord record;
     QVERIFY(child.waitForRecord(record));
@@ -163,41 +137,20 @@ void CreateProcessCallTest::environmentIsSortedByName()
     qputenv("zzz_launch_test", "3");
     qputenv("AAB_LAUNCH_TEST", "2");
     qputenv("aaa_launch_test", "1");
-    HalconInstallation installation(20, 11, 1, 3);
-    installation.installDir = "C:\\H";
-    installation.exampleRoot = "C:\\E";
-    installation.arch = "x64-win64";
-
     // Only the call counts; it is made whether or not the executable exists.
-    startProcess("C:\\missing.exe", "", installation, nullptr);
+    startProcess("C:\\missing.exe", "", installationIn("C:\\H", "x64-win64", "C:\\E"), nullptr);
 
     const QStringList entries = calls().constFirst().environment;
-    const auto nameComesFirst = [](const QString &one, const QString &other) {
-        return nameOf(one).compare(nameOf(other), Qt::CaseInsensitive) < 0;
+    // A name may begin with an equals sign, as in "=C:=C:\directory".
+    const auto name = [](const QString &entry) { return entry.left(entry.indexOf('=', 1)); };
+    const auto nameComesFirst = [&name](const QString &one, const QString &other) {
+        return name(one).compare(name(other), Qt::CaseInsensitive) < 0;
     };
     QVERIFY2(std::is_sorted(entries.begin(), entries.end(), nameComesFirst), qPrintable(entries.join('\n')));
     QCOMPARE(entries.filter(QRegularExpression("^(aaa_|AAB_|zzz_|HALCON)")),
              (QStringList{"aaa_launch_test=1", "AAB_LAUNCH_TEST=2", "HALCONARCH=x64-win64",
                           "HALCONEXAMPLES=C:\\E\\examples", "HALCONIMAGES=C:\\E\\examples\\images",
                           "HALCONROOT=C:\\H", "zzz_launch_test=3"}));
-}
-
-void CreateProcessCallTest::handlesAreClosedAtOnce()
-{
-    const QTemporaryDir directory;
-    const QString executable = QDir::toNativeSeparators(directory.filePath("tool.exe"));
-    EchoChild::copyTo(executable);
-    const EchoChild child;
-
-    QVERIFY(startProcess(executable, "", HalconInstallation(20, 11, 1, 3), nullptr));
-
-    const PROCESS_INFORMATION process = calls().constFirst().process;
-    QVERIFY(process.hProcess != nullptr && process.hThread != nullptr);
-    QVERIFY(!isOpen(process.hProcess));
-    QVERIFY(!isOpen(process.hThread));
-
-    EchoRecord record;
-    QVERIFY(child.waitForRecord(record));
 }
 
 QTEST_GUILESS_MAIN(CreateProcessCallTest)

@@ -1,5 +1,6 @@
 #include "launch/HDevelopLaunch.h"
 #include "tests/support/EchoChild.h"
+#include "tests/support/Installations.h"
 #include "tests/support/Messages.h"
 #include "tests/support/SystemErrors.h"
 
@@ -10,72 +11,41 @@ class HDevelopStartTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void started_data();
-    void started();
+    void startedWithItsInstallation();
     void missingXl();
+
+private:
+    const QTemporaryDir directory;
+    const HalconInstallation installation =
+        installationIn(QDir::toNativeSeparators(directory.filePath("HALCON 20.11")), "x86sse2-win32");
+    const QString program = installation.installDir + "\\bin\\x86sse2-win32\\hdevelop.exe";
 };
 
-namespace {
-
-/// An installation in @p directory, with no program in it yet.
-HalconInstallation installationIn(const QTemporaryDir &directory, const QString &arch)
+void HDevelopStartTest::startedWithItsInstallation()
 {
-    HalconInstallation result(20, 11, 1, 3);
-    result.installDir = QDir::toNativeSeparators(directory.filePath("HALCON 20.11"));
-    result.arch = arch;
-    return result;
-}
-
-} // namespace
-
-void HDevelopStartTest::started_data()
-{
-    QTest::addColumn<QString>("arch");
-    QTest::addColumn<bool>("xl");
-    QTest::addColumn<QString>("program");
-
-    QTest::newRow("HDevelop") << "x64-win64" << false << "\\bin\\x64-win64\\hdevelop.exe";
-    QTest::newRow("HDevelop XL") << "x64-win64" << true << "\\bin\\x64-win64\\hdevelopxl.exe";
-    QTest::newRow("HDevelop of another architecture")
-        << "x86sse2-win32" << false << "\\bin\\x86sse2-win32\\hdevelop.exe";
-}
-
-void HDevelopStartTest::started()
-{
-    QFETCH(QString, arch);
-    QFETCH(bool, xl);
-    QFETCH(QString, program);
-    const QTemporaryDir directory;
-    const HalconInstallation record = installationIn(directory, arch);
-    for (const QString &each : QStringList{"x64-win64", "x86sse2-win32"}) {
-        EchoChild::copyTo(record.installDir + "\\bin\\" + each + "\\hdevelop.exe");
-        EchoChild::copyTo(record.installDir + "\\bin\\" + each + "\\hdevelopxl.exe");
-    }
+    EchoChild::copyTo(program);
     const EchoChild child;
     const LogLines log;
     QStringList errors;
 
-    QVERIFY2(startHDevelop(record, xl, &errors), qPrintable(errors.join('\n')));
+    QVERIFY2(startHDevelop(installation, false, &errors), qPrintable(errors.join('\n')));
 
     EchoRecord found;
     QVERIFY(child.waitForRecord(found));
-    QCOMPARE(found.executable, record.installDir + program);
-    QCOMPARE(found.variable("HALCONROOT"), record.installDir);
-    QCOMPARE(found.variable("HALCONARCH"), arch);
-    QVERIFY(found.variable("PATH").startsWith(record.installDir + "\\bin\\" + arch + ';'));
+    QCOMPARE(found.executable, program);
+    QCOMPARE(found.variable("HALCONROOT"), installation.installDir);
+    QCOMPARE(found.variable("HALCONARCH"), installation.arch);
+    QVERIFY(found.variable("PATH").startsWith(installation.installDir + "\\bin\\x86sse2-win32;"));
     // The space before the missing arguments stays.
-    QCOMPARE(log.lines(), QStringList{"CreateProcess: " + record.installDir + program + " "});
+    QCOMPARE(log.lines(), QStringList{"CreateProcess: " + program + " "});
     QCOMPARE(errors, QStringList());
 }
 
 void HDevelopStartTest::missingXl()
 {
-    const QTemporaryDir directory;
-    const HalconInstallation record = installationIn(directory, "x64-win64");
-    EchoChild::copyTo(record.installDir + "\\bin\\x64-win64\\hdevelop.exe");
     QStringList errors;
 
-    QVERIFY(!startHDevelop(record, true, &errors));
+    QVERIFY(!startHDevelop(installation, true, &errors));
 
     QCOMPARE(errors, QStringList{createProcessErrorLine(WindowsError::fileNotFound)});
 }

@@ -1,5 +1,8 @@
 #include "launch/ProcessStart.h"
+#include "tests/launch/EnvironmentBlock.h"
+#include "tests/launch/WideVariable.h"
 #include "tests/support/EchoChild.h"
+#include "tests/support/Installations.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -11,86 +14,31 @@
 
 namespace {
 
-const wchar_t *wide(const QString &text)
-{
-    return reinterpret_cast<const wchar_t *>(text.utf16());
-}
-
 /// This program's environment as the system returns it, entry by entry.
 QStringList ownEnvironment()
 {
     const std::unique_ptr<wchar_t, decltype(&FreeEnvironmentStringsW)> block(GetEnvironmentStringsW(),
                                                                              &FreeEnvironmentStringsW);
-    QStringList entries;
-    for (const wchar_t *entry = block.get(); *entry != L'\0'; entry += entries.constLast().size() + 1) {
-        entries.append(QString::fromWCharArray(entry));
-    }
-    return entries;
+    return blockEntries(reinterpret_cast<const char16_t *>(block.get()));
 }
 
-/// Sets a variable of this program's environment until the end, or removes it when the value is null.
-class OwnVariable {
-public:
-    OwnVariable(const QString &name, const QString &value) : name(name), before(currentValue(name))
-    {
-        set(value);
-    }
-    OwnVariable(const OwnVariable &) = delete;
-    OwnVariable &operator=(const OwnVariable &) = delete;
-    ~OwnVariable() { set(before); }
-
-private:
-    static QString currentValue(const QString &name)
-    {
-        for (const QString &entry : ownEnvironment()) {
-            if (entry.startsWith(name + '=', Qt::CaseInsensitive)) {
-                return entry.mid(name.size() + 1);
-            }
-        }
-        return QString();
-    }
-
-    void set(const QString &value) const
-    {
-        SetEnvironmentVariableW(wide(name), value.isNull() ? nullptr : wide(value));
-    }
-
-    QString name;
-    QString before;
-};
-
-/// The name in an entry; a name may begin with an equals sign, as in "=C:=C:\directory".
-QString nameOf(const QString &entry)
+/// The entries of the variables that no start sets. Sorted, because the system may append variables of its
+/// own to a child's environment.
+QStringList inherited(const QStringList &entries)
 {
-    return entry.left(entry.indexOf('=', 1));
-}
-
-/// Sorted, because the system may append variables of its own to a child's environment.
-QStringList sorted(QStringList entries)
-{
-    entries.sort();
-    return entries;
-}
-
-/// @p entries without the variables that a start gives its child.
-QStringList withoutOverrides(const QStringList &entries)
-{
+    static const QRegularExpression set("^(HALCON(ARCH|EXAMPLES|IMAGES|ROOT)|PATH)=",
+                                        QRegularExpression::CaseInsensitiveOption);
     QStringList others;
-    std::copy_if(entries.begin(), entries.end(), std::back_inserter(others), [](const QString &entry) {
-        return !QStringList{"HALCONARCH", "HALCONEXAMPLES", "HALCONIMAGES", "HALCONROOT", "PATH"}.contains(
-            nameOf(entry), Qt::CaseInsensitive);
-    });
+    std::copy_if(entries.begin(), entries.end(), std::back_inserter(others),
+                 [](const QString &entry) { return !set.match(entry).hasMatch(); });
+    others.sort();
     return others;
 }
 
-HalconInstallation installation(const QString &exampleRoot = QString())
-{
-    HalconInstallation result(20, 11, 1, 3);
-    result.installDir = "C:\\Program Files\\HALCON Größe";
-    result.exampleRoot = exampleRoot;
-    result.arch = "x64-win64";
-    return result;
-}
+const HalconInstallation installation = installationIn("C:\\Program Files\\HALCON Größe");
+const HalconInstallation withExamples =
+    installationIn("C:\\Program Files\\HALCON Größe", "x64-win64", "D:\\Examples");
+const QString binaries = "C:\\Program Files\\HALCON Größe\\bin\\x64-win64;";
 
 } // namespace
 
@@ -99,14 +47,9 @@ class ProcessStartEnvironmentTest : public QObject {
 
 private slots:
     void initTestCase();
-    void halconVariablesAndPath();
-    void everythingElseIsInherited();
-    void withoutExamplesTheSystemsVariablesAreInherited_data();
+    void inheritedButForItsOwn();
     void withoutExamplesTheSystemsVariablesAreInherited();
     void variableInAnotherCaseIsReplaced();
-    void absentPath();
-    void ownEnvironmentStaysAsItIs();
-    void startingAgainNeverLengthensThePath();
 
 private:
     /// The record of a child started for @p installation. The test program ends when no child starts.
@@ -132,107 +75,57 @@ EchoRecord ProcessStartEnvironmentTest::start(const HalconInstallation &installa
     return record;
 }
 
-void ProcessStartEnvironmentTest::halconVariablesAndPath()
+void ProcessStartEnvironmentTest::inheritedButForItsOwn()
 {
-    const OwnVariable path("PATH", "C:\\W;D:\\Größe 寸法");
-
-    const EchoRecord child = start(installation("D:\\Examples"));
-
-    QCOMPARE(child.variable("HALCONROOT"), "C:\\Program Files\\HALCON Größe");
-    QCOMPARE(child.variable("HALCONARCH"), "x64-win64");
-    QCOMPARE(child.variable("HALCONIMAGES"), "D:\\Examples\\examples\\images");
-    QCOMPARE(child.variable("HALCONEXAMPLES"), "D:\\Examples\\examples");
-    QCOMPARE(child.variable("PATH"), "C:\\Program Files\\HALCON Größe\\bin\\x64-win64;C:\\W;D:\\Größe 寸法");
-}
-
-void ProcessStartEnvironmentTest::everythingElseIsInherited()
-{
-    const OwnVariable foreign("LAUNCH_TEST_FOREIGN", "Größe=寸法; %PATH%");
-
+    const WideVariable path("PATH", "C:\\W;D:\\Größe 寸法");
+    const WideVariable foreign("LAUNCH_TEST_FOREIGN", "Größe=寸法; %PATH%");
     const EchoChild listener;
-    QVERIFY(startProcess(executable, "x", installation("D:\\Examples"), nullptr));
-    EchoRecord child;
-    QVERIFY(listener.waitForRecord(child));
+    const QStringList before = ownEnvironment();
 
-    QVERIFY(child.environment.contains("LAUNCH_TEST_FOREIGN=Größe=寸法; %PATH%"));
-    QCOMPARE(sorted(withoutOverrides(child.environment)), sorted(withoutOverrides(ownEnvironment())));
-}
+    // Starting again does not lengthen the PATH.
+    for (int count = 0; count < 2; ++count) {
+        QVERIFY(startProcess(executable, "x", withExamples, nullptr));
 
-void ProcessStartEnvironmentTest::withoutExamplesTheSystemsVariablesAreInherited_data()
-{
-    QTest::addColumn<QString>("images");
-    QTest::addColumn<QString>("examples");
-
-    QTest::newRow("both absent") << QString() << QString();
-    QTest::newRow("both there") << "E:\\old\\images"
-                                << "E:\\old\\examples";
-    QTest::newRow("only one there") << "E:\\old\\images" << QString();
+        EchoRecord child;
+        QVERIFY(listener.waitForRecord(child));
+        QCOMPARE(child.variable("HALCONROOT"), installation.installDir);
+        QCOMPARE(child.variable("HALCONARCH"), "x64-win64");
+        QCOMPARE(child.variable("HALCONIMAGES"), "D:\\Examples\\examples\\images");
+        QCOMPARE(child.variable("HALCONEXAMPLES"), "D:\\Examples\\examples");
+        QCOMPARE(child.variable("PATH"), binaries + "C:\\W;D:\\Größe 寸法");
+        QVERIFY(child.environment.contains("LAUNCH_TEST_FOREIGN=Größe=寸法; %PATH%"));
+        QCOMPARE(inherited(child.environment), inherited(before));
+        QCOMPARE(ownEnvironment(), before);
+    }
 }
 
 void ProcessStartEnvironmentTest::withoutExamplesTheSystemsVariablesAreInherited()
 {
-    QFETCH(QString, images);
-    QFETCH(QString, examples);
-    const OwnVariable ownImages("HALCONIMAGES", images);
-    const OwnVariable ownExamples("HALCONEXAMPLES", examples);
+    const WideVariable ownImages("HALCONIMAGES", "E:\\old\\images");
+    const WideVariable ownExamples("HALCONEXAMPLES", QString());
+    const WideVariable path("PATH", QString());
 
-    const EchoRecord child = start(installation());
+    const EchoRecord child = start(installation);
 
-    QCOMPARE(child.variable("HALCONIMAGES"), images);
-    QCOMPARE(child.variable("HALCONIMAGES").isNull(), images.isNull());
-    QCOMPARE(child.variable("HALCONEXAMPLES"), examples);
-    QCOMPARE(child.variable("HALCONEXAMPLES").isNull(), examples.isNull());
-    QCOMPARE(child.variable("HALCONROOT"), "C:\\Program Files\\HALCON Größe");
+    QCOMPARE(child.variable("HALCONIMAGES"), "E:\\old\\images");
+    QVERIFY(child.variable("HALCONEXAMPLES").isNull());
+    QCOMPARE(child.variable("HALCONROOT"), installation.installDir);
+    QCOMPARE(child.variable("PATH"), binaries);
 }
 
 /// Windows itself spells it "Path".
 void ProcessStartEnvironmentTest::variableInAnotherCaseIsReplaced()
 {
-    const OwnVariable upperCasePath("PATH", QString());
-    const OwnVariable path("Path", "C:\\W");
-    const OwnVariable root("HalconRoot", "E:\\old");
+    const WideVariable upperCasePath("PATH", QString());
+    const WideVariable path("Path", "C:\\W");
+    const WideVariable root("HalconRoot", "E:\\old");
     QVERIFY(ownEnvironment().contains("Path=C:\\W"));
 
-    const QStringList entries = start(installation()).environment;
+    const QStringList entries = start(installation).environment;
 
-    const auto spelledAnyhow = [&entries](const QString &name) {
-        return entries.filter(
-            QRegularExpression('^' + name + '=', QRegularExpression::CaseInsensitiveOption));
-    };
-    QCOMPARE(spelledAnyhow("PATH"),
-             QStringList{"Path=C:\\Program Files\\HALCON Größe\\bin\\x64-win64;C:\\W"});
-    QCOMPARE(spelledAnyhow("HALCONROOT"), QStringList{"HalconRoot=C:\\Program Files\\HALCON Größe"});
-}
-
-void ProcessStartEnvironmentTest::absentPath()
-{
-    const OwnVariable path("PATH", QString());
-
-    QCOMPARE(start(installation()).variable("PATH"), "C:\\Program Files\\HALCON Größe\\bin\\x64-win64;");
-}
-
-void ProcessStartEnvironmentTest::ownEnvironmentStaysAsItIs()
-{
-    const EchoChild listener;
-    const QStringList before = ownEnvironment();
-
-    QVERIFY(startProcess(executable, "x", installation("D:\\Examples"), nullptr));
-    QVERIFY(!startProcess(executable + ".missing", "x", installation("D:\\Examples"), nullptr));
-
-    QCOMPARE(ownEnvironment(), before);
-    EchoRecord child;
-    QVERIFY(listener.waitForRecord(child));
-    QCOMPARE(child.variable("HALCONEXAMPLES"), "D:\\Examples\\examples");
-}
-
-void ProcessStartEnvironmentTest::startingAgainNeverLengthensThePath()
-{
-    const OwnVariable path("PATH", "C:\\W");
-
-    for (int count = 0; count < 3; ++count) {
-        QCOMPARE(start(installation()).variable("PATH"),
-                 "C:\\Program Files\\HALCON Größe\\bin\\x64-win64;C:\\W");
-    }
+    QCOMPARE(entries.filter(QRegularExpression("^(?i)PATH=")), QStringList{"Path=" + binaries + "C:\\W"});
+    QCOMPARE(entries.filter(QRegularExpression("^(?i)HALCONROOT=")),
+             QStringList{"HalconRoot=" + installation.installDir});
 }
 
 QTEST_GUILESS_MAIN(ProcessStartEnvironmentTest)
