@@ -2,8 +2,11 @@
 
 #include "launch/CommandShell.h"
 #include "tests/companions/TestConsole.h"
+#include "tests/support/CurrentDirectory.h"
 #include "tests/support/EchoChild.h"
+#include "tests/support/Installations.h"
 #include "tests/support/Patience.h"
+#include "tests/support/Rows.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -53,29 +56,17 @@ class CommandShellRunTest : public QObject {
 
 private slots:
     void init();
-    void cleanup();
+    void cleanup() { directory.reset(); }
     void colourTellsArchitecture_data();
     void colourTellsArchitecture();
     void nameOfDirectory_data();
     void nameOfDirectory();
-    void programsByTheirNames_data();
-    void programsByTheirNames();
     void nameOfScript_data();
     void nameOfScript();
     void editionInBanner_data();
     void editionInBanner();
-    void editionCutsBanner_data();
-    void editionCutsBanner();
-    void editionRedirectsBanner();
-    void editionReadsFile();
-    void halconEditionCutsTitle();
-    void missingDirectory();
-    void directoryNamedLikeVariable();
-    void failingScript();
-    void missingScript_data();
-    void missingScript();
-    void scriptNamedLikeVariable();
-    void missingColourTool();
+    void nothingThere_data();
+    void nothingThere();
 
 private:
     /// A path in this test's own directory, as Windows writes it.
@@ -92,7 +83,7 @@ private:
     void run(const QStringList &lines);
 
     QScopedPointer<QTemporaryDir> directory;
-    HalconInstallation installation{20, 11, 1, 0};
+    HalconInstallation installation = installationIn(QString());
     VisualStudioVersion visualStudio;
     QString prompt; ///< the shell's current directory at the end
     QStringList banner;
@@ -112,8 +103,7 @@ void CommandShellRunTest::init()
     QVERIFY(QFile::copy(HUEBOX_EXECUTABLE, colourTool()));
     EchoChild::copyTo(path("tools/report.exe"));
 
-    installation = HalconInstallation(20, 11, 1, 0);
-    installation.arch = "x64-win64";
+    installation = installationIn(QString());
     makeInstallation("HALCON-20.11");
     visualStudio = VisualStudioVersion();
     visualStudio.edition = "Professional";
@@ -122,15 +112,10 @@ void CommandShellRunTest::init()
     visualStudio.ideName = "devenv";
     makeScript("VC/vcvars.bat", scriptLines(path("tools")));
     banner = QStringList{
-        "HALCON 20.11.1 (x64-win64)",
+        "HALCON 20.11.1.3 (x64-win64)",
         "type 'devenv' to launch Visual Studio 14.0 (Professional) (amd64)",
-        "type 'hdevelop.exe' to launch HDevelop (20.11.1 (x64-win64))",
+        "type 'hdevelop.exe' to launch HDevelop (20.11.1.3 (x64-win64))",
     };
-}
-
-void CommandShellRunTest::cleanup()
-{
-    directory.reset();
 }
 
 QString CommandShellRunTest::path(const QString &name) const
@@ -177,7 +162,7 @@ void CommandShellRunTest::run(const QStringList &lines)
     QVERIFY(child.waitForRecord(found));
     console.type("exit");
     EVENTUALLY_COMPARE(console.otherProcesses(), 0);
-    // The title is "HALCON 20.11.1 (x64-win64) ": the space before the next command is part of it.
+    // The title is "HALCON 20.11.1.3 (x64-win64) ": the space before the next command is part of it.
     QCOMPARE(found.currentDirectory, prompt);
     QCOMPARE(found.variable("HALCONROOT"), installation.installDir);
     QCOMPARE(found.variable("HALCONARCH"), installation.arch);
@@ -189,9 +174,9 @@ void CommandShellRunTest::colourTellsArchitecture_data()
     QTest::addColumn<int>("colour");
 
     constexpr int intense = 8;
-    QTest::newRow("64-bit: red") << "x64-win64" << (4 | intense);
-    QTest::newRow("SSE2: green") << "x86sse2-win32" << (2 | intense);
-    QTest::newRow("32-bit: blue") << "x86-win32" << (1 | intense);
+    row("64-bit: red", "x64-win64", (4 | intense));
+    row("SSE2: green", "x86sse2-win32", (2 | intense));
+    row("32-bit: blue", "x86-win32", (1 | intense));
 }
 
 void CommandShellRunTest::colourTellsArchitecture()
@@ -206,7 +191,7 @@ void CommandShellRunTest::colourTellsArchitecture()
     QCOMPARE(colours, QVector<quint16>(3, quint16(colour)));
     QCOMPARE(colourAfter, colourBefore);
     // The space that separates the command from the next one is part of the title.
-    QCOMPARE(title, "HALCON 20.11.1 (" + arch + ") ");
+    QCOMPARE(title, "HALCON 20.11.1.3 (" + arch + ") ");
     // The shell finds the script's programs first, and the script could use HALCON's variables.
     QCOMPARE(found.executable, path("tools\\report.exe"));
     QCOMPARE(found.variable("BUILD_ENVIRONMENT"), "on");
@@ -219,17 +204,10 @@ void CommandShellRunTest::nameOfDirectory_data()
 {
     QTest::addColumn<QString>("name");
 
-    QTest::newRow("spaces") << "HALCON 20.11  Steady";
-    QTest::newRow("parentheses") << "HALCON (x64)";
-    QTest::newRow("ampersand") << "Black & White&Co";
-    QTest::newRow("percent sign") << "100% HALCON";
-    QTest::newRow("percent signs around no variable's name") << "%NO SUCH NAME% HALCON";
-    QTest::newRow("caret") << "HALCON^20";
-    QTest::newRow("apostrophe") << "it's HALCON";
-    QTest::newRow("comma, equals sign") << "a,b=c";
-    QTest::newRow("exclamation marks") << "HALCON!PATH!";
-    QTest::newRow("umlauts") << "Größe";
-    QTest::newRow("beyond the code page") << "寸法 Размер 😀";
+    row("spaces, parentheses, ampersands", "HALCON (x64)  Black & White&Co");
+    row("percent signs", "100% %NO SUCH NAME% HALCON");
+    row("caret, apostrophe, comma, equals sign, exclamation marks", "a^b it's, c=d !PATH!");
+    row("beyond the code page", "Größe 寸法 Размер 😀");
 }
 
 void CommandShellRunTest::nameOfDirectory()
@@ -247,47 +225,14 @@ void CommandShellRunTest::nameOfDirectory()
              installation.installDir + "\\bin\\x64-win64;" + qEnvironmentVariable("PATH"));
 }
 
-void CommandShellRunTest::programsByTheirNames_data()
-{
-    QTest::addColumn<QString>("directory");
-    QTest::addColumn<QString>("outcome");
-
-    QTest::newRow("found") << "HALCON, 20.11"
-                           << "found";
-    QTest::newRow("PATH cannot hold a semicolon") << "HALCON; 20.11"
-                                                  << "missing";
-}
-
-/// Whether HALCON's programs are found by name; everything else in the shell is unchanged.
-void CommandShellRunTest::programsByTheirNames()
-{
-    QFETCH(QString, directory);
-    makeInstallation(directory);
-    QVERIFY(QFile::copy(HUEBOX_EXECUTABLE, installation.installDir + "\\bin\\x64-win64\\halcontool.exe"));
-    makeScript("VC/vcvars.bat", QByteArrayList{"@echo off", "set HALCON_TOOL=found", "halcontool >nul 2>nul",
-                                               "if errorlevel 1 set HALCON_TOOL=missing"} +
-                                    scriptLines(path("tools")));
-
-    run(banner);
-
-    QTEST(found.variable("HALCON_TOOL"), "outcome");
-    QCOMPARE(found.executable, path("tools\\report.exe"));
-}
-
 void CommandShellRunTest::nameOfScript_data()
 {
     QTest::addColumn<QString>("name");
 
-    QTest::newRow("spaces") << "Visual Studio 14.0/VC bin/vc vars.bat";
-    QTest::newRow("parentheses") << "Program Files (x86)/vcvars(64).bat";
-    QTest::newRow("ampersand") << "Black & White&Co/vc&vars.bat";
-    QTest::newRow("percent sign") << "100% VC/vcvars.bat";
-    QTest::newRow("caret") << "V^C/vc^vars.bat";
-    QTest::newRow("apostrophe") << "it's/vcvars.bat";
-    QTest::newRow("exclamation marks") << "V!PATH!C/vcvars.bat";
-    QTest::newRow("umlauts") << "Größe/vcvärs.bat";
-    QTest::newRow("beyond the code page") << "寸法 Размер 😀/寸.bat";
-    QTest::newRow("the command interpreter's other kind of script") << "VC/vcvars.cmd";
+    row("spaces, parentheses, ampersands", "Program Files (x86)/Black & White&Co/vc & vars(64).bat");
+    row("percent sign, caret, apostrophe, exclamation marks", "100% V^C it's !PATH!/vc^vars.bat");
+    row("beyond the code page", "Größe 寸法 Размер 😀/寸ä.bat");
+    row("the command interpreter's other kind of script", "VC/vcvars.cmd");
 }
 
 void CommandShellRunTest::nameOfScript()
@@ -306,26 +251,11 @@ void CommandShellRunTest::editionInBanner_data()
     QTest::addColumn<QString>("edition");
     QTest::addColumn<QString>("shown");
 
-    QTest::newRow("plain") << "Visual Studio Community 2022"
-                           << "Visual Studio Community 2022";
-    QTest::newRow("parentheses") << "Community (2022)"
-                                 << "Community (2022)";
-    QTest::newRow("apostrophe") << "Developer's"
-                                << "Developer's";
-    QTest::newRow("percent sign") << "100% free"
-                                  << "100% free";
-    QTest::newRow("not ASCII") << "Größe 寸法 Размер 😀"
-                               << "Größe 寸法 Размер 😀";
-    QTest::newRow("exclamation marks") << "a!PATH!"
-                                       << "a!PATH!";
-    QTest::newRow("several spaces become one") << "A   B"
-                                               << "A B";
-    QTest::newRow("carets are lost") << "A^B^^C"
-                                     << "AB^C";
-    QTest::newRow("quotes are lost, what they enclose stays") << "\"A  & B\""
-                                                              << "A  & B";
-    QTest::newRow("variable's value instead of its name") << "for %HALCONARCH%"
-                                                          << "for x64-win64";
+    row("signs that stay", "Developer's (2022) 100% free a!PATH!", "Developer's (2022) 100% free a!PATH!");
+    row("not ASCII", "Größe 寸法 Размер 😀", "Größe 寸法 Размер 😀");
+    row("several spaces become one, carets are lost", "A   B^C^^D", "A BC^D");
+    row("quotes are lost, what they enclose stays", "\"A  & B\"", "A  & B");
+    row("variable's value instead of its name", "for %HALCONARCH%", "for x64-win64");
 }
 
 void CommandShellRunTest::editionInBanner()
@@ -337,146 +267,35 @@ void CommandShellRunTest::editionInBanner()
     run(banner.replaceInStrings("Professional", shown));
 }
 
-void CommandShellRunTest::editionCutsBanner_data()
-{
-    QTest::addColumn<QString>("edition");
-    QTest::addColumn<QStringList>("before");
-    QTest::addColumn<QString>("command");
-
-    QTest::newRow("ampersand") << "Black & White"
-                               << QStringList{"type 'devenv' to launch Visual Studio 14.0 (Black"}
-                               << "White) (amd64)";
-    QTest::newRow("ampersand without spaces")
-        << "Black&White" << QStringList{"type 'devenv' to launch Visual Studio 14.0 (Black"}
-        << "White) (amd64)";
-    // What is taken for a command gets the line as its input.
-    QTest::newRow("vertical bar") << "Black|White" << QStringList{} << "White) (amd64)";
-}
-
-/// The rest of the line is taken for a command; everything else is unchanged.
-void CommandShellRunTest::editionCutsBanner()
-{
-    QFETCH(QString, edition);
-    QFETCH(QStringList, before);
-    QFETCH(QString, command);
-    visualStudio.edition = edition;
-
-    run(QStringList{banner.at(0)} + before + answerTo(command) + QStringList{banner.at(2)});
-
-    QCOMPARE(found.variable("BUILD_ENVIRONMENT"), "on");
-}
-
-/// The line goes into a file in the script's last directory.
-void CommandShellRunTest::editionRedirectsBanner()
-{
-    makeScript("VC/vcvars.bat", scriptLines(path("tools")) << "cd /d \"" + path("tools").toLatin1() + "\"");
-    visualStudio.edition = "Black>White";
-
-    run({banner.at(0), banner.at(2)});
-
-    QFile file(path("tools/White)"));
-    QVERIFY(file.open(QFile::ReadOnly));
-    QCOMPARE(file.readAll(), QByteArray("type 'devenv' to launch Visual Studio 14.0 (Black (amd64)\r\n"));
-}
-
-/// Without the file that the line names only the interpreter's error is printed.
-void CommandShellRunTest::editionReadsFile()
-{
-    visualStudio.edition = "Black<White";
-
-    run(QStringList{banner.at(0)} + answerTo("echo <White) (amd64)") + QStringList{banner.at(2)});
-
-    QCOMPARE(found.variable("BUILD_ENVIRONMENT"), "on");
-}
-
-void CommandShellRunTest::halconEditionCutsTitle()
-{
-    installation.suffix = "A & B";
-    const QStringList answer = answerTo("B (x64-win64)");
-
-    run(answer + QStringList{"HALCON 20.11.1 A"} + answer + QStringList{banner.at(1)} +
-        QStringList{"type 'hdevelop.exe' to launch HDevelop (20.11.1 A"} + answerTo("B (x64-win64))"));
-
-    QCOMPARE(title, "HALCON 20.11.1 A ");
-}
-
-/// The shell stays in the script's last directory; everything else is unchanged.
-void CommandShellRunTest::missingDirectory()
-{
-    installation.installDir = path("missing");
-    prompt = "C:\\";
-
-    run(banner + answerTo("cd /d \"" + path("missing") + '"'));
-
-    QCOMPARE(found.variable("BUILD_ENVIRONMENT"), "on");
-}
-
-/// The script exists, but the shell looks for another one.
-void CommandShellRunTest::directoryNamedLikeVariable()
-{
-    makeInstallation("%HALCONARCH% directory");
-    prompt = "C:\\";
-
-    run(banner + answerTo("cd /d \"" + path("x64-win64 directory") + '"'));
-
-    makeInstallation("x64-win64 directory");
-    installation.installDir = path("%HALCONARCH% directory");
-    run(banner);
-}
-
-void CommandShellRunTest::failingScript()
-{
-    makeScript("VC/vcvars.bat", scriptLines(path("tools")) << "exit /b 1");
-
-    run(banner);
-
-    QCOMPARE(found.variable("BUILD_ENVIRONMENT"), "on");
-}
-
-void CommandShellRunTest::missingScript_data()
+void CommandShellRunTest::nothingThere_data()
 {
     QTest::addColumn<QString>("script");
 
-    QTest::newRow("missing") << "C:\\missing\\vcvars.bat";
-    QTest::newRow("none") << "";
+    row("missing script", "C:\\missing\\vcvars.bat");
+    row("no script", "");
 }
 
-void CommandShellRunTest::missingScript()
+/// Without script, colour tool and directory the shell opens all the same, and the interpreter complains.
+void CommandShellRunTest::nothingThere()
 {
     QFETCH(QString, script);
     visualStudio.vcvarsBat = script;
-
-    run(answerTo('"' + script + '"') + banner);
-
-    QCOMPARE(found.executable, installation.installDir + "\\bin\\x64-win64\\report.exe");
-    QCOMPARE(found.variable("PATH"),
-             installation.installDir + "\\bin\\x64-win64;" + qEnvironmentVariable("PATH"));
-    QVERIFY(found.variable("BUILD_ENVIRONMENT").isNull());
-}
-
-/// The script exists, but the shell looks for another one.
-void CommandShellRunTest::scriptNamedLikeVariable()
-{
-    makeScript("%HALCONARCH%/vcvars.bat", scriptLines(path("tools")));
-
-    run(answerTo('"' + path("x64-win64\\vcvars.bat") + '"') + banner);
-
-    QVERIFY(found.variable("BUILD_ENVIRONMENT").isNull());
-}
-
-void CommandShellRunTest::missingColourTool()
-{
-    QStringList answers;
     QVERIFY(QFile::remove(colourTool()));
+    QStringList answers = answerTo('"' + script + '"');
     for (const QString &line : banner) {
         answers += answerTo('"' + colourTool() + "\" --fgred --fgint " + line);
     }
-    QCOMPARE(answers.size(), 3);
+    // The shell stays in the program's directory, where the test finds the program that it starts.
+    const CurrentDirectory current(path("tools"));
+    prompt = path("tools");
+    installation.installDir = path("missing");
 
-    run(answers);
+    run(answers + answerTo("cd /d \"" + installation.installDir + '"'));
 
-    QCOMPARE(title, "HALCON 20.11.1 (x64-win64) ");
-    QCOMPARE(found.variable("BUILD_ENVIRONMENT"), "on");
+    QCOMPARE(title, "HALCON 20.11.1.3 (x64-win64) ");
+    QCOMPARE(found.variable("PATH"),
+             installation.installDir + "\\bin\\x64-win64;" + qEnvironmentVariable("PATH"));
+    QVERIFY(found.variable("BUILD_ENVIRONMENT").isNull());
 }
 
 QTEST_GUILESS_MAIN(CommandShellRunTest)

@@ -1,139 +1,103 @@
 #include "launch/CommandShell.h"
+#include "tests/support/Installations.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
-
-namespace {
-
-HalconInstallation installation(const QString &arch, const QString &installDir = "C:\\HALCON-20.11")
-{
-    HalconInstallation result(20, 11, 1, 0);
-    result.installDir = installDir;
-    result.arch = arch;
-    return result;
-}
-
-VisualStudioVersion visualStudio(const QString &vcvarsBat = "C:\\VC\\bin\\vcvars.bat")
-{
-    VisualStudioVersion result;
-    result.edition = "Professional";
-    result.version = "14.0";
-    result.architecture = "amd64";
-    result.vcvarsBat = vcvarsBat;
-    result.ideName = "devenv";
-    return result;
-}
-
-/// @p text with each @ replaced by the colour tool.
-QString withColourTool(const QString &text)
-{
-    const QString directory = QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
-    return QString(text).replace('@', '"' + directory + "\\huebox.exe\"");
-}
-
-} // namespace
 
 class CommandShellTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void architecture_data();
-    void architecture();
+    void init();
+    void wholeLine();
+    void colourTellsArchitecture_data();
+    void colourTellsArchitecture();
     void namesOfFiles_data();
     void namesOfFiles();
     void bannerTexts_data();
     void bannerTexts();
+
+private:
+    /// The whole command line: @p halcon and @p studio are what the banner says, @p colour is how.
+    QString expected(const QString &halcon, const QString &studio, const QString &colour = "--fgred") const
+    {
+        const QString tool = " & \"" + QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) +
+                             "\\huebox.exe\" " + colour + " --fgint ";
+        return "/K \"\"" + visualStudio.vcvarsBat + "\" & title HALCON " + halcon + tool + "HALCON " +
+               halcon + tool + "type '" + visualStudio.ideName + "' to launch " + studio + tool +
+               "type 'hdevelop.exe' to launch HDevelop (" + halcon + ") & cd /d \"" +
+               installation.installDir + "\"\"";
+    }
+
+    HalconInstallation installation = installationIn("C:\\HALCON-20.11");
+    VisualStudioVersion visualStudio;
 };
 
-void CommandShellTest::architecture_data()
+void CommandShellTest::init()
 {
-    QTest::addColumn<QString>("arch");
-    QTest::addColumn<QString>("arguments");
-
-    QTest::newRow("64-bit") << "x64-win64"
-                            << "/K \"\"C:\\VC\\bin\\vcvars.bat\""
-                               " & title HALCON 20.11.1 (x64-win64)"
-                               " & @ --fgred --fgint HALCON 20.11.1 (x64-win64)"
-                               " & @ --fgred --fgint type 'devenv' to launch"
-                               " Visual Studio 14.0 (Professional) (amd64)"
-                               " & @ --fgred --fgint type 'hdevelop.exe' to launch"
-                               " HDevelop (20.11.1 (x64-win64))"
-                               " & cd /d \"C:\\HALCON-20.11\"\"";
-    QTest::newRow("SSE2") << "x86sse2-win32"
-                          << "/K \"\"C:\\VC\\bin\\vcvars.bat\""
-                             " & title HALCON 20.11.1 (x86sse2-win32)"
-                             " & @ --fggreen --fgint HALCON 20.11.1 (x86sse2-win32)"
-                             " & @ --fggreen --fgint type 'devenv' to launch"
-                             " Visual Studio 14.0 (Professional) (amd64)"
-                             " & @ --fggreen --fgint type 'hdevelop.exe' to launch"
-                             " HDevelop (20.11.1 (x86sse2-win32))"
-                             " & cd /d \"C:\\HALCON-20.11\"\"";
-    QTest::newRow("32-bit") << "x86-win32"
-                            << "/K \"\"C:\\VC\\bin\\vcvars.bat\""
-                               " & title HALCON 20.11.1 (x86-win32)"
-                               " & @ --fgblue --fgint HALCON 20.11.1 (x86-win32)"
-                               " & @ --fgblue --fgint type 'devenv' to launch"
-                               " Visual Studio 14.0 (Professional) (amd64)"
-                               " & @ --fgblue --fgint type 'hdevelop.exe' to launch"
-                               " HDevelop (20.11.1 (x86-win32))"
-                               " & cd /d \"C:\\HALCON-20.11\"\"";
-    QTest::newRow("unexpected") << "arm64-win64"
-                                << "/K \"\"C:\\VC\\bin\\vcvars.bat\""
-                                   " & title HALCON 20.11.1 (arm64-win64)"
-                                   " & @ --fgred --fgint HALCON 20.11.1 (arm64-win64)"
-                                   " & @ --fgred --fgint type 'devenv' to launch"
-                                   " Visual Studio 14.0 (Professional) (amd64)"
-                                   " & @ --fgred --fgint type 'hdevelop.exe' to launch"
-                                   " HDevelop (20.11.1 (arm64-win64))"
-                                   " & cd /d \"C:\\HALCON-20.11\"\"";
-    QTest::newRow("another case is unexpected") << "X86-WIN32"
-                                                << "/K \"\"C:\\VC\\bin\\vcvars.bat\""
-                                                   " & title HALCON 20.11.1 (X86-WIN32)"
-                                                   " & @ --fgred --fgint HALCON 20.11.1 (X86-WIN32)"
-                                                   " & @ --fgred --fgint type 'devenv' to launch"
-                                                   " Visual Studio 14.0 (Professional) (amd64)"
-                                                   " & @ --fgred --fgint type 'hdevelop.exe' to launch"
-                                                   " HDevelop (20.11.1 (X86-WIN32))"
-                                                   " & cd /d \"C:\\HALCON-20.11\"\"";
+    installation = installationIn("C:\\HALCON-20.11");
+    visualStudio = VisualStudioVersion();
+    visualStudio.edition = "Professional";
+    visualStudio.version = "14.0";
+    visualStudio.architecture = "amd64";
+    visualStudio.vcvarsBat = "C:\\VC\\bin\\vcvars.bat";
+    visualStudio.ideName = "devenv";
 }
 
-void CommandShellTest::architecture()
+void CommandShellTest::wholeLine()
+{
+    const QString directory = QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
+    QCOMPARE(shellArguments(installation, visualStudio).replace(directory, "@"),
+             "/K \"\"C:\\VC\\bin\\vcvars.bat\" & title HALCON 20.11.1.3 (x64-win64)"
+             " & \"@\\huebox.exe\" --fgred --fgint HALCON 20.11.1.3 (x64-win64)"
+             " & \"@\\huebox.exe\" --fgred --fgint type 'devenv' to launch"
+             " Visual Studio 14.0 (Professional) (amd64)"
+             " & \"@\\huebox.exe\" --fgred --fgint type 'hdevelop.exe' to launch"
+             " HDevelop (20.11.1.3 (x64-win64))"
+             " & cd /d \"C:\\HALCON-20.11\"\"");
+}
+
+void CommandShellTest::colourTellsArchitecture_data()
+{
+    QTest::addColumn<QString>("arch");
+    QTest::addColumn<QString>("colour");
+
+    row("64-bit", "x64-win64", "--fgred");
+    row("SSE2", "x86sse2-win32", "--fggreen");
+    row("32-bit", "x86-win32", "--fgblue");
+    row("unexpected", "arm64-win64", "--fgred");
+    row("another case is unexpected", "X86-WIN32", "--fgred");
+}
+
+void CommandShellTest::colourTellsArchitecture()
 {
     QFETCH(QString, arch);
-    QFETCH(QString, arguments);
+    QFETCH(QString, colour);
+    installation.arch = arch;
 
-    QCOMPARE(shellArguments(installation(arch), visualStudio()), withColourTool(arguments));
+    QCOMPARE(shellArguments(installation, visualStudio),
+             expected("20.11.1.3 (" + arch + ')', "Visual Studio 14.0 (Professional) (amd64)", colour));
 }
 
 void CommandShellTest::namesOfFiles_data()
 {
     QTest::addColumn<QString>("name");
 
-    QTest::newRow("spaces") << "C:\\Program Files\\a b";
-    QTest::newRow("parentheses") << "C:\\Program Files (x86)\\a";
-    QTest::newRow("ampersand") << "C:\\Black & White";
-    QTest::newRow("percent signs") << "C:\\100% %PATH% %1";
-    QTest::newRow("caret") << "C:\\a^b";
-    QTest::newRow("apostrophe") << "C:\\it's";
-    QTest::newRow("not ASCII") << "C:\\Größe 寸法 Размер 😀";
-    QTest::newRow("forward slashes") << "C:/a/b";
-    QTest::newRow("none") << "";
+    row("spaces and parentheses", "C:\\Program Files (x86)\\a");
+    row("signs that mean something to a shell", "C:\\Black & White ^ 100% %PATH% %1 it's");
+    row("not ASCII, forward slashes", "C:/Größe 寸法 Размер 😀");
+    row("none", "");
 }
 
 /// They are quoted and otherwise unchanged.
 void CommandShellTest::namesOfFiles()
 {
     QFETCH(QString, name);
-    const QString middle = withColourTool("title HALCON 20.11.1 (x64-win64)"
-                                          " & @ --fgred --fgint HALCON 20.11.1 (x64-win64)"
-                                          " & @ --fgred --fgint type 'devenv' to launch"
-                                          " Visual Studio 14.0 (Professional) (amd64)"
-                                          " & @ --fgred --fgint type 'hdevelop.exe' to launch"
-                                          " HDevelop (20.11.1 (x64-win64))");
+    installation.installDir = name;
+    visualStudio.vcvarsBat = name + "\\vcvars.bat";
 
-    QCOMPARE(shellArguments(installation("x64-win64", name), visualStudio()),
-             "/K \"\"C:\\VC\\bin\\vcvars.bat\" & " + middle + " & cd /d \"" + name + "\"\"");
-    QCOMPARE(shellArguments(installation("x64-win64"), visualStudio(name)),
-             "/K \"\"" + name + "\" & " + middle + " & cd /d \"C:\\HALCON-20.11\"\"");
+    QCOMPARE(shellArguments(installation, visualStudio),
+             expected("20.11.1.3 (x64-win64)", "Visual Studio 14.0 (Professional) (amd64)"));
 }
 
 void CommandShellTest::bannerTexts_data()
@@ -141,45 +105,15 @@ void CommandShellTest::bannerTexts_data()
     QTest::addColumn<QString>("suffix");
     QTest::addColumn<QString>("ideName");
     QTest::addColumn<QString>("edition");
-    QTest::addColumn<QString>("architecture");
-    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<QString>("halcon");
+    QTest::addColumn<QString>("studio");
 
-    QTest::newRow("edition of HALCON") << "Progress"
-                                       << "devenv"
-                                       << "Professional"
-                                       << "amd64"
-                                       << "/K \"\"C:\\VC\\bin\\vcvars.bat\""
-                                          " & title HALCON 20.11.1 Progress (x64-win64)"
-                                          " & @ --fgred --fgint HALCON 20.11.1 Progress (x64-win64)"
-                                          " & @ --fgred --fgint type 'devenv' to launch"
-                                          " Visual Studio 14.0 (Professional) (amd64)"
-                                          " & @ --fgred --fgint type 'hdevelop.exe' to launch"
-                                          " HDevelop (20.11.1 Progress (x64-win64))"
-                                          " & cd /d \"C:\\HALCON-20.11\"\"";
-    QTest::newRow("no IDE, no architecture") << ""
-                                             << ""
-                                             << "Professional"
-                                             << ""
-                                             << "/K \"\"C:\\VC\\bin\\vcvars.bat\""
-                                                " & title HALCON 20.11.1 (x64-win64)"
-                                                " & @ --fgred --fgint HALCON 20.11.1 (x64-win64)"
-                                                " & @ --fgred --fgint type '' to launch"
-                                                " Visual Studio 14.0 (Professional)"
-                                                " & @ --fgred --fgint type 'hdevelop.exe' to launch"
-                                                " HDevelop (20.11.1 (x64-win64))"
-                                                " & cd /d \"C:\\HALCON-20.11\"\"";
-    QTest::newRow("nothing is quoted") << "A&B"
-                                       << "WDExpress"
-                                       << "Größe & (%PATH%) %1"
-                                       << "x86"
-                                       << "/K \"\"C:\\VC\\bin\\vcvars.bat\""
-                                          " & title HALCON 20.11.1 A&B (x64-win64)"
-                                          " & @ --fgred --fgint HALCON 20.11.1 A&B (x64-win64)"
-                                          " & @ --fgred --fgint type 'WDExpress' to launch"
-                                          " Visual Studio 14.0 (Größe & (%PATH%) %1) (x86)"
-                                          " & @ --fgred --fgint type 'hdevelop.exe' to launch"
-                                          " HDevelop (20.11.1 A&B (x64-win64))"
-                                          " & cd /d \"C:\\HALCON-20.11\"\"";
+    row("edition of HALCON", "Progress", "devenv", "Professional", "20.11.1.3 Progress (x64-win64)",
+        "Visual Studio 14.0 (Professional) (amd64)");
+    row("no IDE", "", "", "Professional", "20.11.1.3 (x64-win64)",
+        "Visual Studio 14.0 (Professional) (amd64)");
+    row("nothing is quoted", "A&B", "WDExpress", "Größe & (%PATH%) %1", "20.11.1.3 A&B (x64-win64)",
+        "Visual Studio 14.0 (Größe & (%PATH%) %1) (amd64)");
 }
 
 void CommandShellTest::bannerTexts()
@@ -187,16 +121,13 @@ void CommandShellTest::bannerTexts()
     QFETCH(QString, suffix);
     QFETCH(QString, ideName);
     QFETCH(QString, edition);
-    QFETCH(QString, architecture);
-    QFETCH(QString, arguments);
-    HalconInstallation halcon = installation("x64-win64");
-    halcon.suffix = suffix;
-    VisualStudioVersion studio = visualStudio();
-    studio.ideName = ideName;
-    studio.edition = edition;
-    studio.architecture = architecture;
+    QFETCH(QString, halcon);
+    QFETCH(QString, studio);
+    installation.suffix = suffix;
+    visualStudio.ideName = ideName;
+    visualStudio.edition = edition;
 
-    QCOMPARE(shellArguments(halcon, studio), withColourTool(arguments));
+    QCOMPARE(shellArguments(installation, visualStudio), expected(halcon, studio));
 }
 
 QTEST_GUILESS_MAIN(CommandShellTest)

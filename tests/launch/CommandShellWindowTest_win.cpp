@@ -2,6 +2,7 @@
 
 #include "companions/common/WindowsHandle.h"
 #include "launch/CommandShell.h"
+#include "tests/support/Installations.h"
 #include "tests/support/Patience.h"
 
 #include <QtTest>
@@ -60,16 +61,13 @@ void CommandShellWindowTest::windowOfItsOwn()
 {
     FreeConsole();
     const QTemporaryDir directory;
-    HalconInstallation installation(20, 11, 1, 0);
-    installation.installDir = QDir::toNativeSeparators(directory.path());
-    installation.arch = "x64-win64";
-    const VisualStudioVersion visualStudio;
+    const HalconInstallation installation = installationIn(QDir::toNativeSeparators(directory.path()));
     // The space that separates the command from the next one is part of the title.
-    const wchar_t *title = L"HALCON 20.11.1 (x64-win64) ";
+    const wchar_t *title = L"HALCON 20.11.1.3 (x64-win64) ";
     QCOMPARE(FindWindowW(nullptr, title), HWND(nullptr));
     QStringList errors;
 
-    QVERIFY2(startShell(installation, visualStudio, &errors), qPrintable(errors.join('\n')));
+    QVERIFY2(startShell(installation, VisualStudioVersion(), &errors), qPrintable(errors.join('\n')));
 
     const EndedProcess shell(interpreterProcess());
     HWND window = nullptr;
