@@ -2,6 +2,8 @@
 
 #include "launch/EnvironmentBroadcast.h"
 #include "launch/PermanentSwitch.h"
+#include "tests/support/Installations.h"
+#include "tests/support/Rows.h"
 #include "tests/support/SystemErrors.h"
 
 #include <QtTest>
@@ -51,52 +53,37 @@ class EnvironmentBroadcastCallTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void everyArgument();
-    void result_data();
-    void result();
+    void call_data();
+    void call();
     void failureIsReported();
 };
 
-void EnvironmentBroadcastCallTest::init()
-{
-    answer = 1;
-    asked.clear();
-}
-
-void EnvironmentBroadcastCallTest::everyArgument()
-{
-    broadcastEnvironmentChange();
-    QCOMPARE(asked, (QStringList{"window: 65535", "message: 26", "wParam: 0", "text: Environment", "flags: 2",
-                                 "timeout: 5000", "result: null"}));
-}
-
-void EnvironmentBroadcastCallTest::result_data()
+void EnvironmentBroadcastCallTest::call_data()
 {
     QTest::addColumn<int>("answered");
     QTest::addColumn<bool>("expected");
 
-    QTest::newRow("failure") << 0 << false;
-    QTest::newRow("success") << 1 << true;
-    QTest::newRow("any other number") << -1 << true;
+    row("failure", 0, false);
+    row("success", 1, true);
+    row("any other number", -1, true);
 }
 
-void EnvironmentBroadcastCallTest::result()
+void EnvironmentBroadcastCallTest::call()
 {
     QFETCH(int, answered);
     answer = answered;
+    asked.clear();
     QTEST(broadcastEnvironmentChange(), "expected");
+    QCOMPARE(asked, (QStringList{"window: 65535", "message: 26", "wParam: 0", "text: Environment", "flags: 2",
+                                 "timeout: 5000", "result: null"}));
 }
 
 void EnvironmentBroadcastCallTest::failureIsReported()
 {
-    HalconInstallation installation(13, 0, 0, 0);
-    installation.installDir = "C:\\H";
-    installation.arch = "x64-win64";
     QStringList lines;
     answer = 0;
 
-    QVERIFY(!permanentSwitch(installation, true, false, false, &lines));
+    QVERIFY(!permanentSwitch(installationIn("C:\\H"), true, false, false, &lines));
 
     QCOMPARE(lines.mid(lines.size() - 2),
              (QStringList{"broadcast environment updated message (WM_SETTINGCHANGE)",

@@ -2,6 +2,8 @@
 #include "launch/PermanentSwitch.h"
 #include "license/LicenseCopy.h"
 #include "tests/fakes/ElevatedHelperFake.h"
+#include "tests/support/Installations.h"
+#include "tests/support/Rows.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -22,8 +24,7 @@ QString path(const QString &name)
 
 void put(const QString &name)
 {
-    QFile file(path(name));
-    QVERIFY(file.open(QFile::WriteOnly));
+    QVERIFY(QFile(path(name)).open(QFile::WriteOnly));
 }
 
 } // namespace
@@ -33,20 +34,17 @@ class MissingHelperTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init()
+    {
+        cleanup(); // an aborted run may have left files
+        ElevatedHelperFake::reset();
+    }
     void cleanup();
     void reasonIsGiven_data();
     void reasonIsGiven();
     void permanentSwitchSaysSoBeforeAndAfter();
     void licenseCopySaysSo();
 };
-
-void MissingHelperTest::init()
-{
-    cleanup();
-    // A start of the helper would be recorded.
-    ElevatedHelperFake::reset();
-}
 
 void MissingHelperTest::cleanup()
 {
@@ -60,10 +58,10 @@ void MissingHelperTest::reasonIsGiven_data()
     QTest::addColumn<QStringList>("files");
     QTest::addColumn<QString>("given");
 
-    QTest::newRow("no helper and nothing in its place") << QStringList() << "";
-    QTest::newRow("helper") << QStringList{besideTheProgram.at(0)} << "";
-    QTest::newRow("file in its place") << QStringList{besideTheProgram.at(1)} << reason;
-    QTest::newRow("both, after it was put there by hand") << besideTheProgram << "";
+    row("no helper and nothing in its place", QStringList(), "");
+    row("helper", QStringList{besideTheProgram.at(0)}, "");
+    row("file in its place", QStringList{besideTheProgram.at(1)}, reason);
+    row("both, after it was put there by hand", besideTheProgram, "");
 }
 
 void MissingHelperTest::reasonIsGiven()
@@ -83,8 +81,7 @@ void MissingHelperTest::reasonIsGiven()
 void MissingHelperTest::permanentSwitchSaysSoBeforeAndAfter()
 {
     put(besideTheProgram.at(1));
-    HalconInstallation installation(20, 11, 1, 0);
-    installation.arch = "x64-win64";
+    const HalconInstallation installation = installationIn("C:\\H");
     const QString broadcast = "broadcast environment updated message (WM_SETTINGCHANGE)";
 
     QStringList planned;

@@ -2,6 +2,8 @@
 #include "launch/ElevatedHelper.h"
 #include "tests/fakes/ElevatedHelperFake.h"
 #include "tests/fakes/ProcessStartFake.h"
+#include "tests/support/Installations.h"
+#include "tests/support/Rows.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -11,15 +13,7 @@
 namespace {
 
 /// Without files, so that a requested registration finds no library.
-HalconInstallation installation()
-{
-    HalconInstallation result(20, 11, 1, 0);
-    result.arch = "x64-win64";
-    result.installDir = "C:\\H";
-    result.setExampleRoot("D:\\Examples");
-    return result;
-}
-
+const HalconInstallation installation = installationIn("C:\\H", "x64-win64", "D:\\Examples");
 const QString arguments = R"(--env HALCONROOT="C:\H" --env HALCONARCH="x64-win64" )"
                           R"(--env HALCONIMAGES="D:\Examples\examples\images" )"
                           R"(--env HALCONEXAMPLES="D:\Examples\examples" )";
@@ -46,22 +40,19 @@ class PermanentSwitchTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init()
+    {
+        ElevatedHelperFake::reset();
+        ProcessStartFake::reset();
+    }
     void helperIsBesideTheProgram();
     void dryRunDoesNothing();
     void run_data();
     void run();
     void runWithoutAList();
-    void checkBoxesReachTheHelper_data();
-    void checkBoxesReachTheHelper();
-    void eachCheckBoxHasItsLibraries();
+    void planIsCarriedOut_data();
+    void planIsCarriedOut();
 };
-
-void PermanentSwitchTest::init()
-{
-    ElevatedHelperFake::reset();
-    ProcessStartFake::reset();
-}
 
 void PermanentSwitchTest::helperIsBesideTheProgram()
 {
@@ -74,12 +65,11 @@ void PermanentSwitchTest::dryRunDoesNothing()
     ElevatedHelperFake::setOutcome(3, false);
     QStringList lines{"earlier line"};
 
-    QVERIFY(permanentSwitch(installation(), false, false, false, &lines));
+    QVERIFY(permanentSwitch(installation, false, false, false, &lines));
+
+    QVERIFY(permanentSwitch(installation, false, true, true, nullptr));
 
     QCOMPARE(lines, QStringList{"earlier line"} + plannedLines(arguments) + QStringList{broadcastLine});
-    QCOMPARE(ElevatedHelperFake::starts().size(), 0);
-    QCOMPARE(ElevatedHelperFake::broadcasts(), 0);
-    QVERIFY(permanentSwitch(installation(), false, true, true, nullptr));
     QCOMPARE(ElevatedHelperFake::starts().size(), 0);
     QCOMPARE(ElevatedHelperFake::broadcasts(), 0);
 }
@@ -93,12 +83,11 @@ void PermanentSwitchTest::run_data()
 
     const QString failed = "helper process returned with value %1. This indicates an error in the execution!";
     const QString broadcastFailed = "Error in broadcasting environment updated message: the window is gone";
-    QTest::newRow("success") << 0 << true << true << QStringList{broadcastLine};
-    QTest::newRow("helper fails") << 3 << true << false << QStringList{failed.arg(3), broadcastLine};
-    QTest::newRow("helper not started") << -1 << true << false << QStringList{failed.arg(-1), broadcastLine};
-    QTest::newRow("broadcast fails") << 0 << false << false << QStringList{broadcastLine, broadcastFailed};
-    QTest::newRow("both fail") << 1 << false << false
-                               << QStringList{failed.arg(1), broadcastLine, broadcastFailed};
+    row("success", 0, true, true, QStringList{broadcastLine});
+    row("helper fails", 3, true, false, QStringList{failed.arg(3), broadcastLine});
+    row("helper not started", -1, true, false, QStringList{failed.arg(-1), broadcastLine});
+    row("broadcast fails", 0, false, false, QStringList{broadcastLine, broadcastFailed});
+    row("both fail", 1, false, false, QStringList{failed.arg(1), broadcastLine, broadcastFailed});
 }
 
 void PermanentSwitchTest::run()
@@ -111,7 +100,7 @@ void PermanentSwitchTest::run()
     ProcessStartFake::failWith("the window is gone");
     QStringList lines{"earlier line"};
 
-    QTEST(permanentSwitch(installation(), true, false, false, &lines), "succeeds");
+    QTEST(permanentSwitch(installation, true, false, false, &lines), "succeeds");
 
     QCOMPARE(lines, QStringList{"earlier line"} + plannedLines(arguments) + said);
     QCOMPARE(ElevatedHelperFake::starts().size(), 1);
@@ -126,61 +115,42 @@ void PermanentSwitchTest::run()
 
 void PermanentSwitchTest::runWithoutAList()
 {
-    QVERIFY(permanentSwitch(installation(), true, false, false, nullptr));
-    QCOMPARE(ElevatedHelperFake::starts().size(), 1);
-    QCOMPARE(ElevatedHelperFake::broadcasts(), 1);
-
+    QVERIFY(permanentSwitch(installation, true, false, false, nullptr));
     ElevatedHelperFake::setOutcome(3, false);
-    QVERIFY(!permanentSwitch(installation(), true, false, false, nullptr));
+    QVERIFY(!permanentSwitch(installation, true, false, false, nullptr));
     QCOMPARE(ElevatedHelperFake::starts().size(), 2);
     QCOMPARE(ElevatedHelperFake::broadcasts(), 2);
 }
 
-void PermanentSwitchTest::checkBoxesReachTheHelper_data()
+void PermanentSwitchTest::planIsCarriedOut_data()
 {
     QTest::addColumn<bool>("registerHalconCom");
     QTest::addColumn<bool>("registerEngineCom");
-    QTest::addColumn<QString>("expected");
+    QTest::addColumn<QStringList>("libraries");
 
-    QTest::newRow("neither") << false << false << arguments;
-    QTest::newRow("HALCON COM") << true << false << arguments + "--x64";
-    QTest::newRow("engine COM") << false << true << arguments + "--x64";
-    QTest::newRow("both") << true << true << arguments + "--x64";
+    row("HALCON COM", true, false, QStringList{"halconx.dll"});
+    row("engine COM", false, true, QStringList{"hdevenginex.dll"});
+    row("both", true, true, QStringList{"halconx.dll", "hdevenginex.dll"});
 }
 
-void PermanentSwitchTest::checkBoxesReachTheHelper()
+void PermanentSwitchTest::planIsCarriedOut()
 {
     QFETCH(bool, registerHalconCom);
     QFETCH(bool, registerEngineCom);
-    QFETCH(QString, expected);
-    QStringList planned;
-    QVERIFY(permanentSwitch(installation(), false, registerHalconCom, registerEngineCom, &planned));
-    QStringList done;
-    QVERIFY(permanentSwitch(installation(), true, registerHalconCom, registerEngineCom, &done));
-
-    QCOMPARE(planned, plannedLines(expected) + QStringList{broadcastLine});
-    // The plan that was shown is carried out.
-    QCOMPARE(done, planned);
-    QCOMPARE(ElevatedHelperFake::starts().constFirst().arguments, expected);
-}
-
-void PermanentSwitchTest::eachCheckBoxHasItsLibraries()
-{
     const QTemporaryDir directory;
-    HalconInstallation withLibraries = installation();
-    withLibraries.installDir = directory.filePath("H");
+    const HalconInstallation withLibraries = installationIn(directory.filePath("H"));
     for (const char *name : {"halconx.dll", "hdevenginex.dll"}) {
-        QFile file(withLibraries.installDir + "\\bin\\x64-win64\\" + name);
-        QVERIFY(file.open(QIODevice::WriteOnly));
+        QVERIFY(QFile(withLibraries.installDir + "\\bin\\x64-win64\\" + name).open(QFile::WriteOnly));
     }
-    QVERIFY(permanentSwitch(withLibraries, true, true, false, nullptr));
-    QVERIFY(permanentSwitch(withLibraries, true, false, true, nullptr));
+    QStringList planned;
+    QVERIFY(permanentSwitch(withLibraries, false, registerHalconCom, registerEngineCom, &planned));
+    QStringList done;
+    QVERIFY(permanentSwitch(withLibraries, true, registerHalconCom, registerEngineCom, &done));
 
-    const auto starts = ElevatedHelperFake::starts();
-    QVERIFY(starts[0].arguments.endsWith("halconx.dll\""));
-    QVERIFY(!starts[0].arguments.contains("hdevenginex.dll"));
-    QVERIFY(starts[1].arguments.endsWith("hdevenginex.dll\""));
-    QVERIFY(!starts[1].arguments.contains("halconx.dll"));
+    QCOMPARE(done, planned);
+    const QString started = ElevatedHelperFake::starts().constFirst().arguments;
+    QVERIFY(planned.at(4).endsWith(started));
+    QTEST(started.split(QRegularExpression("[\\\\\"]")).filter(".dll"), "libraries");
 }
 
 QTEST_GUILESS_MAIN(PermanentSwitchTest)

@@ -4,7 +4,9 @@
 #include "tests/launch/ElevatedHelperShellBox.h"
 #include "tests/launch/EnvironmentBroadcastWindow.h"
 #include "tests/launch/PermanentSwitchMachine.h"
+#include "tests/support/Installations.h"
 #include "tests/support/Registry.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
 
@@ -13,26 +15,9 @@
 namespace {
 
 /// One of the two requested libraries exists.
-class InstalledHalcon {
-public:
-    InstalledHalcon()
-    {
-        EchoChild::copyTo(library());
-        installation.arch = "x64-win64";
-        installation.installDir = QDir::toNativeSeparators(directory.path());
-        installation.setExampleRoot("D:\\Examples");
-    }
-    QString library() const
-    {
-        return QDir::toNativeSeparators(directory.filePath("bin/x64-win64/halconx.dll"));
-    }
-    QString arguments() const
-    {
-        return "--env HALCONROOT=\"" + installation.installDir +
-               R"(" --env HALCONARCH="x64-win64" --env HALCONIMAGES="D:\Examples\examples\images" )"
-               R"(--env HALCONEXAMPLES="D:\Examples\examples" --x64 ")" +
-               library() + '"';
-    }
+struct InstalledHalcon {
+    InstalledHalcon() { EchoChild::copyTo(library); }
+
     /// The announcement before anything is done, while no variable is set.
     QStringList plannedLines() const
     {
@@ -40,15 +25,27 @@ public:
                 changeLine("HALCONARCH", "user", "", "x64-win64"),
                 changeLine("HALCONIMAGES", "user", "", "D:\\Examples\\examples\\images"),
                 changeLine("HALCONEXAMPLES", "user", "", "D:\\Examples\\examples"),
-                "executing helper process with elevated rights: " + helperExecutablePath() + " " +
-                    arguments()};
+                "executing helper process with elevated rights: " + helperExecutablePath() + " " + arguments};
     }
 
-    HalconInstallation installation{20, 11, 1, 0};
-
-private:
-    QTemporaryDir directory;
+    const QTemporaryDir directory;
+    const HalconInstallation installation =
+        installationIn(QDir::toNativeSeparators(directory.path()), "x64-win64", "D:\\Examples");
+    const QString library = installation.installDir + "\\bin\\x64-win64\\halconx.dll";
+    const QString arguments =
+        "--env HALCONROOT=\"" + installation.installDir +
+        R"(" --env HALCONARCH="x64-win64" --env HALCONIMAGES="D:\Examples\examples\images" )"
+        R"(--env HALCONEXAMPLES="D:\Examples\examples" --x64 ")" +
+        library + '"';
 };
+
+/// What a switch says first, of each variable.
+QStringList changeLines()
+{
+    QStringList lines;
+    permanentSwitch(installationIn("C:\\H", "x64-win64", "D:\\E"), false, false, false, &lines);
+    return lines.mid(0, 4);
+}
 
 } // namespace
 
@@ -57,104 +54,46 @@ class PermanentSwitchTest : public QObject {
 
 private slots:
     void init() { clearVariables(); }
-    void currentValue_data();
-    void currentValue();
-    void everyVariableHasItsOwnValue();
+    void valuesOfUserAndSystem();
+    void emptyValues();
     void otherTypesOfValues();
     void dryRunDoesNothing();
     void run_data();
     void run();
     void runWithoutAHelper();
-    void runWithoutAList();
     void cleanupTestCase() { clearVariables(); }
 };
 
-void PermanentSwitchTest::currentValue_data()
+void PermanentSwitchTest::valuesOfUserAndSystem()
 {
-    QTest::addColumn<QString>("user"); // null: no value
-    QTest::addColumn<QString>("system");
-    QTest::addColumn<QString>("scope");
-    QTest::addColumn<QString>("reported");
-
-    QTest::newRow("user only") << "D:\\Old" << QString() << "user"
-                               << "D:\\Old";
-    QTest::newRow("system only") << QString() << "C:\\Older"
-                                 << "system"
-                                 << "C:\\Older";
-    QTest::newRow("user and system") << "D:\\Old"
-                                     << "C:\\Older"
-                                     << "user"
-                                     << "D:\\Old";
-    QTest::newRow("neither") << QString() << QString() << "user"
-                             << "";
-    QTest::newRow("empty user, system") << ""
-                                        << "C:\\Older"
-                                        << "system"
-                                        << "C:\\Older";
-    QTest::newRow("user, empty system") << "D:\\Old"
-                                        << ""
-                                        << "user"
-                                        << "D:\\Old";
-    QTest::newRow("both empty") << ""
-                                << ""
-                                << "user"
-                                << "";
-    QTest::newRow("as it will be") << QString() << "C:\\H"
-                                   << "system"
-                                   << "C:\\H";
-    QTest::newRow("not ASCII, percent signs")
-        << "D:\\Gr\u00f6\u00dfe \u691c %1 %2 %PATH%" << QString() << "user"
-        << "D:\\Gr\u00f6\u00dfe \u691c %1 %2 %PATH%";
-}
-
-void PermanentSwitchTest::currentValue()
-{
-    QFETCH(QString, user);
-    QFETCH(QString, system);
-    QFETCH(QString, scope);
-    QFETCH(QString, reported);
-    if (!user.isNull()) {
-        Registry::setString(userKey, "HALCONROOT", user);
-    }
-    if (!system.isNull()) {
-        Registry::setString(systemKey, "HALCONROOT", system);
-    }
-    HalconInstallation installation(20, 11, 1, 0);
-    installation.arch = "x64-win64";
-    installation.installDir = "C:\\H";
-    QStringList lines;
-
-    QVERIFY(permanentSwitch(installation, false, false, false, &lines));
-
-    QCOMPARE(lines, (QStringList{
-                        changeLine("HALCONROOT", scope, reported, "C:\\H"),
-                        changeLine("HALCONARCH", "user", "", "x64-win64"),
-                        changeLine("HALCONIMAGES", "user", "", ""),
-                        changeLine("HALCONEXAMPLES", "user", "", ""),
-                        "executing helper process with elevated rights: " + helperExecutablePath() +
-                            R"( --env HALCONROOT="C:\H" --env HALCONARCH="x64-win64" )"
-                            R"(--env HALCONIMAGES="" --env HALCONEXAMPLES="" )",
-                        broadcastLine,
-                    }));
-}
-
-void PermanentSwitchTest::everyVariableHasItsOwnValue()
-{
-    Registry::setString(userKey, "HALCONROOT", "root");
+    Registry::setString(userKey, "HALCONROOT", "D:\\Old");
     Registry::setString(systemKey, "HALCONARCH", "architecture");
-    Registry::setString(userKey, "HALCONIMAGES", "images");
+    Registry::setString(userKey, "HALCONIMAGES", "D:\\Gr\u00f6\u00dfe \u691c %1 %2 %PATH%");
     Registry::setString(systemKey, "HALCONIMAGES", "shadowed");
-    Registry::setString(systemKey, "HALCONEXAMPLES", "examples");
-    const InstalledHalcon halcon;
-    QStringList lines;
 
-    QVERIFY(permanentSwitch(halcon.installation, false, true, true, &lines));
-
-    QCOMPARE(lines.mid(0, 4),
-             (QStringList{changeLine("HALCONROOT", "user", "root", halcon.installation.installDir),
+    QCOMPARE(changeLines(),
+             (QStringList{changeLine("HALCONROOT", "user", "D:\\Old", "C:\\H"),
                           changeLine("HALCONARCH", "system", "architecture", "x64-win64"),
-                          changeLine("HALCONIMAGES", "user", "images", "D:\\Examples\\examples\\images"),
-                          changeLine("HALCONEXAMPLES", "system", "examples", "D:\\Examples\\examples")}));
+                          changeLine("HALCONIMAGES", "user", "D:\\Gr\u00f6\u00dfe \u691c %1 %2 %PATH%",
+                                     "D:\\E\\examples\\images"),
+                          changeLine("HALCONEXAMPLES", "user", "", "D:\\E\\examples")}));
+}
+
+void PermanentSwitchTest::emptyValues()
+{
+    Registry::setString(userKey, "HALCONROOT", "");
+    Registry::setString(systemKey, "HALCONROOT", "C:\\Older");
+    Registry::setString(userKey, "HALCONARCH", "architecture");
+    Registry::setString(systemKey, "HALCONARCH", "");
+    Registry::setString(userKey, "HALCONIMAGES", "");
+    Registry::setString(systemKey, "HALCONIMAGES", "");
+    Registry::setString(systemKey, "HALCONEXAMPLES", "examples");
+
+    QCOMPARE(changeLines(),
+             (QStringList{changeLine("HALCONROOT", "system", "C:\\Older", "C:\\H"),
+                          changeLine("HALCONARCH", "user", "architecture", "x64-win64"),
+                          changeLine("HALCONIMAGES", "user", "", "D:\\E\\examples\\images"),
+                          changeLine("HALCONEXAMPLES", "system", "examples", "D:\\E\\examples")}));
 }
 
 void PermanentSwitchTest::otherTypesOfValues()
@@ -165,17 +104,12 @@ void PermanentSwitchTest::otherTypesOfValues()
     Registry::setDword(systemKey, "HALCONIMAGES", 7);
     // A multi-string is not a string.
     Registry::setStrings(userKey, "HALCONEXAMPLES", {"a", "b"});
-    const InstalledHalcon halcon;
-    QStringList lines;
 
-    QVERIFY(permanentSwitch(halcon.installation, false, true, true, &lines));
-
-    QCOMPARE(
-        lines.mid(0, 4),
-        (QStringList{changeLine("HALCONROOT", "user", "%SystemDrive%\\H", halcon.installation.installDir),
-                     changeLine("HALCONARCH", "system", "%PROCESSOR_ARCHITECTURE%", "x64-win64"),
-                     changeLine("HALCONIMAGES", "system", "7", "D:\\Examples\\examples\\images"),
-                     changeLine("HALCONEXAMPLES", "user", "", "D:\\Examples\\examples")}));
+    QCOMPARE(changeLines(),
+             (QStringList{changeLine("HALCONROOT", "user", "%SystemDrive%\\H", "C:\\H"),
+                          changeLine("HALCONARCH", "system", "%PROCESSOR_ARCHITECTURE%", "x64-win64"),
+                          changeLine("HALCONIMAGES", "system", "7", "D:\\E\\examples\\images"),
+                          changeLine("HALCONEXAMPLES", "user", "", "D:\\E\\examples")}));
 }
 
 void PermanentSwitchTest::dryRunDoesNothing()
@@ -207,11 +141,9 @@ void PermanentSwitchTest::run_data()
         return QStringList{"helper process returned with value " + value +
                            ". This indicates an error in the execution!"};
     };
-    QTest::newRow("success") << 0u << QStringList();
-    QTest::newRow("two") << 2u << line("2");
-    QTest::newRow("three") << 3u << line("3");
-    QTest::newRow("largest") << 0x7fffffffu << line("2147483647");
-    QTest::newRow("all bits") << 0xffffffffu << line("-1");
+    row<quint32, QStringList>("success", 0, {});
+    row<quint32>("three", 3, line("3"));
+    row<quint32>("all bits", 0xffffffff, line("-1"));
 }
 
 void PermanentSwitchTest::run()
@@ -235,7 +167,7 @@ void PermanentSwitchTest::run()
     EchoRecord found;
     QVERIFY(child.waitForRecord(found));
     QCOMPARE(found.executable, helperExecutablePath());
-    QCOMPARE(found.commandLine, '"' + helperExecutablePath() + "\" " + halcon.arguments());
+    QCOMPARE(found.commandLine, '"' + helperExecutablePath() + "\" " + halcon.arguments);
     QCOMPARE(found.currentDirectory, QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
     QCOMPARE(found.showCommand, SW_SHOW);
     // The helper sets the variables.
@@ -259,18 +191,6 @@ void PermanentSwitchTest::runWithoutAHelper()
                      broadcastLine,
                  }));
     QCOMPARE(window.closeAndTakeLines(), QStringList{"wParam 0, text Environment"});
-}
-
-void PermanentSwitchTest::runWithoutAList()
-{
-    const InstalledHalcon halcon;
-    const ElevatedHelperProgram helper;
-    const EchoChild child;
-
-    QVERIFY(permanentSwitch(halcon.installation, true, true, false, nullptr));
-    QVERIFY(child.hasRecord());
-    EchoChild::exitWith(3);
-    QVERIFY(!permanentSwitch(halcon.installation, true, true, false, nullptr));
 }
 
 QTEST_GUILESS_MAIN(PermanentSwitchTest)
