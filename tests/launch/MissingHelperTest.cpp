@@ -74,8 +74,13 @@ void MissingHelperTest::reasonIsGiven()
     QTEST(reasonForMissingHelper(), "given");
     // The shell is asked for it unless there is a reason not to.
     QFETCH(QString, given);
-    QCOMPARE(runHelper("arguments", true), given.isEmpty() ? 0 : -1);
+    QCOMPARE(runHelper("arguments", false), given.isEmpty() ? 0 : -1);
     QCOMPARE(ElevatedHelperFake::starts().size(), given.isEmpty() ? 1 : 0);
+    for (const ElevatedHelperFake::Start &start : ElevatedHelperFake::starts()) {
+        QCOMPARE(start.executable, helperExecutablePath());
+        QCOMPARE(start.arguments, "arguments");
+        QVERIFY(!start.show && start.wait);
+    }
 }
 
 void MissingHelperTest::permanentSwitchSaysSoBeforeAndAfter()
