@@ -2,7 +2,7 @@
 
 #include "card/CardIcons.h"
 #include "card/CardPalette.h"
-#include "card/CardTexts.h"
+#include "card/CardStyleSheets.h"
 
 #include <QFileIconProvider>
 #include <QFileInfo>

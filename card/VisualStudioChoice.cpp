@@ -1,7 +1,7 @@
 #include "card/VisualStudioChoice.h"
 
 #include "card/CardContext.h"
-#include "card/CardTexts.h"
+#include "card/VisualStudioRows.h"
 #include "devenv/VisualStudioDetection.h"
 
 #include <QMessageBox>

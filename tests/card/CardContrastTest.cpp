@@ -1,4 +1,3 @@
-#include "card/CardTexts.h"
 #include "card/SingleHalconVersionFrame.h"
 #include "tests/card/CardShape.h"
 #include "tests/card/Contrast.h"

@@ -1,4 +1,4 @@
-#include "card/CardTexts.h"
+#include "card/CardStyleSheets.h"
 #include "card/SingleHalconVersionFrame.h"
 #include "tests/card/CardButtons.h"
 #include "tests/support/RichText.h"
