@@ -1,11 +1,10 @@
 #include "card/SingleHalconVersionFrame.h"
 
-#include "base/MakerAddresses.h"
 #include "card/CardAccessibility.h"
+#include "card/CardDetails.h"
 #include "card/CardErrors.h"
 #include "card/CardLook.h"
 #include "card/CardStyleSheets.h"
-#include "card/DetailsHtml.h"
 #include "card/HelpMenu.h"
 #include "card/LicenseConversation.h"
 #include "card/SwitchConversation.h"
@@ -17,14 +16,12 @@
 #include "launch/IdeLaunch.h"
 #include "launch/VelloxaLaunch.h"
 #include "ui_SingleHalconVersionFrame.h"
-#include "update/HalconReleases.h"
 
 #include <QAction>
 #include <QDesktopServices>
 #include <QEvent>
 #include <QFileInfo>
 #include <QMessageBox>
-#include <QProcess>
 #include <QUrl>
 
 #include <utility>
@@ -36,7 +33,8 @@ SingleHalconVersionFrame::SingleHalconVersionFrame(const HalconInstallation &ins
     setObjectNames();
     styleCard(*this, record.major);
 
-    showDetails();
+    showDetails(record, *ui->textBrowser);
+    connect(ui->textBrowser, &QTextBrowser::anchorClicked, this, &SingleHalconVersionFrame::textBrowserClick);
     fillVisualStudioList();
     showVersion();
     addHelpMenu();
@@ -76,15 +74,7 @@ QList<QWidget *> SingleHalconVersionFrame::tabStops() const
 
 void SingleHalconVersionFrame::showUpdate(const HalconInstallation &latest)
 {
-    // The details as they were before the first comparison.
-    const char *const cache = "cachedHtml";
-    if (ui->textBrowser->property(cache).toString().isEmpty()) {
-        ui->textBrowser->setProperty(cache, ui->textBrowser->toHtml());
-    }
-    if (isNewer(latest, record)) {
-        const QString line = updateLine(latest, MakerAddresses::halconDownloads());
-        ui->textBrowser->setHtml(withLastLine(ui->textBrowser->property(cache).toString(), line));
-    }
+    showRelease(latest, record, *ui->textBrowser);
 }
 
 bool SingleHalconVersionFrame::eventFilter(QObject *watched, QEvent *event)
@@ -122,14 +112,6 @@ void SingleHalconVersionFrame::setObjectNames()
     for (const auto &[object, name] : names) {
         object->setObjectName(QLatin1String(name));
     }
-}
-
-void SingleHalconVersionFrame::showDetails()
-{
-    ui->textBrowser->setText(
-        detailsHtml(record, QFileInfo(record.installDir).isDir(), QFileInfo(record.exampleRoot).isDir()));
-    ui->textBrowser->setOpenLinks(false);
-    connect(ui->textBrowser, &QTextBrowser::anchorClicked, this, &SingleHalconVersionFrame::textBrowserClick);
 }
 
 void SingleHalconVersionFrame::fillVisualStudioList()
@@ -210,14 +192,7 @@ void SingleHalconVersionFrame::setAccessibleNames()
 
 void SingleHalconVersionFrame::textBrowserClick(const QUrl &link)
 {
-    const QString path = link.path(QUrl::FullyDecoded);
-    if (path == QLatin1String("/exampleRoot")) {
-        QProcess::startDetached(QStringLiteral("explorer"), {record.exampleRoot});
-    } else if (path == QLatin1String("/installDir")) {
-        QProcess::startDetached(QStringLiteral("explorer"), {record.installDir});
-    } else {
-        QDesktopServices::openUrl(link);
-    }
+    openDetailsLink(link, record);
 }
 
 void SingleHalconVersionFrame::switchVersion()

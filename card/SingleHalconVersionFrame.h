@@ -84,7 +84,6 @@ public slots:
 
 private:
     void setObjectNames();
-    void showDetails();
     void connectComRows();
     void fillVisualStudioList();
     void showVersion();

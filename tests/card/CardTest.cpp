@@ -1,14 +1,12 @@
 #include "card/CardStyleSheets.h"
 #include "card/SingleHalconVersionFrame.h"
 #include "tests/card/CardButtons.h"
-#include "tests/support/RichText.h"
 
 #include <QCheckBox>
 #include <QGraphicsDropShadowEffect>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTextBrowser>
 #include <QtTest>
 
@@ -42,7 +40,6 @@ private slots:
     void shieldTogglesComBox();
     void labelTogglesComBox_data();
     void labelTogglesComBox();
-    void details_data();
     void details();
     void withoutVisualStudio();
 };
@@ -267,40 +264,11 @@ void CardTest::labelTogglesComBox()
     QVERIFY(!const_cast<SingleHalconVersionFrame &>(card).eventFilter(pressed, &other));
 }
 
-void CardTest::details_data()
-{
-    QTest::addColumn<QStringList>("directories");
-    QTest::addColumn<QStringList>("paths");
-
-    const QStringList installDir{"\"\nInstallDir: \"",
-                                 "\"D:/HALCON\" bold underlined #0000ff -> file:///installDir"};
-    const QStringList exampleRoot{"\"\nExampleRoot: \"",
-                                  "\"D:/examples\" bold underlined #0000ff -> file:///exampleRoot"};
-    // Of the two remarks only the first is bold.
-    const QStringList noInstallDir{"\"\nInstallDir: D:/HALCON \"", "\"(not found)\" bold #ff0000"};
-    const QStringList noExampleRoot{"\"\nExampleRoot: D:/examples \"", "\"(not found)\" #ff0000"};
-    QTest::newRow("both directories") << QStringList{"HALCON", "examples"} << installDir + exampleRoot;
-    QTest::newRow("installation alone") << QStringList{"HALCON"} << installDir + noExampleRoot;
-    QTest::newRow("examples alone") << QStringList{"examples"} << noInstallDir + exampleRoot;
-    QTest::newRow("neither directory") << QStringList() << noInstallDir + noExampleRoot;
-}
-
 void CardTest::details()
 {
-    QFETCH(QStringList, directories);
-    QFETCH(QStringList, paths);
-    const QTemporaryDir machine;
-    for (const QString &name : directories) {
-        QVERIFY(QDir(machine.path()).mkdir(name));
-    }
-    HalconInstallation shown = installation();
-    shown.installDir = machine.filePath("HALCON");
-    shown.setExampleRoot(machine.filePath("examples"));
-    const SingleHalconVersionFrame card(shown);
+    const SingleHalconVersionFrame card(installation());
     const auto *browser = card.findChild<QTextBrowser *>("textBrowser");
-    const QStringList before{"\"Details:\" bold", "\"\nVersion: \"", "\"13.0.0\" bold"};
-    QCOMPARE(richTextRuns(*browser->document()).replaceInStrings(machine.path(), "D:"), before + paths);
-    QVERIFY(!browser->openLinks());
+    QCOMPARE(browser->toPlainText().split('\n').mid(0, 2), (QStringList{"Details:", "Version: 13.0.0"}));
     QCOMPARE(browser->styleSheet(), QString("background-color: rgba(0, 0, 0, 0);"));
 }
 

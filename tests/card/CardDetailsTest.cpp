@@ -1,0 +1,83 @@
+#include "card/CardDetails.h"
+#include "base/MakerAddresses.h"
+#include "tests/support/Installations.h"
+#include "tests/support/RichText.h"
+#include "tests/support/Rows.h"
+
+#include <QTemporaryDir>
+#include <QTextBrowser>
+
+class CardDetailsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void directories_data();
+    void directories();
+    void release();
+};
+
+void CardDetailsTest::directories_data()
+{
+    QTest::addColumn<QStringList>("there");
+    QTest::addColumn<QStringList>("paths");
+
+    const QStringList installDir{"\"\nInstallDir: \"",
+                                 "\"D:/HALCON\" bold underlined #0000ff -> file:///installDir"};
+    const QStringList exampleRoot{"\"\nExampleRoot: \"",
+                                  "\"D:/examples\" bold underlined #0000ff -> file:///exampleRoot"};
+    // Of the two remarks only the first is bold.
+    const QStringList noInstallDir{"\"\nInstallDir: D:/HALCON \"", "\"(not found)\" bold #ff0000"};
+    const QStringList noExampleRoot{"\"\nExampleRoot: D:/examples \"", "\"(not found)\" #ff0000"};
+    row("both directories", QStringList{"HALCON", "examples"}, installDir + exampleRoot);
+    row("installation alone", QStringList{"HALCON"}, installDir + noExampleRoot);
+    row("examples alone", QStringList{"examples"}, noInstallDir + exampleRoot);
+    row("neither directory", QStringList(), noInstallDir + noExampleRoot);
+}
+
+void CardDetailsTest::directories()
+{
+    QFETCH(QStringList, there);
+    const QTemporaryDir machine;
+    for (const QString &name : there) {
+        QVERIFY(QDir(machine.path()).mkdir(name));
+    }
+    QTextBrowser browser;
+
+    showDetails(installationIn(machine.filePath("HALCON"), "x64-win64", machine.filePath("examples")),
+                browser);
+
+    const QStringList runs = richTextRuns(*browser.document()).replaceInStrings(machine.path(), "D:");
+    QCOMPARE(runs.mid(0, 3), (QStringList{"\"Details:\" bold", "\"\nVersion: \"", "\"20.11.1.3\" bold"}));
+    QTEST(QStringList(runs.mid(3)), "paths");
+    QVERIFY(!browser.openLinks());
+}
+
+/// Each newer release replaces the one shown before; what is not newer changes nothing.
+void CardDetailsTest::release()
+{
+    const HalconInstallation installed = installationIn("C:\\H");
+    QTextBrowser browser;
+    showDetails(installed, browser);
+    const QStringList before = richTextRuns(*browser.document());
+    showRelease(HalconInstallation(20, 11, 1, 2), installed, browser);
+    showRelease(installed, installed, browser);
+    QCOMPARE(richTextRuns(*browser.document()), before);
+
+    for (const HalconInstallation &latest :
+         {HalconInstallation(20, 11, 2, 0), HalconInstallation(20, 11, 3, 0)}) {
+        showRelease(latest, installed, browser);
+        QCOMPARE(richTextRuns(*browser.document()).join('|'),
+                 (before + QStringList{"\"Latest version: " + latest.versionText() + " \"",
+                                       "\"Update available!\" bold underlined #ff0000 -> " +
+                                           MakerAddresses::halconDownloads(),
+                                       "\"\n\""})
+                     .join('|'));
+    }
+    const QStringList newest = richTextRuns(*browser.document());
+    showRelease(installed, installed, browser);
+    QCOMPARE(richTextRuns(*browser.document()), newest);
+}
+
+QTEST_MAIN(CardDetailsTest)
+
+#include "CardDetailsTest.moc"
