@@ -10,7 +10,9 @@
 #include "card/SwitchConversation.h"
 #include "card/VelloxaAdvertisementDialog.h"
 #include "card/VersionTexts.h"
+#include "card/VisualStudioButtons.h"
 #include "card/VisualStudioChoice.h"
+#include "devenv/VisualStudioDetection.h"
 #include "launch/CommandShell.h"
 #include "launch/HDevelopLaunch.h"
 #include "launch/IdeLaunch.h"
@@ -20,7 +22,6 @@
 #include <QAction>
 #include <QDesktopServices>
 #include <QEvent>
-#include <QFileInfo>
 #include <QMessageBox>
 #include <QUrl>
 
@@ -116,7 +117,7 @@ void SingleHalconVersionFrame::setObjectNames()
 
 void SingleHalconVersionFrame::fillVisualStudioList()
 {
-    visualStudios = std::make_unique<VisualStudioChoice>(record.arch);
+    visualStudios = std::make_unique<VisualStudioChoice>(visualStudioVersions(), record.arch);
     ui->lwVsVersion->addItems(visualStudios->rows());
     if (ui->lwVsVersion->count() == 0) {
         ui->pbShell->setIcon(QIcon(QStringLiteral(":/shell_no_devenv.png")));
@@ -269,16 +270,7 @@ void SingleHalconVersionFrame::updateDevEnvIconModelIndex(const QModelIndex &ind
 
 void SingleHalconVersionFrame::updateDevEnvIconIndex(int row)
 {
-    const VisualStudioVersion *version = visualStudios->at(row);
-    if (version == nullptr) {
-        ui->pbDevEnv->hide();
-        return;
-    }
-    const QFileInfo ide(version->idePath);
-    const QIcon icon = ide.exists() ? shellIcon(ide.absoluteFilePath(), ui->pbHDevelop->iconSize()) : QIcon();
-    ui->pbDevEnv->setVisible(!icon.isNull());
-    ui->pbDevEnv->setIcon(icon);
-    ui->pbShell->setVisible(!version->architecture.isEmpty());
+    showVisualStudioButtons(visualStudios->at(row), *ui->pbShell, *ui->pbDevEnv);
 }
 
 void SingleHalconVersionFrame::launchDevEnv()

@@ -2,12 +2,11 @@
 
 #include "card/CardContext.h"
 #include "card/VisualStudioRows.h"
-#include "devenv/VisualStudioDetection.h"
 
 #include <QMessageBox>
 
-VisualStudioChoice::VisualStudioChoice(const QString &arch)
-    : versions(versionsForArchitecture(visualStudioVersions(), arch))
+VisualStudioChoice::VisualStudioChoice(const QList<VisualStudioVersion> &found, const QString &arch)
+    : versions(versionsForArchitecture(found, arch))
 {
 }
 

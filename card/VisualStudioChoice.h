@@ -11,9 +11,8 @@ class QWidget;
 /// The Visual Studio versions that a card has to choose from.
 class VisualStudioChoice {
 public:
-    /// Those that build for @p arch. The first choice of a process looks for Visual Studio, which may take
-    /// seconds.
-    explicit VisualStudioChoice(const QString &arch);
+    /// Those of @p found that build for @p arch, in the same order.
+    VisualStudioChoice(const QList<VisualStudioVersion> &found, const QString &arch);
 
     /// The rows of the card's list.
     QStringList rows() const;
