@@ -2,27 +2,22 @@
 
 #include "card/CardAccessibility.h"
 #include "card/CardDetails.h"
-#include "card/CardErrors.h"
 #include "card/CardLook.h"
 #include "card/CardStyleSheets.h"
 #include "card/HelpMenu.h"
+#include "card/LaunchConversation.h"
 #include "card/LicenseConversation.h"
 #include "card/SwitchConversation.h"
-#include "card/VelloxaAdvertisementDialog.h"
 #include "card/VersionTexts.h"
 #include "card/VisualStudioButtons.h"
 #include "card/VisualStudioChoice.h"
 #include "devenv/VisualStudioDetection.h"
-#include "launch/CommandShell.h"
 #include "launch/HDevelopLaunch.h"
-#include "launch/IdeLaunch.h"
-#include "launch/VelloxaLaunch.h"
 #include "ui_SingleHalconVersionFrame.h"
 
 #include <QAction>
 #include <QDesktopServices>
 #include <QEvent>
-#include <QMessageBox>
 #include <QUrl>
 
 #include <utility>
@@ -208,19 +203,7 @@ void SingleHalconVersionFrame::installLicense()
 
 void SingleHalconVersionFrame::launchShellModelIndex(const QModelIndex &index)
 {
-    const VisualStudioVersion *version = visualStudios->chosen(
-        index.row(), tr("Could not launch shell: No valid Visual Studio version selected."), this);
-    if (version == nullptr) {
-        return;
-    }
-    if (version->vcvarsBat.isEmpty()) {
-        launchDevEnvModelIndex(index);
-        return;
-    }
-    QStringList errors;
-    if (!startShell(record, *version, &errors)) {
-        warnOfErrors(tr("There were errors in launching a CMD shell for HALCON %1:\n"), record, errors, this);
-    }
+    launchShellOrWarn(record, *visualStudios, index.row(), this);
 }
 
 void SingleHalconVersionFrame::launchShell()
@@ -230,30 +213,17 @@ void SingleHalconVersionFrame::launchShell()
 
 void SingleHalconVersionFrame::launchHDevelop()
 {
-    launchHDevelopBuild(false);
+    launchHDevelopOrWarn(record, false, this);
 }
 
 void SingleHalconVersionFrame::launchHDevelopXL()
 {
-    launchHDevelopBuild(true);
-}
-
-void SingleHalconVersionFrame::launchHDevelopBuild(bool xl)
-{
-    QStringList errors;
-    if (!startHDevelop(record, xl, &errors)) {
-        warnOfErrors(tr("There were errors when launching HDevelop %1:\n"), record, errors, this);
-    }
+    launchHDevelopOrWarn(record, true, this);
 }
 
 void SingleHalconVersionFrame::launchVelloxa()
 {
-    QStringList errors;
-    if (!startVelloxa(record, &errors)) {
-        auto *advertisement = new VelloxaAdvertisementDialog;
-        advertisement->setAttribute(Qt::WA_DeleteOnClose);
-        advertisement->show();
-    }
+    launchVelloxaOrAdvertise(record);
 }
 
 void SingleHalconVersionFrame::openHelpFromAction()
@@ -280,15 +250,5 @@ void SingleHalconVersionFrame::launchDevEnv()
 
 void SingleHalconVersionFrame::launchDevEnvModelIndex(const QModelIndex &index)
 {
-    const VisualStudioVersion *version = visualStudios->chosen(
-        index.row(), tr("Could not launch Visual Studio IDE: No valid Visual Studio version selected."),
-        this);
-    if (version == nullptr) {
-        return;
-    }
-    QStringList errors;
-    if (!startDevEnv(record, *version, &errors)) {
-        warnOfErrors(tr("There were errors in launching Visual Studio IDE for HALCON %1:\n"), record, errors,
-                     this);
-    }
+    launchIdeOrWarn(record, *visualStudios, index.row(), this);
 }

@@ -90,7 +90,6 @@ private:
     void addHelpMenu();
     void showHDevelop();
     void setAccessibleNames();
-    void launchHDevelopBuild(bool xl);
 
     HalconInstallation record;
     std::unique_ptr<VisualStudioChoice> visualStudios;
