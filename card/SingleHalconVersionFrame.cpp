@@ -20,13 +20,14 @@
 #include <QEvent>
 #include <QUrl>
 
-#include <utility>
-
 SingleHalconVersionFrame::SingleHalconVersionFrame(const HalconInstallation &installation, QWidget *parent)
     : QFrame(parent), record(installation), ui(std::make_unique<Ui::SingleHalconVersionFrame>())
 {
     ui->setupUi(this);
-    setObjectNames();
+    // The card and the frame of its first COM row share a name.
+    setObjectName(QStringLiteral("frame"));
+    // Deliberately with a capital C, unlike in the form.
+    ui->pbUacEngine->setObjectName(QStringLiteral("pbUaCEngine"));
     styleCard(*this, record.major);
 
     showDetails(record, *ui->textBrowser);
@@ -86,28 +87,6 @@ bool SingleHalconVersionFrame::eventFilter(QObject *watched, QEvent *event)
         }
     }
     return QFrame::eventFilter(watched, event);
-}
-
-void SingleHalconVersionFrame::setObjectNames()
-{
-    // The card and the frame of its first COM row share a name.
-    setObjectName(QStringLiteral("frame"));
-    const std::pair<QObject *, const char *> names[] = {
-        {ui->lwVsVersion, "lwVsVersion"},
-        {ui->textBrowser, "textBrowser"},
-        {ui->pbHDevelop, "pbHDevelop"},
-        {ui->pbHDevelopXL, "pbHDevelopXL"},
-        {ui->pbHelp, "pbHelp"},
-        {ui->pbMajor, "pbMajor"},
-        {ui->pbPerm, "pbPerm"},
-        {ui->pbShell, "pbShell"},
-        {ui->pbUac, "pbUac"},
-        {ui->pbUacEngine, "pbUaCEngine"}, // deliberately with a capital C, unlike in the form
-        {ui->pbVelloxa, "pbVelloxa"},
-    };
-    for (const auto &[object, name] : names) {
-        object->setObjectName(QLatin1String(name));
-    }
 }
 
 void SingleHalconVersionFrame::fillVisualStudioList()

@@ -83,7 +83,6 @@ public slots:
     void launchDevEnvModelIndex(const QModelIndex &index);
 
 private:
-    void setObjectNames();
     void connectComRows();
     void fillVisualStudioList();
     void showVersion();
