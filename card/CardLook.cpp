@@ -7,10 +7,13 @@
 #include <QFileIconProvider>
 #include <QFileInfo>
 #include <QGraphicsDropShadowEffect>
+#include <QGridLayout>
 #include <QPushButton>
 #include <QVariant>
 
 namespace {
+
+constexpr int badgeCells = 3; // rows and columns of a button, of which the badge has the last
 
 void markPushButtons(const QWidget &card)
 {
@@ -42,11 +45,20 @@ void styleCard(QWidget &card, int major)
     card.setStyleSheet(cardStyleSheet(colour));
 }
 
-QPushButton *makeBadge(const QString &text, const QString &styleSheet, QWidget *card)
+void placeForBadge(QPushButton &button, QGridLayout &grid, int row)
 {
-    auto *badge = new QPushButton(text, card);
+    // This takes it out of the layout that it is in.
+    grid.addWidget(&button, row, 0, badgeCells, badgeCells);
+}
+
+QPushButton *placeWithBadge(QPushButton &button, QGridLayout &grid, int row, const QString &text,
+                            const QString &styleSheet)
+{
+    placeForBadge(button, grid, row);
+    auto *badge = new QPushButton(text, grid.parentWidget());
     badge->setStyleSheet(styleSheet);
     badge->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    grid.addWidget(badge, row + badgeCells - 1, badgeCells - 1);
     return badge;
 }
 

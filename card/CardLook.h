@@ -5,6 +5,7 @@
 #include <QSize>
 #include <QString>
 
+class QGridLayout;
 class QPushButton;
 class QWidget;
 
@@ -12,8 +13,12 @@ class QWidget;
 /// version.
 void styleCard(QWidget &card, int major);
 
-/// A small button for a corner of a larger one. It belongs to @p card.
-QPushButton *makeBadge(const QString &text, const QString &styleSheet, QWidget *card);
+/// Moves @p button to three rows and columns of @p grid, from @p row on, as if it had a badge.
+void placeForBadge(QPushButton &button, QGridLayout &grid, int row);
+
+/// The same, with a small button over its lower right corner: the badge, which is returned.
+QPushButton *placeWithBadge(QPushButton &button, QGridLayout &grid, int row, const QString &text,
+                            const QString &styleSheet);
 
 /// Gives each of the buttons a shadow.
 void addDropShadows(const QList<QPushButton *> &buttons);

@@ -105,14 +105,10 @@ void SingleHalconVersionFrame::showVersion()
 {
     ui->pbMajor->setText(majorText(record));
     setMinimumHeight(QFontMetrics(ui->pbMajor->font()).height() * 3 / 2);
-
-    // The badge overlaps the lower right corner of the number.
-    ui->verticalLayout_3->removeWidget(ui->pbMajor);
-    ui->gridLayoutMajor->addWidget(ui->pbMajor, 0, 0, 3, 3);
     architectureBadge =
-        makeBadge(architectureBadgeText(record.arch), architectureBadgeStyleSheet(record.arch), this);
+        placeWithBadge(*ui->pbMajor, *ui->gridLayoutMajor, 0, architectureBadgeText(record.arch),
+                       architectureBadgeStyleSheet(record.arch));
     connect(architectureBadge, &QPushButton::clicked, this, &SingleHalconVersionFrame::launchHDevelop);
-    ui->gridLayoutMajor->addWidget(architectureBadge, 2, 2);
 }
 
 void SingleHalconVersionFrame::addHelpMenu()
@@ -130,14 +126,10 @@ void SingleHalconVersionFrame::showHDevelop()
     ui->pbHDevelop->setIcon(icon);
     ui->pbHDevelopXL->setIcon(icon);
 
-    xlBadge = makeBadge(QStringLiteral("XL"), xlBadgeStyleSheet(), this);
+    placeForBadge(*ui->pbHDevelop, *ui->gridLayoutHDevelop, 0);
+    xlBadge = placeWithBadge(*ui->pbHDevelopXL, *ui->gridLayoutHDevelop, 3, QStringLiteral("XL"),
+                             xlBadgeStyleSheet());
     xlBadge->setToolTip(ui->pbHDevelopXL->toolTip());
-
-    ui->gridLayoutHDevelop->removeWidget(ui->pbHDevelop);
-    ui->gridLayoutHDevelop->removeWidget(ui->pbHDevelopXL);
-    ui->gridLayoutHDevelop->addWidget(ui->pbHDevelop, 0, 0, 3, 3);
-    ui->gridLayoutHDevelop->addWidget(ui->pbHDevelopXL, 3, 0, 3, 3);
-    ui->gridLayoutHDevelop->addWidget(xlBadge, 5, 2);
     connect(xlBadge, &QPushButton::clicked, this, &SingleHalconVersionFrame::launchHDevelopXL);
 }
 
