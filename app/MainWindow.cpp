@@ -14,34 +14,13 @@
 #include "ui_MainWindow.h"
 #include "update/HalconReleases.h"
 #include "update/OwnRelease.h"
-#include "update/UpdateCheck.h"
 
 #include <QKeyEvent>
-#include <QSettings>
 #include <QUrl>
 
 #include <cstdlib>
 
 namespace {
-
-const char *const updateCheckHalconKey = "updateCheckHalcon";
-const char *const updateCheckCorvantaKey = "updateCheckCorvanta";
-
-bool storedOption(const char *key)
-{
-    return QSettings().value(QLatin1String(key), false).toBool();
-}
-
-void storeOption(const char *key, int state)
-{
-    QSettings().setValue(QLatin1String(key), state == Qt::Checked);
-}
-
-/// What @p check has downloaded; empty without a check.
-QByteArray downloadedData(const UpdateCheck *check)
-{
-    return check == nullptr ? QByteArray() : check->downloadedData();
-}
 
 /// Logs all lines in one message, because an open debug dialog is updated for every message.
 void logLines(const QStringList &lines)
@@ -53,7 +32,11 @@ void logLines(const QStringList &lines)
 
 } // namespace
 
-MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), ui(std::make_unique<Ui::MainWindow>())
+MainWindow::MainWindow(QWidget *parent)
+    : QMainWindow(parent),
+      halconUpdates(QStringLiteral("updateCheckHalcon"), QUrl(MakerAddresses::halconReleaseList()), this),
+      ownUpdates(QStringLiteral("updateCheckCorvanta"), QUrl(MakerAddresses::ownRelease()), this),
+      ui(std::make_unique<Ui::MainWindow>())
 {
     ui->setupUi(this);
     setWindowState(Qt::WindowMaximized);
@@ -77,24 +60,18 @@ MainWindow::~MainWindow() = default;
 
 void MainWindow::handleUpdateChangeOptionHalcon(int new_state)
 {
-    storeOption(updateCheckHalconKey, new_state);
-    if (new_state == Qt::Checked) {
-        downloadHalconReleases();
-    }
+    halconUpdates.set(new_state == Qt::Checked);
 }
 
 void MainWindow::handleUpdateChangeOptionCorvanta(int new_state)
 {
-    storeOption(updateCheckCorvantaKey, new_state);
-    if (new_state == Qt::Checked) {
-        downloadOwnRelease();
-    }
+    ownUpdates.set(new_state == Qt::Checked);
 }
 
 void MainWindow::compareVersionsHalcon()
 {
     QStringList log;
-    const HalconReleases releases = parseHalconReleases(downloadedData(halconUpdateCheck), &log);
+    const HalconReleases releases = parseHalconReleases(halconUpdates.downloadedData(), &log);
     logLines(log);
     const auto cards = findChildren<SingleHalconVersionFrame *>();
     for (SingleHalconVersionFrame *card : cards) {
@@ -108,7 +85,7 @@ void MainWindow::compareVersionCorvanta()
 {
     const QString ownVersion = QApplication::applicationVersion();
     QStringList log;
-    const auto release = newerOwnRelease(downloadedData(corvantaUpdateCheck), ownVersion, &log);
+    const auto release = newerOwnRelease(ownUpdates.downloadedData(), ownVersion, &log);
     logLines(log);
     if (!release) {
         return;
@@ -151,31 +128,21 @@ void MainWindow::addCards()
 
 void MainWindow::restoreUpdateOptions()
 {
+    connect(&halconUpdates, &UpdateOption::downloaded, this, &MainWindow::compareVersionsHalcon);
+    connect(&ownUpdates, &UpdateOption::downloaded, this, &MainWindow::compareVersionCorvanta);
     // Connected only after the state is restored, so that restoring it does not store it again.
-    ui->cbUpdateCheckHalcon->setChecked(storedOption(updateCheckHalconKey));
+    ui->cbUpdateCheckHalcon->setChecked(halconUpdates.isOn());
     connect(ui->cbUpdateCheckHalcon, &QCheckBox::stateChanged, this,
             &MainWindow::handleUpdateChangeOptionHalcon);
     if (ui->cbUpdateCheckHalcon->isChecked()) {
-        downloadHalconReleases();
+        halconUpdates.download();
     }
-    ui->cbUpdateCheckCorvanta->setChecked(storedOption(updateCheckCorvantaKey));
+    ui->cbUpdateCheckCorvanta->setChecked(ownUpdates.isOn());
     connect(ui->cbUpdateCheckCorvanta, &QCheckBox::stateChanged, this,
             &MainWindow::handleUpdateChangeOptionCorvanta);
     if (ui->cbUpdateCheckCorvanta->isChecked()) {
-        downloadOwnRelease();
+        ownUpdates.download();
     }
-}
-
-void MainWindow::downloadHalconReleases()
-{
-    halconUpdateCheck = new UpdateCheck(QUrl(MakerAddresses::halconReleaseList()), this);
-    connect(halconUpdateCheck, &UpdateCheck::downloaded, this, &MainWindow::compareVersionsHalcon);
-}
-
-void MainWindow::downloadOwnRelease()
-{
-    corvantaUpdateCheck = new UpdateCheck(QUrl(MakerAddresses::ownRelease()), this);
-    connect(corvantaUpdateCheck, &UpdateCheck::downloaded, this, &MainWindow::compareVersionCorvanta);
 }
 
 void MainWindow::showDebugDialog()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/UpdateOption.h"
 #include "discovery/HalconInstallation.h"
 
 #include <QList>
@@ -9,7 +10,6 @@
 
 class DebugDialog;
 class RecentProgramsFrame;
-class UpdateCheck;
 
 namespace Ui {
 class MainWindow;
@@ -49,15 +49,13 @@ private:
     void fillFooter();
     void addCards();
     void restoreUpdateOptions();
-    void downloadHalconReleases();
-    void downloadOwnRelease();
     void showDebugDialog();
     void showRecentPrograms();
 
     QList<HalconInstallation> installations;
     DebugDialog *debugDialog = nullptr;            ///< created when first opened
     RecentProgramsFrame *recentPrograms = nullptr; ///< created when first opened
-    UpdateCheck *halconUpdateCheck = nullptr;      ///< the latest; earlier ones live as long as the window
-    UpdateCheck *corvantaUpdateCheck = nullptr;    ///< likewise
+    UpdateOption halconUpdates;
+    UpdateOption ownUpdates;
     std::unique_ptr<Ui::MainWindow> ui;
 };

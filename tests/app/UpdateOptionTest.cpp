@@ -1,0 +1,74 @@
+#include "app/UpdateOption.h"
+#include "base/ApplicationIdentity.h"
+#include "tests/support/Patience.h"
+#include "tests/support/WebServer.h"
+
+#include <QSettings>
+#include <QSignalSpy>
+
+class UpdateOptionTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { setApplicationIdentity(); }
+    void init() { QSettings().clear(); }
+    void isOffAtFirst();
+    void downloadsWhenSwitchedOn();
+    void onlyTheLatestDownloadCounts();
+};
+
+void UpdateOptionTest::isOffAtFirst()
+{
+    WebServer server;
+    const UpdateOption option("updateCheckX", server.url("/list"));
+    QVERIFY(!option.isOn());
+    QCOMPARE(option.downloadedData(), QByteArray());
+    QSettings().setValue("updateCheckX", "");
+    QVERIFY(!option.isOn());
+    QSettings().setValue("updateCheckX", "yes");
+    QVERIFY(option.isOn());
+    // Neither has stored anything else.
+    QCOMPARE(QSettings().allKeys(), QStringList{"updateCheckX"});
+    QCOMPARE(server.acceptedConnections(), 0);
+}
+
+void UpdateOptionTest::downloadsWhenSwitchedOn()
+{
+    WebServer server;
+    server.setAnswer("/list", WebAnswer::ok("releases"));
+    UpdateOption option("updateCheckX", server.url("/list"));
+    const QSignalSpy downloaded(&option, &UpdateOption::downloaded);
+
+    option.set(false);
+    QCOMPARE(QSettings().value("updateCheckX"), QVariant("false"));
+    option.set(true);
+    QCOMPARE(QSettings().value("updateCheckX"), QVariant("true"));
+    EVENTUALLY_COMPARE(downloaded.size(), 1);
+    QCOMPARE(option.downloadedData(), QByteArray("releases"));
+
+    option.set(false);
+    QVERIFY(!option.isOn());
+    QCOMPARE(server.targets(), QList<QByteArray>{"/list"});
+}
+
+void UpdateOptionTest::onlyTheLatestDownloadCounts()
+{
+    WebServer server;
+    server.setAnswer("/list", WebAnswer::ok("older"));
+    UpdateOption option("updateCheckX", server.url("/list"));
+    const QSignalSpy downloaded(&option, &UpdateOption::downloaded);
+    option.download();
+    EVENTUALLY_COMPARE(downloaded.size(), 1);
+
+    server.setAnswer("/list", WebAnswer::held("newer"));
+    option.download();
+    QCOMPARE(option.downloadedData(), QByteArray());
+    EVENTUALLY_COMPARE(server.targets().size(), 2);
+    server.proceed();
+    EVENTUALLY_COMPARE(downloaded.size(), 2);
+    QCOMPARE(option.downloadedData(), QByteArray("newer"));
+}
+
+QTEST_GUILESS_MAIN(UpdateOptionTest)
+
+#include "UpdateOptionTest.moc"
