@@ -2,11 +2,15 @@
 
 #include <QAbstractButton>
 #include <QBoxLayout>
+#include <QDialogButtonBox>
 #include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMetaEnum>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QTextBrowser>
 #include <QWidget>
 
 namespace {
@@ -135,7 +139,61 @@ QString describeItem(QLayoutItem &item)
     return item.layout()->objectName();
 }
 
+QStringList controlProperties(const QWidget &widget)
+{
+    QStringList properties;
+    if (!widget.styleSheet().isEmpty()) {
+        properties.append(QStringLiteral("style ") + QString(widget.styleSheet()).replace('\n', ' '));
+    }
+    if (const auto *button = qobject_cast<const QPushButton *>(&widget)) {
+        if (button->isFlat()) {
+            properties.append(QStringLiteral("flat"));
+        }
+        constexpr int largestOfStyles = 32;
+        if (button->iconSize().width() > largestOfStyles) {
+            properties.append(QStringLiteral("icon ") + sizeText(button->iconSize()));
+        }
+        if (!button->isEnabled()) {
+            properties.append(QStringLiteral("disabled"));
+        }
+    }
+    if (const auto *browser = qobject_cast<const QTextBrowser *>(&widget)) {
+        properties.append(browser->openLinks() ? QStringLiteral("opens links")
+                                               : QStringLiteral("leaves links"));
+        if (browser->openExternalLinks()) {
+            properties.append(QStringLiteral("opens external links"));
+        }
+    }
+    if (const auto *area = qobject_cast<const QScrollArea *>(&widget)) {
+        properties.append(QStringLiteral("scroll bars %1/%2, adjusts %3, %4")
+                              .arg(area->horizontalScrollBarPolicy())
+                              .arg(area->verticalScrollBarPolicy())
+                              .arg(area->sizeAdjustPolicy())
+                              .arg(area->widgetResizable() ? QStringLiteral("resizes its contents")
+                                                           : QStringLiteral("leaves its contents")));
+    }
+    if (const auto *box = qobject_cast<const QDialogButtonBox *>(&widget)) {
+        properties.append(QStringLiteral("buttons 0x%1, orientation %2")
+                              .arg(int(box->standardButtons()), 0, 16)
+                              .arg(box->orientation()));
+    }
+    return properties;
+}
+
 } // namespace
+
+QStringList describeControls(const QWidget &root)
+{
+    QStringList lines;
+    for (const QWidget *widget : root.findChildren<QWidget *>()) {
+        const QStringList properties = controlProperties(*widget);
+        if (!properties.isEmpty()) {
+            const QString name = widget->objectName().isEmpty() ? ownText(*widget) : widget->objectName();
+            lines.append(name + QStringLiteral(": ") + properties.join(QStringLiteral("; ")));
+        }
+    }
+    return lines;
+}
 
 QStringList describeWidgets(const QWidget &root)
 {
