@@ -3,6 +3,7 @@
 #include "tests/card/DocumentationTree.h"
 #include "tests/support/CurrentDirectory.h"
 #include "tests/support/Messages.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
 
@@ -25,17 +26,13 @@ class DocumentationTest : public QObject {
 
 private slots:
     void completeInstallation();
-    void nothingThere();
-    void missingDirectory();
-    void noDirectory();
-    void someHtmlManuals();
+    void noInstallation();
     void pdf_data();
     void pdf();
-    void pdfsThatAreNone();
-    void severalPdfsInUnknownDirectories();
     void releaseNotes_data();
     void releaseNotes();
-    void otherFilesAreNoReleaseNotes();
+    void selection_data();
+    void selection();
     void namesOfTheInstallation_data();
     void namesOfTheInstallation();
 };
@@ -109,51 +106,16 @@ void DocumentationTest::completeInstallation()
     QCOMPARE(sorted(messages.warnings()), sorted(warnings));
 }
 
-void DocumentationTest::nothingThere()
-{
-    const DocumentationTree tree;
-    tree.add({"bin/x64-win64/hdevelop.exe"});
-    const CaughtMessages messages;
-    QCOMPARE(allEntryLines(findDocumentation(tree.installDir()), tree), QStringList());
-    // Another manual is found, which proves that the installation was searched.
-    tree.add({"doc/pdf/manuals/quick_guide.pdf"});
-    QCOMPARE(allEntryLines(findDocumentation(tree.installDir()), tree),
-             QStringList{"Manuals > Quick Guide = doc/pdf/manuals/quick_guide.pdf"});
-    QCOMPARE(messages.warnings(), QStringList());
-}
-
-void DocumentationTest::missingDirectory()
-{
-    const DocumentationTree tree;
-    tree.addEverything();
-    const CaughtMessages messages;
-    QCOMPARE(allEntryLines(findDocumentation(tree.installDir() + "-missing"), tree), QStringList());
-    QCOMPARE(messages.warnings(), QStringList());
-}
-
 /// Neither the current directory nor the root of its drive is an installation.
-void DocumentationTest::noDirectory()
+void DocumentationTest::noInstallation()
 {
     const DocumentationTree tree;
     tree.addEverything();
     const CurrentDirectory current(tree.installDir());
     const CaughtMessages messages;
-    QCOMPARE(allEntryLines(findDocumentation(""), tree), QStringList());
-    QCOMPARE(allEntryLines(findDocumentation(QString()), tree), QStringList());
-    QCOMPARE(messages.warnings(), QStringList());
-}
-
-void DocumentationTest::someHtmlManuals()
-{
-    const DocumentationTree tree;
-    tree.add({"doc/html/manuals/programmers_guide/index.html", "doc/html/reference/io/io-overview.html",
-              // Names that only resemble a manual's.
-              "doc/html/reference/operators/index.htm", "doc/html/reference/acquisition/index.html",
-              "doc/html/index.html"});
-    const CaughtMessages messages;
-    QCOMPARE(allEntryLines(findDocumentation(tree.installDir()), tree),
-             (QStringList{"I/O Interfaces Reference = doc/html/reference/io/io-overview.html",
-                          "Programmer's Guide = doc/html/manuals/programmers_guide/index.html"}));
+    for (const QString &directory : {QString(), QString(""), tree.installDir() + "-missing"}) {
+        QCOMPARE(allEntryLines(findDocumentation(directory), tree), QStringList());
+    }
     QCOMPARE(messages.warnings(), QStringList());
 }
 
@@ -164,41 +126,24 @@ void DocumentationTest::pdf_data()
     QTest::addColumn<QStringList>("warnings");
 
     const QStringList none;
-    QTest::newRow("known") << "manuals/quick_guide.pdf"
-                           << "Manuals > Quick Guide" << none;
-    QTest::newRow("in the directory itself") << "quick_guide.pdf"
-                                             << "Quick Guide" << none;
-    QTest::newRow("in another known directory") << "reference/quick_guide.pdf"
-                                                << "Reference > Quick Guide" << none;
-    QTest::newRow("unknown directory") << "extra/quick_guide.pdf"
-                                       << "extra > Quick Guide" << QStringList{directoryWarning("extra")};
-    QTest::newRow("nested unknown directories")
-        << "one/two/three/quick_guide.pdf"
-        << "one > two > three > Quick Guide"
-        << QStringList{directoryWarning("one"), directoryWarning("two"), directoryWarning("three")};
-    QTest::newRow("nested known directories") << "manuals/reference/manuals/quick_guide.pdf"
-                                              << "Manuals > Reference > Manuals > Quick Guide" << none;
-    QTest::newRow("unknown file") << "manuals/my_manual.pdf"
-                                  << "Manuals > my_manual" << QStringList{fileWarning("my_manual")};
-    QTest::newRow("unknown directory and file")
-        << "extra/my_manual.pdf"
-        << "extra > my_manual" << QStringList{directoryWarning("extra"), fileWarning("my_manual")};
-    QTest::newRow("upper-case extension") << "manuals/quick_guide.PDF"
-                                          << "Manuals > Quick Guide" << none;
-    QTest::newRow("upper-case name") << "manuals/QUICK_GUIDE.PDF"
-                                     << "Manuals > QUICK_GUIDE" << QStringList{fileWarning("QUICK_GUIDE")};
-    QTest::newRow("several dots") << "manuals/quick_guide.de.v2.pdf"
-                                  << "Manuals > Quick Guide" << none;
-    QTest::newRow("name of release notes")
-        << "manuals/release_notes_20_11.pdf"
-        << "Manuals > release_notes_20_11" << QStringList{fileWarning("release_notes_20_11")};
-    QTest::newRow("spaces, #, % and &")
-        << "my dir #1 & 50%/a #2 100%41 & b.pdf"
-        << "my dir #1 & 50% > a #2 100%41 & b"
-        << QStringList{directoryWarning("my dir #1 & 50%"), fileWarning("a #2 100%41 & b")};
-    QTest::newRow("not ASCII") << "Größe/検査.pdf"
-                               << "Größe > 検査"
-                               << QStringList{directoryWarning("Größe"), fileWarning("検査")};
+    row("known", "manuals/quick_guide.pdf", "Manuals > Quick Guide", none);
+    row("in the directory itself", "quick_guide.pdf", "Quick Guide", none);
+    row("nested unknown directories", "one/two/three/quick_guide.pdf", "one > two > three > Quick Guide",
+        QStringList{directoryWarning("one"), directoryWarning("two"), directoryWarning("three")});
+    row("nested known directories", "manuals/reference/manuals/quick_guide.pdf",
+        "Manuals > Reference > Manuals > Quick Guide", none);
+    row("unknown directory and file", "extra/my_manual.pdf", "extra > my_manual",
+        QStringList{directoryWarning("extra"), fileWarning("my_manual")});
+    row("upper-case extension", "manuals/quick_guide.PDF", "Manuals > Quick Guide", none);
+    row("upper-case name", "manuals/QUICK_GUIDE.PDF", "Manuals > QUICK_GUIDE",
+        QStringList{fileWarning("QUICK_GUIDE")});
+    row("several dots", "manuals/quick_guide.de.v2.pdf", "Manuals > Quick Guide", none);
+    row("name of release notes", "manuals/release_notes_20_11.pdf", "Manuals > release_notes_20_11",
+        QStringList{fileWarning("release_notes_20_11")});
+    row("spaces, #, % and &", "my dir #1 & 50%/a #2 100%41 & b.pdf", "my dir #1 & 50% > a #2 100%41 & b",
+        QStringList{directoryWarning("my dir #1 & 50%"), fileWarning("a #2 100%41 & b")});
+    row("not ASCII", "Größe/検査.pdf", "Größe > 検査",
+        QStringList{directoryWarning("Größe"), fileWarning("検査")});
 }
 
 void DocumentationTest::pdf()
@@ -215,61 +160,28 @@ void DocumentationTest::pdf()
     QCOMPARE(messages.warnings(), warnings);
 }
 
-void DocumentationTest::pdfsThatAreNone()
-{
-    const DocumentationTree tree;
-    tree.add({"doc/pdf/manuals/quick_guide.txt", "doc/pdf/manuals/quick_guide.pdf.bak",
-              "doc/pdf/manuals/quick_guidepdf", "doc/pdf/release_notes.html",
-              // Elsewhere.
-              "quick_guide.pdf", "doc/quick_guide.pdf", "doc/html/manuals/quick_guide.pdf",
-              // A directory's name does not make its files manuals.
-              "doc/pdf/folder.pdf/readme.txt"});
-    const CaughtMessages messages;
-    QCOMPARE(allEntryLines(findDocumentation(tree.installDir()), tree), QStringList());
-    QCOMPARE(messages.warnings(), QStringList());
-}
-
-void DocumentationTest::severalPdfsInUnknownDirectories()
-{
-    const DocumentationTree tree;
-    tree.add({"doc/pdf/extra/quick_guide.pdf", "doc/pdf/extra/programmers_guide.pdf",
-              "doc/pdf/extra/more/installation_guide.pdf"});
-    const CaughtMessages messages;
-    const Documentation found = findDocumentation(tree.installDir());
-    QCOMPARE(sorted(entryLines(found.pdfManuals, tree)),
-             (QStringList{"extra > Programmer's Guide = doc/pdf/extra/programmers_guide.pdf",
-                          "extra > Quick Guide = doc/pdf/extra/quick_guide.pdf",
-                          "extra > more > Installation Guide = doc/pdf/extra/more/installation_guide.pdf"}));
-    // One for each file and each unknown directory above it.
-    QCOMPARE(sorted(messages.warnings()), (QStringList{directoryWarning("extra"), directoryWarning("extra"),
-                                                       directoryWarning("extra"), directoryWarning("more")}));
-}
-
 void DocumentationTest::releaseNotes_data()
 {
     QTest::addColumn<QString>("title");
     QTest::addColumn<bool>("bold");
     QTest::addColumn<QString>("baseName");
 
-    QTest::newRow("release_notes.html") << "Release Notes" << true << "release_notes";
-    QTest::newRow("release_notes_20_11.html") << "Release Notes 20.11" << false << "release_notes_20_11";
-    QTest::newRow("release_notes_20_11_1_0.html")
-        << "Release Notes 20.11.1.0" << false << "release_notes_20_11_1_0";
-    QTest::newRow("release_notes_foo_bar.html")
-        << "Release Notes foo.bar" << false << "release_notes_foo_bar";
-    QTest::newRow("release_notesX.html") << "release.notesX" << false << "release_notesX";
-    QTest::newRow("release_notesX_1.html") << "release.notesX.1" << false << "release_notesX_1";
-    QTest::newRow("release_notes_.html") << "Release Notes " << false << "release_notes_";
-    QTest::newRow("release_notes_release_notes_1.html")
-        << "Release Notes Release Notes 1" << false << "release_notes_release_notes_1";
+    row("release_notes.html", "Release Notes", true, "release_notes");
+    row("release_notes_20_11.html", "Release Notes 20.11", false, "release_notes_20_11");
+    row("release_notes_20_11_1_0.html", "Release Notes 20.11.1.0", false, "release_notes_20_11_1_0");
+    row("release_notes_foo_bar.html", "Release Notes foo.bar", false, "release_notes_foo_bar");
+    row("release_notesX.html", "release.notesX", false, "release_notesX");
+    row("release_notesX_1.html", "release.notesX.1", false, "release_notesX_1");
+    row("release_notes_.html", "Release Notes ", false, "release_notes_");
+    row("release_notes_release_notes_1.html", "Release Notes Release Notes 1", false,
+        "release_notes_release_notes_1");
     // Only the part before the first dot counts.
-    QTest::newRow("release_notes.de.html") << "Release Notes" << true << "release_notes";
-    QTest::newRow("release_notes_20.11.html") << "Release Notes 20" << false << "release_notes_20";
-    QTest::newRow("RELEASE_NOTES.HTML") << "RELEASE.NOTES" << false << "RELEASE_NOTES";
-    QTest::newRow("release_notes_a & b #1 100%41.html")
-        << "Release Notes a & b #1 100%41" << false << "release_notes_a & b #1 100%41";
-    QTest::newRow("release_notes_Größe_検査.html")
-        << "Release Notes Größe.検査" << false << "release_notes_Größe_検査";
+    row("release_notes.de.html", "Release Notes", true, "release_notes");
+    row("release_notes_20.11.html", "Release Notes 20", false, "release_notes_20");
+    row("RELEASE_NOTES.HTML", "RELEASE.NOTES", false, "RELEASE_NOTES");
+    row("release_notes_a & b #1 100%41.html", "Release Notes a & b #1 100%41", false,
+        "release_notes_a & b #1 100%41");
+    row("release_notes_Größe_検査.html", "Release Notes Größe.検査", false, "release_notes_Größe_検査");
 }
 
 void DocumentationTest::releaseNotes()
@@ -288,28 +200,67 @@ void DocumentationTest::releaseNotes()
     QCOMPARE(messages.warnings(), QStringList{fileWarning(baseName)});
 }
 
-void DocumentationTest::otherFilesAreNoReleaseNotes()
+void DocumentationTest::selection_data()
 {
+    QTest::addColumn<QStringList>("files");
+    QTest::addColumn<QStringList>("lines");
+    QTest::addColumn<QStringList>("warnings");
+
+    const QStringList none;
+    row("no documentation", QStringList{"bin/x64-win64/hdevelop.exe"}, none, none);
+    row("some HTML manuals, and names that only resemble one",
+        QStringList{"doc/html/manuals/programmers_guide/index.html", "doc/html/reference/io/io-overview.html",
+                    "doc/html/reference/operators/index.htm", "doc/html/reference/acquisition/index.html",
+                    "doc/html/index.html"},
+        QStringList{"I/O Interfaces Reference = doc/html/reference/io/io-overview.html",
+                    "Programmer's Guide = doc/html/manuals/programmers_guide/index.html"},
+        none);
+    row("no PDFs",
+        QStringList{"doc/pdf/manuals/quick_guide.txt", "doc/pdf/manuals/quick_guide.pdf.bak",
+                    "doc/pdf/manuals/quick_guidepdf", "doc/pdf/release_notes.html"},
+        none, none);
+    row("PDFs elsewhere",
+        QStringList{"quick_guide.pdf", "doc/quick_guide.pdf", "doc/html/manuals/quick_guide.pdf"}, none,
+        none);
+    row("directory named like a PDF", QStringList{"doc/pdf/folder.pdf/readme.txt"}, none, none);
+    // One warning for each file and each unknown directory above it.
+    row("several PDFs in unknown directories",
+        QStringList{"doc/pdf/extra/quick_guide.pdf", "doc/pdf/extra/programmers_guide.pdf",
+                    "doc/pdf/extra/more/installation_guide.pdf"},
+        QStringList{"extra > Programmer's Guide = doc/pdf/extra/programmers_guide.pdf",
+                    "extra > Quick Guide = doc/pdf/extra/quick_guide.pdf",
+                    "extra > more > Installation Guide = doc/pdf/extra/more/installation_guide.pdf"},
+        QStringList{directoryWarning("extra"), directoryWarning("extra"), directoryWarning("extra"),
+                    directoryWarning("more")});
+    row("release notes elsewhere",
+        QStringList{"doc/release_notes.html", "doc/html/release_notes_20_11.html", "old/release_notes.html"},
+        none, none);
+    row("no release notes",
+        QStringList{"release_notes.pdf", "release_notes.htm", "release_note.html", "my_release_notes.html",
+                    "release_notes_1.html/readme.txt"},
+        none, none);
+}
+
+void DocumentationTest::selection()
+{
+    QFETCH(QStringList, files);
     const DocumentationTree tree;
-    tree.add({"doc/release_notes.html", "doc/html/release_notes_20_11.html", "old/release_notes.html",
-              "release_notes.pdf", "release_notes.htm", "release_note.html", "my_release_notes.html",
-              // A directory.
-              "release_notes_1.html/readme.txt"});
+    tree.add(files);
     const CaughtMessages messages;
-    QCOMPARE(allEntryLines(findDocumentation(tree.installDir()), tree), QStringList());
-    QCOMPARE(messages.warnings(), QStringList());
+    QTEST(sorted(allEntryLines(findDocumentation(tree.installDir()), tree)), "lines");
+    QTEST(sorted(messages.warnings()), "warnings");
 }
 
 void DocumentationTest::namesOfTheInstallation_data()
 {
     QTest::addColumn<QString>("name");
 
-    QTest::newRow("spaces") << "Program Files/HALCON 20.11";
-    QTest::newRow("parentheses") << "Program Files (x86)/HALCON";
-    QTest::newRow("#, % and &") << "H #1 100%41 & more %PATH%";
-    QTest::newRow("brackets and braces") << "[a-z]{1}";
-    QTest::newRow("not ASCII") << "Größe 検査";
-    QTest::newRow("documentation's own names") << "doc/pdf/manuals";
+    row("spaces", "Program Files/HALCON 20.11");
+    row("parentheses", "Program Files (x86)/HALCON");
+    row("#, % and &", "H #1 100%41 & more %PATH%");
+    row("brackets and braces", "[a-z]{1}");
+    row("not ASCII", "Größe 検査");
+    row("documentation's own names", "doc/pdf/manuals");
 }
 
 void DocumentationTest::namesOfTheInstallation()

@@ -1,5 +1,6 @@
 #include "card/DocumentationTitles.h"
 #include "tests/support/Messages.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
 
@@ -22,9 +23,9 @@ void DocumentationTitlesTest::directory_data()
 {
     QTest::addColumn<QString>("title");
 
-    QTest::newRow("manuals") << "Manuals";
-    QTest::newRow("reference") << "Reference";
-    QTest::newRow("solution_guide") << "Solution Guide";
+    row("manuals", "Manuals");
+    row("reference", "Reference");
+    row("solution_guide", "Solution Guide");
 }
 
 void DocumentationTitlesTest::directory()
@@ -39,28 +40,17 @@ void DocumentationTitlesTest::unknownDirectory_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("quotedName");
 
-    QTest::newRow("not in the table") << "examples"
-                                      << R"("examples")";
-    QTest::newRow("other letter case") << "Manuals"
-                                       << R"("Manuals")";
-    QTest::newRow("upper case") << "SOLUTION_GUIDE"
-                                << R"("SOLUTION_GUIDE")";
-    QTest::newRow("a title") << "Solution Guide"
-                             << R"("Solution Guide")";
-    QTest::newRow("beginning of a name") << "manual"
-                                         << R"("manual")";
-    QTest::newRow("trailing space") << "manuals "
-                                    << R"("manuals ")";
-    QTest::newRow("a file's name") << "quick_guide"
-                                   << R"("quick_guide")";
-    QTest::newRow("ampersand and percent signs") << "a & b 100%1"
-                                                 << R"("a & b 100%1")";
-    QTest::newRow("quote") << R"(a "b")"
-                           << R"("a \"b\"")";
-    QTest::newRow("not ASCII") << "Größe 検査"
-                               << R"("Größe 検査")";
-    QTest::newRow("empty") << ""
-                           << R"("")";
+    row("not in the table", "examples", R"("examples")");
+    row("other letter case", "Manuals", R"("Manuals")");
+    row("upper case", "SOLUTION_GUIDE", R"("SOLUTION_GUIDE")");
+    row("a title", "Solution Guide", R"("Solution Guide")");
+    row("beginning of a name", "manual", R"("manual")");
+    row("trailing space", "manuals ", R"("manuals ")");
+    row("a file's name", "quick_guide", R"("quick_guide")");
+    row("ampersand and percent signs", "a & b 100%1", R"("a & b 100%1")");
+    row("quote", R"(a "b")", R"("a \"b\"")");
+    row("not ASCII", "Größe 検査", R"("Größe 検査")");
+    row("empty", "", R"("")");
 }
 
 void DocumentationTitlesTest::unknownDirectory()
@@ -77,24 +67,22 @@ void DocumentationTitlesTest::file_data()
 {
     QTest::addColumn<QString>("title");
 
-    QTest::newRow("extension_package_programmers_manual")
-        << "Extension Package Interface Programmer's Manual";
-    QTest::newRow("gray_value_interpolation") << "Gray Value Interpolation";
-    QTest::newRow("hdevelop_users_guide") << "HDevelop User's Guide";
-    QTest::newRow("image_acquisition_interface_programmers_manual")
-        << "Image Acquisition Interface Programmer's Manual";
-    QTest::newRow("installation_guide") << "Installation Guide";
-    QTest::newRow("programmers_guide") << "Programmer's Guide";
-    QTest::newRow("quick_guide") << "Quick Guide";
-    QTest::newRow("reference_hdevelop") << "HALCON/HDevelop Reference";
-    QTest::newRow("solution_guide_i") << "Solution Guide I - Basics";
-    QTest::newRow("solution_guide_ii_a_image_acquisition") << "Solution Guide II-A - Image Acquisition";
-    QTest::newRow("solution_guide_ii_b_matching") << "Solution Guide II-B - Matching";
-    QTest::newRow("solution_guide_ii_c_2d_data_codes") << "Solution Guide II-C - 2D Data Codes";
-    QTest::newRow("solution_guide_ii_d_classification") << "Solution Guide II-D - Classification";
-    QTest::newRow("solution_guide_iii_a_1d_measuring") << "Solution Guide III-A - 1D Measuring";
-    QTest::newRow("solution_guide_iii_b_2d_measuring") << "Solution Guide III-B - 2D Measuring";
-    QTest::newRow("solution_guide_iii_c_3d_vision") << "Solution Guide III-C - 3D Vision";
+    row("extension_package_programmers_manual", "Extension Package Interface Programmer's Manual");
+    row("gray_value_interpolation", "Gray Value Interpolation");
+    row("hdevelop_users_guide", "HDevelop User's Guide");
+    row("image_acquisition_interface_programmers_manual", "Image Acquisition Interface Programmer's Manual");
+    row("installation_guide", "Installation Guide");
+    row("programmers_guide", "Programmer's Guide");
+    row("quick_guide", "Quick Guide");
+    row("reference_hdevelop", "HALCON/HDevelop Reference");
+    row("solution_guide_i", "Solution Guide I - Basics");
+    row("solution_guide_ii_a_image_acquisition", "Solution Guide II-A - Image Acquisition");
+    row("solution_guide_ii_b_matching", "Solution Guide II-B - Matching");
+    row("solution_guide_ii_c_2d_data_codes", "Solution Guide II-C - 2D Data Codes");
+    row("solution_guide_ii_d_classification", "Solution Guide II-D - Classification");
+    row("solution_guide_iii_a_1d_measuring", "Solution Guide III-A - 1D Measuring");
+    row("solution_guide_iii_b_2d_measuring", "Solution Guide III-B - 2D Measuring");
+    row("solution_guide_iii_c_3d_vision", "Solution Guide III-C - 3D Vision");
 }
 
 void DocumentationTitlesTest::file()
@@ -109,30 +97,18 @@ void DocumentationTitlesTest::unknownFile_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("quotedName");
 
-    QTest::newRow("not in the table") << "reference_c"
-                                      << R"("reference_c")";
-    QTest::newRow("release notes") << "release_notes"
-                                   << R"("release_notes")";
-    QTest::newRow("other letter case") << "Quick_Guide"
-                                       << R"("Quick_Guide")";
-    QTest::newRow("a title") << "Quick Guide"
-                             << R"("Quick Guide")";
-    QTest::newRow("with its extension") << "quick_guide.pdf"
-                                        << R"("quick_guide.pdf")";
-    QTest::newRow("beginning of a name") << "solution_guide_ii"
-                                         << R"("solution_guide_ii")";
-    QTest::newRow("leading space") << " quick_guide"
-                                   << R"(" quick_guide")";
-    QTest::newRow("a directory's name") << "manuals"
-                                        << R"("manuals")";
-    QTest::newRow("ampersand and percent signs") << "a & b 100%1"
-                                                 << R"("a & b 100%1")";
-    QTest::newRow("quote") << R"(a "b")"
-                           << R"("a \"b\"")";
-    QTest::newRow("not ASCII") << "Größe 検査"
-                               << R"("Größe 検査")";
-    QTest::newRow("empty") << ""
-                           << R"("")";
+    row("not in the table", "reference_c", R"("reference_c")");
+    row("release notes", "release_notes", R"("release_notes")");
+    row("other letter case", "Quick_Guide", R"("Quick_Guide")");
+    row("a title", "Quick Guide", R"("Quick Guide")");
+    row("with its extension", "quick_guide.pdf", R"("quick_guide.pdf")");
+    row("beginning of a name", "solution_guide_ii", R"("solution_guide_ii")");
+    row("leading space", " quick_guide", R"(" quick_guide")");
+    row("a directory's name", "manuals", R"("manuals")");
+    row("ampersand and percent signs", "a & b 100%1", R"("a & b 100%1")");
+    row("quote", R"(a "b")", R"("a \"b\"")");
+    row("not ASCII", "Größe 検査", R"("Größe 検査")");
+    row("empty", "", R"("")");
 }
 
 void DocumentationTitlesTest::unknownFile()
