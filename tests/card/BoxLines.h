@@ -27,6 +27,12 @@ inline QStringList warningLines(const QString &title, const QString &text)
             "buttons: OK",     "default: OK",   "parent: the card"};
 }
 
+/// What boxLines() says when the user asks for @p what, but no row of the list is chosen.
+inline QStringList noRowLines(const QString &what)
+{
+    return warningLines("Error", "Could not launch " + what + ": No valid Visual Studio version selected.");
+}
+
 /// The card's message for every Visual Studio button on a machine without Visual Studio.
 inline QStringList noVisualStudioLines()
 {

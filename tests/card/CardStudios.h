@@ -102,6 +102,11 @@ inline HalconInstallation progressInstallation(const QString &arch)
     return result;
 }
 
+inline QListWidget &studioList(const QWidget &card)
+{
+    return *card.findChild<QListWidget *>("lwVsVersion");
+}
+
 /// What the user reads in the list.
 inline QStringList rowTexts(const QListWidget &list)
 {

@@ -206,6 +206,8 @@ void LaunchConversationTest::translated()
 
     QCOMPARE(boxes.shown().size(), 1);
     QVERIFY2(boxes.shown().first().text.startsWith(begin), qPrintable(boxes.shown().first().text));
+    // Deliberate: titles of errors are not translated.
+    QVERIFY(boxes.shown().first().title.startsWith("Error"));
 }
 
 QTEST_MAIN(LaunchConversationTest)
