@@ -3,24 +3,13 @@
 #include "tests/card/CardButtons.h"
 #include "tests/card/Desktop.h"
 #include "tests/fakes/ProcessStartFake.h"
+#include "tests/support/Installations.h"
 #include "tests/support/MessageBoxes.h"
 #include "tests/support/Patience.h"
+#include "tests/support/Rows.h"
 
 #include <QPointer>
 #include <QtTest>
-
-namespace {
-
-HalconInstallation installation()
-{
-    HalconInstallation result(20, 11, 1, 0);
-    result.setSuffix("Progress");
-    result.arch = "x64-win64";
-    result.installDir = "C:\\H";
-    return result;
-}
-
-} // namespace
 
 class CardLaunchTest : public QObject {
     Q_OBJECT
@@ -29,8 +18,6 @@ private slots:
     void init() { ProcessStartFake::reset(); }
     void hdevelopButtons_data();
     void hdevelopButtons();
-    void failureIsShown_data();
-    void failureIsShown();
     void missingVelloxaIsAdvertised();
     void otherLinksGoToTheDesktop();
 };
@@ -42,17 +29,17 @@ void CardLaunchTest::hdevelopButtons_data()
 
     const QString plain = R"(C:\H\bin\x64-win64\hdevelop.exe)";
     const QString xl = R"(C:\H\bin\x64-win64\hdevelopxl.exe)";
-    QTest::newRow("HDevelop") << "pbHDevelop" << plain;
-    QTest::newRow("version number") << "pbMajor" << plain;
-    QTest::newRow("architecture badge") << "x64" << plain;
-    QTest::newRow("HDevelop XL") << "pbHDevelopXL" << xl;
-    QTest::newRow("XL badge") << "XL" << xl;
+    row("HDevelop", "pbHDevelop", plain);
+    row("version number", "pbMajor", plain);
+    row("architecture badge", "x64", plain);
+    row("HDevelop XL", "pbHDevelopXL", xl);
+    row("XL badge", "XL", xl);
 }
 
 void CardLaunchTest::hdevelopButtons()
 {
     QFETCH(QString, name);
-    const SingleHalconVersionFrame card(installation());
+    const SingleHalconVersionFrame card(installationIn("C:\\H"));
     const MessageBoxes boxes;
     QTest::mouseClick(button(card, name), Qt::LeftButton);
 
@@ -60,40 +47,13 @@ void CardLaunchTest::hdevelopButtons()
     const ProcessStartFake::Start &start = ProcessStartFake::starts().first();
     QTEST(start.executable, "executable");
     QCOMPARE(start.arguments, QString());
-    QCOMPARE(start.installation.versionArchText(), installation().versionArchText());
+    QCOMPARE(start.installation.versionArchText(), card.installation().versionArchText());
     QCOMPARE(boxes.shown().size(), 0);
-}
-
-void CardLaunchTest::failureIsShown_data()
-{
-    QTest::addColumn<QString>("name");
-
-    QTest::newRow("HDevelop") << "pbHDevelop";
-    QTest::newRow("HDevelop XL") << "pbHDevelopXL";
-}
-
-void CardLaunchTest::failureIsShown()
-{
-    QFETCH(QString, name);
-    SingleHalconVersionFrame card(installation());
-    card.show();
-    ProcessStartFake::failWith("CreateProcess failed: no such file");
-    const MessageBoxes boxes;
-    QTest::mouseClick(button(card, name), Qt::LeftButton);
-
-    QCOMPARE(boxes.shown().size(), 1);
-    const ShownBox &box = boxes.shown().first();
-    QCOMPARE(box.title, QString("Errors"));
-    QCOMPARE(box.text, QString("There were errors when launching HDevelop 20.11.1 Progress (x64-win64):\n"
-                               "CreateProcess failed: no such file"));
-    QCOMPARE(box.icon, QMessageBox::Warning);
-    QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
-    QCOMPARE(box.parent.data(), &card);
 }
 
 void CardLaunchTest::missingVelloxaIsAdvertised()
 {
-    const SingleHalconVersionFrame card(installation());
+    const SingleHalconVersionFrame card(installationIn("C:\\H"));
     const MessageBoxes boxes;
     QVERIFY(advertisement() == nullptr);
     QTest::mouseClick(button(card, "pbVelloxa"), Qt::LeftButton);
@@ -112,7 +72,7 @@ void CardLaunchTest::missingVelloxaIsAdvertised()
 
 void CardLaunchTest::otherLinksGoToTheDesktop()
 {
-    SingleHalconVersionFrame card(installation());
+    SingleHalconVersionFrame card(installationIn("C:\\H"));
     const Desktop desktop("http");
     card.textBrowserClick(QUrl("http://corvanta.invalid/a%20b?c#d"));
     QCOMPARE(desktop.opened, QList<QUrl>{QUrl("http://corvanta.invalid/a%20b?c#d")});
