@@ -1,5 +1,6 @@
 #include "card/CardDetails.h"
 #include "base/MakerAddresses.h"
+#include "tests/card/Desktop.h"
 #include "tests/support/Installations.h"
 #include "tests/support/RichText.h"
 #include "tests/support/Rows.h"
@@ -14,6 +15,8 @@ private slots:
     void directories_data();
     void directories();
     void release();
+    void otherLinks_data();
+    void otherLinks();
 };
 
 void CardDetailsTest::directories_data()
@@ -76,6 +79,25 @@ void CardDetailsTest::release()
     const QStringList newest = richTextRuns(*browser.document());
     showRelease(installed, installed, browser);
     QCOMPARE(richTextRuns(*browser.document()), newest);
+}
+
+void CardDetailsTest::otherLinks_data()
+{
+    QTest::addColumn<QUrl>("link");
+
+    row("web", QUrl("http://corvanta.invalid/a%20b?c#d"));
+    row("another word", QUrl("file:///licenseDir"));
+    row("other letter case", QUrl("file:///installdir"));
+    row("longer", QUrl("file:///installDir/"));
+    row("deeper", QUrl("file:///C:/exampleRoot"));
+}
+
+void CardDetailsTest::otherLinks()
+{
+    QFETCH(QUrl, link);
+    const Desktop desktop(link.scheme());
+    openDetailsLink(link, installationIn("C:\\windows"));
+    QCOMPARE(desktop.opened, QList<QUrl>{link});
 }
 
 QTEST_MAIN(CardDetailsTest)

@@ -1,8 +1,10 @@
 #include "card/SingleHalconVersionFrame.h"
 #include "tests/card/Desktop.h"
 #include "tests/support/EchoChild.h"
+#include "tests/support/Installations.h"
 #include "tests/support/MessageBoxes.h"
 #include "tests/support/Patience.h"
+#include "tests/support/Rows.h"
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
@@ -15,15 +17,6 @@
 #include <shellapi.h>
 
 namespace {
-
-HalconInstallation installation(const QString &installDir, const QString &exampleRoot)
-{
-    HalconInstallation result(20, 11, 1, 0);
-    result.arch = "x64-win64";
-    result.installDir = installDir;
-    result.setExampleRoot(exampleRoot);
-    return result;
-}
 
 /// A command line as the child splits it, without the program's name.
 QStringList argumentsOf(const QString &commandLine)
@@ -64,8 +57,6 @@ private slots:
     void directoryLinks();
     void clickOnLink_data();
     void clickOnLink();
-    void otherLinks_data();
-    void otherLinks();
 
 private:
     QString explorer() const { return QCoreApplication::applicationDirPath() + "/explorer.exe"; }
@@ -91,39 +82,15 @@ void CardExplorerTest::directoryLinks_data()
     QTest::addColumn<QString>("exampleRoot");
     QTest::addColumn<QString>("opened");
 
-    const QString install = "file:///installDir";
-    const QString example = "file:///exampleRoot";
-    QTest::newRow("installation") << install << "C:\\windows"
-                                  << "C:\\users"
-                                  << "C:\\windows";
-    QTest::newRow("examples") << example << "C:\\windows"
-                              << "C:\\users"
-                              << "C:\\users";
-    QTest::newRow("missing installation") << install << "C:\\missing\\HALCON"
-                                          << "C:\\users"
-                                          << "C:\\missing\\HALCON";
-    QTest::newRow("missing examples") << example << "C:\\windows"
-                                      << "C:\\missing\\examples"
-                                      << "C:\\missing\\examples";
-    QTest::newRow("spaces") << install << "C:\\Program Files\\HALCON 20.11"
-                            << ""
-                            << "C:\\Program Files\\HALCON 20.11";
-    QTest::newRow("spaces and a backslash at the end") << example << ""
-                                                       << "C:\\my examples\\"
-                                                       << "C:\\my examples\\";
-    QTest::newRow("signs that mean something to a shell") << install << "C:\\A & B 100% %PATH% ^ (x86)"
-                                                          << ""
-                                                          << "C:\\A & B 100% %PATH% ^ (x86)";
-    QTest::newRow("not ASCII") << install << "C:\\Gr\u00f6\u00dfe \u691c\u67fb"
-                               << ""
-                               << "C:\\Gr\u00f6\u00dfe \u691c\u67fb";
-    QTest::newRow("forward slashes stay") << example << ""
-                                          << "C:/users/Public"
-                                          << "C:/users/Public";
-    QTest::newRow("link with encoded letters") << "file:///install%44ir"
-                                               << "C:\\windows"
-                                               << ""
-                                               << "C:\\windows";
+    row("installation", "file:///installDir", "C:\\windows", "C:\\users", "C:\\windows");
+    row("examples, with spaces and a backslash at the end", "file:///exampleRoot", "C:\\windows",
+        "C:\\my examples\\", "C:\\my examples\\");
+    row("missing, with signs that mean something to a shell", "file:///installDir",
+        "C:\\A & B 100% %PATH% ^ (x86)", "", "C:\\A & B 100% %PATH% ^ (x86)");
+    row("not ASCII", "file:///installDir", "C:\\Gr\u00f6\u00dfe \u691c\u67fb", "",
+        "C:\\Gr\u00f6\u00dfe \u691c\u67fb");
+    row("forward slashes stay", "file:///exampleRoot", "", "C:/users/Public", "C:/users/Public");
+    row("link with encoded letters", "file:///install%44ir", "C:\\windows", "", "C:\\windows");
 }
 
 void CardExplorerTest::directoryLinks()
@@ -132,7 +99,7 @@ void CardExplorerTest::directoryLinks()
     QFETCH(QString, installDir);
     QFETCH(QString, exampleRoot);
     QFETCH(QString, opened);
-    SingleHalconVersionFrame card(installation(installDir, exampleRoot));
+    SingleHalconVersionFrame card(installationIn(installDir, "x64-win64", exampleRoot));
     const EchoChild child;
     const Desktop desktop("file");
     const MessageBoxes boxes;
@@ -151,8 +118,8 @@ void CardExplorerTest::clickOnLink_data()
 {
     QTest::addColumn<QString>("directory");
 
-    QTest::newRow("installation") << "HALCON 20.11";
-    QTest::newRow("examples") << "HALCON 20.11 examples";
+    row("installation", "HALCON 20.11");
+    row("examples", "HALCON 20.11 examples");
 }
 
 void CardExplorerTest::clickOnLink()
@@ -162,7 +129,8 @@ void CardExplorerTest::clickOnLink()
     const auto path = [&](const QString &name) { return QDir::toNativeSeparators(machine.filePath(name)); };
     QVERIFY(QDir(machine.path()).mkdir("HALCON 20.11"));
     QVERIFY(QDir(machine.path()).mkdir("HALCON 20.11 examples"));
-    SingleHalconVersionFrame card(installation(path("HALCON 20.11"), path("HALCON 20.11 examples")));
+    SingleHalconVersionFrame card(
+        installationIn(path("HALCON 20.11"), "x64-win64", path("HALCON 20.11 examples")));
     card.show();
     QVERIFY(eventuallyExposed(&card));
     auto *details = card.findChild<QTextBrowser *>("textBrowser");
@@ -180,28 +148,6 @@ void CardExplorerTest::clickOnLink()
     QCOMPARE(details->toHtml(), html);
     QCOMPARE(details->source(), QUrl());
     QCOMPARE(desktop.opened, QList<QUrl>());
-}
-
-void CardExplorerTest::otherLinks_data()
-{
-    QTest::addColumn<QUrl>("link");
-
-    QTest::newRow("another word") << QUrl("file:///licenseDir");
-    QTest::newRow("other letter case") << QUrl("file:///installdir");
-    QTest::newRow("longer") << QUrl("file:///installDir/");
-    QTest::newRow("deeper") << QUrl("file:///C:/installDir");
-    QTest::newRow("encoded") << QUrl("file:///C:/a%20b%23c?d#e");
-}
-
-void CardExplorerTest::otherLinks()
-{
-    QFETCH(QUrl, link);
-    SingleHalconVersionFrame card(installation("C:\\windows", "C:\\users"));
-    const Desktop desktop("file");
-
-    card.textBrowserClick(link);
-
-    QCOMPARE(desktop.opened, QList<QUrl>{link});
 }
 
 QTEST_MAIN(CardExplorerTest)
