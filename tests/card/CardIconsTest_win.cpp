@@ -1,101 +1,71 @@
 #include "card/SingleHalconVersionFrame.h"
 #include "tests/card/CardButtons.h"
 #include "tests/support/EchoChild.h"
+#include "tests/support/Installations.h"
 #include "tests/support/Registry.h"
+#include "tests/support/Rows.h"
 
 #include <QTemporaryDir>
-#include <QtTest>
 
-namespace {
-
-/// A program with an icon of its own.
-const QString picturedProgram = QStringLiteral(PICTURED_PROGRAM);
-const QSize shownSize(64, 52);
-
-void copyTo(const QString &path)
-{
-    if (!QDir().mkpath(QFileInfo(path).path()) || !QFile::copy(picturedProgram, path)) {
-        qFatal("could not copy %s to %s", qPrintable(picturedProgram), qPrintable(path));
-    }
-}
-
-HalconInstallation installation(const QTemporaryDir &directory, const QString &arch)
-{
-    HalconInstallation result(12, 0, 0, 0);
-    result.arch = arch;
-    result.installDir = QDir::toNativeSeparators(directory.path());
-    return result;
-}
-
-/// The icons of the card's buttons, HDevelop first, then HDevelop XL.
-QList<QImage> hdevelopIcons(const HalconInstallation &installation)
-{
-    const SingleHalconVersionFrame card(installation);
-    return {shownIcon(*button(card, "pbHDevelop")), shownIcon(*button(card, "pbHDevelopXL"))};
-}
-
-} // namespace
-
+/// Which icon the card's HDevelop buttons show. One of the programs here has an icon of its own.
 class CardIconsTest : public QObject {
     Q_OBJECT
 
 private slots:
     void initTestCase();
-    void iconOfHDevelop();
-    void xlHasNoIconOfItsOwn();
-    void iconOfTheArchitecture();
-    void missing();
-
-private:
-    QImage ofProgram;
-    QImage ofAnyProgram;
+    void icon_data();
+    void icon();
 };
 
 void CardIconsTest::initTestCase()
 {
     // Wine lacks this registry entry of every Windows, and without it shows no program's own icon.
     Registry::setString(R"(HKEY_LOCAL_MACHINE\Software\Classes\.exe)", QString(), "exefile");
-    ofProgram = fileIcon(picturedProgram, shownSize);
-    ofAnyProgram = fileIcon("C:\\no such directory\\hdevelop.exe", shownSize);
-    QVERIFY(!ofProgram.isNull());
-    QVERIFY(!ofAnyProgram.isNull());
-    QVERIFY(ofProgram != ofAnyProgram);
 }
 
-void CardIconsTest::iconOfHDevelop()
+void CardIconsTest::icon_data()
 {
-    const QTemporaryDir directory;
-    copyTo(directory.filePath("bin/x64-win64/hdevelop.exe"));
-    // Without an icon of its own.
-    EchoChild::copyTo(directory.filePath("bin/x64-win64/hdevelopxl.exe"));
-    QCOMPARE(hdevelopIcons(installation(directory, "x64-win64")), (QList<QImage>{ofProgram, ofProgram}));
+    QTest::addColumn<QString>("pictured");
+    QTest::addColumn<QString>("plain"); // a program without an icon of its own
+    QTest::addColumn<QString>("arch");
+    QTest::addColumn<QString>("shown"); // whose icon
+
+    const QString program = "bin/x64-win64/hdevelop.exe";
+    const QString xl = "bin/x64-win64/hdevelopxl.exe";
+    const QString program32 = "bin/x86sse2-win32/hdevelop.exe";
+    row("its own", program, xl, "x64-win64", program);
+    row("XL has none of its own", xl, "", "x64-win64", "missing.exe");
+    row("of the architecture", program32, program, "x86sse2-win32", program32);
+    row("of the other architecture", program32, program, "x64-win64", program);
+    row("missing", "", "", "x64-win64", "missing.exe");
 }
 
-void CardIconsTest::xlHasNoIconOfItsOwn()
+void CardIconsTest::icon()
 {
+    QFETCH(QString, pictured);
+    QFETCH(QString, plain);
+    QFETCH(QString, arch);
+    QFETCH(QString, shown);
     const QTemporaryDir directory;
-    copyTo(directory.filePath("bin/x64-win64/hdevelopxl.exe"));
-    QCOMPARE(hdevelopIcons(installation(directory, "x64-win64")),
-             (QList<QImage>{ofAnyProgram, ofAnyProgram}));
-}
+    if (!pictured.isEmpty()) {
+        QVERIFY(QDir().mkpath(QFileInfo(directory.filePath(pictured)).path()));
+        QVERIFY(QFile::copy(QStringLiteral(PICTURED_PROGRAM), directory.filePath(pictured)));
+    }
+    if (!plain.isEmpty()) {
+        EchoChild::copyTo(directory.filePath(plain));
+    }
+    const QSize size(64, 52);
+    const QImage expected = fileIcon(directory.filePath(shown), size);
+    QVERIFY(!expected.isNull());
+    const bool ofItsOwn = shown == pictured;
+    QCOMPARE(expected != fileIcon(directory.filePath("missing.exe"), size) &&
+                 expected == fileIcon(PICTURED_PROGRAM, size),
+             ofItsOwn);
 
-void CardIconsTest::iconOfTheArchitecture()
-{
-    const QTemporaryDir directory;
-    copyTo(directory.filePath("bin/x86sse2-win32/hdevelop.exe"));
-    EchoChild::copyTo(directory.filePath("bin/x64-win64/hdevelop.exe"));
-    QCOMPARE(hdevelopIcons(installation(directory, "x86sse2-win32")), (QList<QImage>{ofProgram, ofProgram}));
-    const QImage withoutPicture = fileIcon(directory.filePath("bin/x64-win64/hdevelop.exe"), shownSize);
-    QVERIFY(withoutPicture != ofProgram);
-    QCOMPARE(hdevelopIcons(installation(directory, "x64-win64")),
-             (QList<QImage>{withoutPicture, withoutPicture}));
-}
+    const SingleHalconVersionFrame card(installationIn(QDir::toNativeSeparators(directory.path()), arch));
 
-void CardIconsTest::missing()
-{
-    const QTemporaryDir directory;
-    QCOMPARE(hdevelopIcons(installation(directory, "x64-win64")),
-             (QList<QImage>{ofAnyProgram, ofAnyProgram}));
+    QCOMPARE(shownIcon(*button(card, "pbHDevelop")), expected);
+    QCOMPARE(shownIcon(*button(card, "pbHDevelopXL")), expected);
 }
 
 QTEST_MAIN(CardIconsTest)
