@@ -7,11 +7,15 @@
 #include "tests/launch/PermanentSwitchMachine.h"
 #include "tests/support/Patience.h"
 #include "tests/support/Registry.h"
+#include "tests/support/Rows.h"
 
 #include <QPushButton>
 #include <QtTest>
 
 namespace {
+
+const QStringList halconCom{"halconx.dll", "halconxxl.dll"};
+const QStringList engineCom{"hdevenginex.dll", "hdevenginexxl.dll"};
 
 /// HALCON with all four COM libraries, and what a switch to it says and does.
 class InstalledHalcon {
@@ -61,6 +65,23 @@ public:
                                    (plannedLines(libraries) + QStringList{broadcastLine}).join("\n- "));
     }
 
+    /// What the boxes say when the user agrees and the helper ends with @p exitCode.
+    QStringList failedLines(int exitCode) const
+    {
+        const QStringList libraries = halconCom + engineCom;
+        const QStringList planned = plannedLines(libraries);
+        const QString failure =
+            QString("helper process returned with value %1. This indicates an error in the "
+                    "execution!")
+                .arg(exitCode);
+        const QStringList lines =
+            planned + QStringList{broadcastLine} + planned + QStringList{failure, broadcastLine};
+        return questionLines(libraries) +
+               warningLines("Errors",
+                            "There were errors when switching to HALCON 20.11.1 Progress (x86sse2-win32):\n" +
+                                lines.join('\n'));
+    }
+
     HalconInstallation installation{20, 11, 1, 0};
 
 private:
@@ -72,10 +93,7 @@ void clickSwitch(const SingleHalconVersionFrame &card)
     QTest::mouseClick(card.findChild<QPushButton *>("pbPerm"), Qt::LeftButton);
 }
 
-const QStringList halconCom{"halconx.dll", "halconxxl.dll"};
-const QStringList engineCom{"hdevenginex.dll", "hdevenginexxl.dll"};
 const QString switchedText = "Switched to HALCON 20.11.1 Progress (x86sse2-win32)";
-const QString failedText = "There were errors when switching to HALCON 20.11.1 Progress (x86sse2-win32):\n";
 
 } // namespace
 
@@ -89,7 +107,6 @@ private slots:
     void cleanupTestCase() { clearVariables(); }
     void confirmed_data();
     void confirmed();
-    void notConfirmed_data();
     void notConfirmed();
     void helperFails();
     void helperIsMissing();
@@ -108,12 +125,9 @@ void CardSwitchRunTest::confirmed_data()
     QTest::addColumn<QStringList>("clicked");
     QTest::addColumn<QStringList>("libraries"); // to register; both boxes are ticked at first
 
-    QTest::newRow("as they are at first") << QStringList() << halconCom + engineCom;
-    QTest::newRow("without HALCON COM") << QStringList{"cbRegCom"} << engineCom;
-    QTest::newRow("without engine COM") << QStringList{"cbRegComEngine"} << halconCom;
-    QTest::newRow("neither") << QStringList{"cbRegComEngine", "cbRegCom"} << QStringList();
-    QTest::newRow("by the label") << QStringList{"lRegComEngine"} << halconCom;
-    QTest::newRow("off and on again") << QStringList{"lRegCom", "cbRegCom"} << halconCom + engineCom;
+    row("as they are at first", QStringList(), halconCom + engineCom);
+    row("without HALCON COM", QStringList{"cbRegCom"}, engineCom);
+    row("without engine COM, by the label", QStringList{"lRegComEngine"}, halconCom);
 }
 
 void CardSwitchRunTest::confirmed()
@@ -143,17 +157,8 @@ void CardSwitchRunTest::confirmed()
     QCOMPARE(window.closeAndTakeLines(), QStringList{"wParam 0, text Environment, after the helper"});
 }
 
-void CardSwitchRunTest::notConfirmed_data()
-{
-    QTest::addColumn<QMessageBox::StandardButton>("answer");
-
-    QTest::newRow("Cancel") << QMessageBox::Cancel;
-    QTest::newRow("Escape") << QMessageBox::NoButton;
-}
-
 void CardSwitchRunTest::notConfirmed()
 {
-    QFETCH(QMessageBox::StandardButton, answer);
     const InstalledHalcon halcon;
     const ElevatedHelperProgram helper;
     const EchoChild child;
@@ -161,7 +166,7 @@ void CardSwitchRunTest::notConfirmed()
     const QStringList before = environmentLines();
     SingleHalconVersionFrame card(halcon.installation);
     card.show();
-    const MessageBoxes boxes({answer, QMessageBox::Ok});
+    const MessageBoxes boxes({QMessageBox::Cancel, QMessageBox::Ok});
 
     clickSwitch(card);
 
@@ -184,12 +189,7 @@ void CardSwitchRunTest::helperFails()
 
     clickSwitch(card);
 
-    const QStringList planned = halcon.plannedLines(halconCom + engineCom);
-    const QString failure = "helper process returned with value 3. This indicates an error in the execution!";
-    const QStringList lines =
-        planned + QStringList{broadcastLine} + planned + QStringList{failure, broadcastLine};
-    QCOMPARE(boxLines(boxes.shown(), card), halcon.questionLines(halconCom + engineCom) +
-                                                warningLines("Errors", failedText + lines.join('\n')));
+    QCOMPARE(boxLines(boxes.shown(), card), halcon.failedLines(3));
 }
 
 void CardSwitchRunTest::helperIsMissing()
@@ -203,13 +203,7 @@ void CardSwitchRunTest::helperIsMissing()
 
     clickSwitch(card);
 
-    const QStringList planned = halcon.plannedLines(halconCom + engineCom);
-    const QString failure =
-        "helper process returned with value -1. This indicates an error in the execution!";
-    const QStringList lines =
-        planned + QStringList{broadcastLine} + planned + QStringList{failure, broadcastLine};
-    QCOMPARE(boxLines(boxes.shown(), card), halcon.questionLines(halconCom + engineCom) +
-                                                warningLines("Errors", failedText + lines.join('\n')));
+    QCOMPARE(boxLines(boxes.shown(), card), halcon.failedLines(-1));
 }
 
 QTEST_MAIN(CardSwitchRunTest)

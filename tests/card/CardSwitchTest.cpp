@@ -3,7 +3,9 @@
 #include "tests/card/CardSwitchLines.h"
 #include "tests/fakes/ElevatedHelperFake.h"
 #include "tests/fakes/ProcessStartFake.h"
+#include "tests/support/Installations.h"
 #include "tests/support/Patience.h"
+#include "tests/support/Rows.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -12,14 +14,7 @@
 
 namespace {
 
-HalconInstallation installation(const QString &arch = "x64-win64")
-{
-    HalconInstallation result(20, 11, 1, 0);
-    result.setSuffix("Progress");
-    result.arch = arch;
-    result.installDir = "C:\\H";
-    return result;
-}
+const HalconInstallation installation = installationIn("C:\\H");
 
 const QString variableArguments =
     R"(--env HALCONROOT="C:\H" --env HALCONARCH="x64-win64" --env HALCONIMAGES="" --env HALCONEXAMPLES="" )";
@@ -43,15 +38,13 @@ QStringList dryRunLines(const QString &helperArguments)
 
 QStringList questionLines(const QString &helperArguments)
 {
-    return switchQuestionLines(
-        "If you continue, the following changes will be performed.\n\n"
-        "changing environment variable HALCONROOT (scope: user) from\n  to\n C:\\H (scope: system)\n"
-        "- changing environment variable HALCONARCH (scope: user) from\n  to\n x64-win64 (scope: system)\n"
-        "- changing environment variable HALCONIMAGES (scope: user) from\n  to\n  (scope: system)\n"
-        "- changing environment variable HALCONEXAMPLES (scope: user) from\n  to\n  (scope: system)\n"
-        "- executing helper process with elevated rights: " +
-        helperExecutablePath() + " " + helperArguments +
-        "\n- broadcast environment updated message (WM_SETTINGCHANGE)");
+    return switchQuestionLines("If you continue, the following changes will be performed.\n\n" +
+                               dryRunLines(helperArguments).join("\n- "));
+}
+
+QStringList switchedLines()
+{
+    return informationLines("Switched", "Switched to HALCON 20.11.1.3 (x64-win64)");
 }
 
 void clickSwitch(const SingleHalconVersionFrame &card)
@@ -84,15 +77,13 @@ void CardSwitchTest::init()
 
 void CardSwitchTest::confirmed()
 {
-    SingleHalconVersionFrame card(installation());
+    SingleHalconVersionFrame card(installation);
     card.show();
     const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
 
     clickSwitch(card);
 
-    QCOMPARE(boxLines(boxes.shown(), card),
-             questionLines(arguments) +
-                 informationLines("Switched", "Switched to HALCON 20.11.1 Progress (x64-win64)"));
+    QCOMPARE(boxLines(boxes.shown(), card), questionLines(arguments) + switchedLines());
     QCOMPARE(ElevatedHelperFake::starts().size(), 1);
     const ElevatedHelperFake::Start &start = ElevatedHelperFake::starts().constFirst();
     QCOMPARE(start.executable, helperExecutablePath());
@@ -107,14 +98,14 @@ void CardSwitchTest::notConfirmed_data()
 {
     QTest::addColumn<QMessageBox::StandardButton>("answer");
 
-    QTest::newRow("Cancel") << QMessageBox::Cancel;
-    QTest::newRow("Escape") << QMessageBox::NoButton;
+    row("Cancel", QMessageBox::Cancel);
+    row("Escape", QMessageBox::NoButton);
 }
 
 void CardSwitchTest::notConfirmed()
 {
     QFETCH(QMessageBox::StandardButton, answer);
-    SingleHalconVersionFrame card(installation());
+    SingleHalconVersionFrame card(installation);
     card.show();
     const MessageBoxes boxes({answer, QMessageBox::Ok});
 
@@ -131,23 +122,21 @@ void CardSwitchTest::checkBoxes_data()
     QTest::addColumn<QStringList>("clicked");
     QTest::addColumn<QString>("asked"); // after the variables
 
-    QTest::newRow("as they are at first") << QStringList() << "--x64";
-    QTest::newRow("without HALCON COM") << QStringList{"cbRegCom"} << "--x64";
-    QTest::newRow("without engine COM") << QStringList{"cbRegComEngine"} << "--x64";
-    QTest::newRow("neither") << QStringList{"cbRegCom", "cbRegComEngine"} << "";
-    QTest::newRow("neither, by the labels") << QStringList{"lRegCom", "lRegComEngine"} << "";
-    QTest::newRow("neither, by the shields") << QStringList{"pbUac", "pbUaCEngine"} << "";
-    QTest::newRow("neither, then HALCON COM")
-        << QStringList{"cbRegCom", "cbRegComEngine", "lRegCom"} << "--x64";
-    QTest::newRow("neither, then engine COM")
-        << QStringList{"lRegCom", "lRegComEngine", "cbRegComEngine"} << "--x64";
+    row("as they are at first", QStringList(), "--x64");
+    row("without HALCON COM", QStringList{"cbRegCom"}, "--x64");
+    row("without engine COM", QStringList{"cbRegComEngine"}, "--x64");
+    row("neither", QStringList{"cbRegCom", "cbRegComEngine"}, "");
+    row("neither, by the labels", QStringList{"lRegCom", "lRegComEngine"}, "");
+    row("neither, by the shields", QStringList{"pbUac", "pbUaCEngine"}, "");
+    row("neither, then HALCON COM", QStringList{"cbRegCom", "cbRegComEngine", "lRegCom"}, "--x64");
+    row("neither, then engine COM", QStringList{"lRegCom", "lRegComEngine", "cbRegComEngine"}, "--x64");
 }
 
 void CardSwitchTest::checkBoxes()
 {
     QFETCH(QStringList, clicked);
     QFETCH(QString, asked);
-    SingleHalconVersionFrame card(installation());
+    SingleHalconVersionFrame card(installation);
     card.show();
     QVERIFY(eventuallyExposed(&card));
     for (const QString &name : clicked) {
@@ -158,9 +147,7 @@ void CardSwitchTest::checkBoxes()
 
     clickSwitch(card);
 
-    QCOMPARE(boxLines(boxes.shown(), card),
-             questionLines(variableArguments + asked) +
-                 informationLines("Switched", "Switched to HALCON 20.11.1 Progress (x64-win64)"));
+    QCOMPARE(boxLines(boxes.shown(), card), questionLines(variableArguments + asked) + switchedLines());
     QCOMPARE(ElevatedHelperFake::starts().size(), 1);
     QCOMPARE(ElevatedHelperFake::starts().constFirst().arguments, variableArguments + asked);
 }
@@ -174,10 +161,10 @@ void CardSwitchTest::failure_data()
     const QString broadcast = "broadcast environment updated message (WM_SETTINGCHANGE)";
     const QString failed = "helper process returned with value %1. This indicates an error in the execution!";
     const QString broadcastFailed = "Error in broadcasting environment updated message: the window is gone";
-    QTest::newRow("helper") << 3 << true << QStringList{failed.arg(3), broadcast};
-    QTest::newRow("helper not started") << -1 << true << QStringList{failed.arg(-1), broadcast};
-    QTest::newRow("broadcast") << 0 << false << QStringList{broadcast, broadcastFailed};
-    QTest::newRow("both") << 1 << false << QStringList{failed.arg(1), broadcast, broadcastFailed};
+    row("helper", 3, true, QStringList{failed.arg(3), broadcast});
+    row("helper not started", -1, true, QStringList{failed.arg(-1), broadcast});
+    row("broadcast", 0, false, QStringList{broadcast, broadcastFailed});
+    row("both", 1, false, QStringList{failed.arg(1), broadcast, broadcastFailed});
 }
 
 void CardSwitchTest::failure()
@@ -187,7 +174,7 @@ void CardSwitchTest::failure()
     QFETCH(QStringList, said);
     ElevatedHelperFake::setOutcome(exitCode, broadcastSucceeds);
     ProcessStartFake::failWith("the window is gone");
-    SingleHalconVersionFrame card(installation());
+    SingleHalconVersionFrame card(installation);
     card.show();
     const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
 
@@ -195,17 +182,17 @@ void CardSwitchTest::failure()
 
     // Both runs appended to one list.
     const QStringList lines = dryRunLines(arguments) + dryRunLines(arguments).mid(0, 5) + said;
-    QCOMPARE(boxLines(boxes.shown(), card),
-             questionLines(arguments) +
-                 warningLines("Errors",
-                              "There were errors when switching to HALCON 20.11.1 Progress (x64-win64):\n" +
-                                  lines.join('\n')));
+    QCOMPARE(
+        boxLines(boxes.shown(), card),
+        questionLines(arguments) +
+            warningLines("Errors", "There were errors when switching to HALCON 20.11.1.3 (x64-win64):\n" +
+                                       lines.join('\n')));
     QCOMPARE(ElevatedHelperFake::starts().size(), 1);
 }
 
 void CardSwitchTest::failedSwitchCanBeTriedAgain()
 {
-    SingleHalconVersionFrame card(installation());
+    SingleHalconVersionFrame card(installation);
     card.show();
     ElevatedHelperFake::setOutcome(3, true);
     {
@@ -220,9 +207,7 @@ void CardSwitchTest::failedSwitchCanBeTriedAgain()
     clickSwitch(card);
 
     // Nothing of the first attempt is left.
-    QCOMPARE(boxLines(boxes.shown(), card),
-             questionLines(arguments) +
-                 informationLines("Switched", "Switched to HALCON 20.11.1 Progress (x64-win64)"));
+    QCOMPARE(boxLines(boxes.shown(), card), questionLines(arguments) + switchedLines());
 }
 
 QTEST_MAIN(CardSwitchTest)
