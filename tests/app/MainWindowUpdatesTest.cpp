@@ -4,6 +4,7 @@
 #include "tests/app/UpdateMachine.h"
 #include "tests/support/Messages.h"
 #include "tests/support/Patience.h"
+#include "tests/support/Rows.h"
 #include "update/UpdateCheck.h"
 
 #include <QtTest>
@@ -61,14 +62,11 @@ private slots:
     void methods();
     void addresses();
     void firstStartAsksForNothing();
-    void storedOptionAsksAtStart_data();
-    void storedOptionAsksAtStart();
     void bothOptionsAskAtStartInOrder();
     void tickingAsksAtOnce_data();
     void tickingAsksAtOnce();
     void onlyCheckedAsks();
     void everyTickComparesAnew();
-    void everyTickAsksForTheProgramAnew();
     void untickingLetsADownloadGoOn();
     void windowStaysUsable();
     void windowIsClosedDuringADownload();
@@ -112,26 +110,6 @@ void MainWindowUpdatesTest::firstStartAsksForNothing()
     QCOMPARE(machine->server.acceptedConnections(), 1);
 }
 
-void MainWindowUpdatesTest::storedOptionAsksAtStart_data()
-{
-    QTest::addColumn<QString>("option");
-    QTest::addColumn<QByteArray>("target");
-
-    QTest::newRow("HALCON") << updateCheckHalcon << releaseList;
-    QTest::newRow("program") << updateCheckCorvanta << ownRelease;
-}
-
-void MainWindowUpdatesTest::storedOptionAsksAtStart()
-{
-    QFETCH(QString, option);
-    QFETCH(QByteArray, target);
-    Registry::setString(settingsKey, option, "true");
-    const LogLines log;
-    const MainWindow window;
-    EVENTUALLY_COMPARE(log.lines().filter("Could not fetch ").size(), 1);
-    QCOMPARE(askedBefore(), QList<QByteArray>{target});
-}
-
 void MainWindowUpdatesTest::bothOptionsAskAtStartInOrder()
 {
     QList<QByteArray> asked;
@@ -149,8 +127,8 @@ void MainWindowUpdatesTest::tickingAsksAtOnce_data()
     QTest::addColumn<QString>("box");
     QTest::addColumn<QByteArray>("target");
 
-    QTest::newRow("HALCON") << halconBox << releaseList;
-    QTest::newRow("program") << corvantaBox << ownRelease;
+    row("HALCON", halconBox, releaseList);
+    row("program", corvantaBox, ownRelease);
 }
 
 void MainWindowUpdatesTest::tickingAsksAtOnce()
@@ -195,26 +173,6 @@ void MainWindowUpdatesTest::everyTickComparesAnew()
     machine->server.proceed();
     EVENTUALLY_COMPARE(log.lines().count(found), 2);
     QCOMPARE(log.lines().filter("revision"), (QStringList{"  revision: 1", "  revision: 1"}));
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCOMPARE(window.findChildren<UpdateCheck *>().size(), 2);
-}
-
-void MainWindowUpdatesTest::everyTickAsksForTheProgramAnew()
-{
-    machine->server.setAnswer(ownRelease, WebAnswer::held("no JSON"));
-    MainWindow window;
-    window.show();
-    QVERIFY(eventuallyExposed(&window));
-    const LogLines log;
-    click(window, corvantaBox);
-    EVENTUALLY_COMPARE(machine->server.targets().size(), 1);
-    machine->server.setAnswer(ownRelease, WebAnswer::ok("no JSON either"));
-    click(window, corvantaBox);
-    click(window, corvantaBox);
-    const QString failed = "Could not parse Corvanta for HALCON version update information file";
-    EVENTUALLY_COMPARE(log.lines(), QStringList{failed});
-    machine->server.proceed();
-    EVENTUALLY_COMPARE(log.lines(), (QStringList{failed, failed}));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCOMPARE(window.findChildren<UpdateCheck *>().size(), 2);
 }
