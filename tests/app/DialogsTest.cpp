@@ -3,6 +3,7 @@
 #include "tests/support/AccessibleControls.h"
 #include "tests/support/Messages.h"
 #include "tests/support/Patience.h"
+#include "tests/support/Rows.h"
 
 #include <QDesktopServices>
 #include <QDialogButtonBox>
@@ -78,10 +79,10 @@ void DialogsTest::bothDialogs()
 
     const MakeDialog error = [](QWidget *parent) { return std::make_unique<ErrorDialog>(html, parent); };
     const MakeDialog message = [](QWidget *parent) { return std::make_unique<MessageDialog>(html, parent); };
-    QTest::newRow("error") << error << "ErrorDialog" << QSize(400, 186)
-                           << QStringList{"pushButton", "textBrowser"} << "ErrorDialog: " + html;
-    QTest::newRow("message") << message << "messagedialog" << QSize(535, 290) << QStringList{"textBrowser"}
-                             << "MessageDialog: " + html;
+    row("error", error, "ErrorDialog", QSize(400, 186), QStringList{"pushButton", "textBrowser"},
+        "ErrorDialog: " + html);
+    row("message", message, "messagedialog", QSize(535, 290), QStringList{"textBrowser"},
+        "MessageDialog: " + html);
 }
 
 void DialogsTest::isBuilt()

@@ -1,3 +1,5 @@
+#include "tests/support/Rows.h"
+
 #include <QImage>
 #include <QtTest>
 
@@ -16,12 +18,12 @@ void ImagesTest::image_data()
 
     for (const char *name :
          {"shell", "shell_no_devenv", "help", "install_license", "permanent", "uac", "velloxa"}) {
-        QTest::newRow(name) << QSize();
+        row(name, QSize());
     }
-    QTest::newRow("velloxa-48") << QSize(48, 48);
-    QTest::newRow("velloxa-256") << QSize(256, 256);
+    row("velloxa-48", QSize(48, 48));
+    row("velloxa-256", QSize(256, 256));
     // The program's icon.
-    QTest::newRow("corvanta") << QSize(256, 256);
+    row("corvanta", QSize(256, 256));
 }
 
 void ImagesTest::image()
@@ -37,3 +39,4 @@ void ImagesTest::image()
 QTEST_GUILESS_MAIN(ImagesTest)
 
 #include "ImagesTest.moc"
+#include "tests/support/Rows.h"

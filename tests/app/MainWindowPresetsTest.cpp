@@ -1,6 +1,7 @@
 #include "base/ApplicationIdentity.h"
 #include "tests/app/UpdateMachine.h"
 #include "tests/support/Patience.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
 
@@ -64,11 +65,11 @@ void MainWindowPresetsTest::presetHoldsUntilTheUserChooses_data()
     QTest::addColumn<QString>("own");
     QTest::addColumn<bool>("ticked");
 
-    QTest::newRow("nothing") << QString() << QString() << false;
-    QTest::newRow("preset on") << "true" << QString() << true;
-    QTest::newRow("preset off") << "false" << QString() << false;
-    QTest::newRow("preset on, user's own off") << "true" << "false" << false;
-    QTest::newRow("preset off, user's own on") << "false" << "true" << true;
+    row("nothing", QString(), QString(), false);
+    row("preset on", "true", QString(), true);
+    row("preset off", "false", QString(), false);
+    row("preset on, user's own off", "true", "false", false);
+    row("preset off, user's own on", "false", "true", true);
 }
 
 void MainWindowPresetsTest::presetHoldsUntilTheUserChooses()
@@ -116,8 +117,8 @@ void MainWindowPresetsTest::choiceIsStoredForTheUserAlone_data()
     QTest::addColumn<QString>("preset");
     QTest::addColumn<QString>("chosen");
 
-    QTest::newRow("switched off") << "true" << "false";
-    QTest::newRow("switched on") << "false" << "true";
+    row("switched off", "true", "false");
+    row("switched on", "false", "true");
 }
 
 void MainWindowPresetsTest::choiceIsStoredForTheUserAlone()
