@@ -1,7 +1,6 @@
 #include "app/MainWindow.h"
 #include "app/DebugDialog.h"
 #include "base/ApplicationIdentity.h"
-#include "base/MakerAddresses.h"
 #include "card/SingleHalconVersionFrame.h"
 #include "recent/RecentProgramsFrame.h"
 #include "tests/app/WindowMachine.h"
@@ -10,11 +9,13 @@
 #include "tests/support/Patience.h"
 #include "tests/support/ProjectVersion.h"
 #include "tests/support/Registry.h"
-#include "tests/support/RichText.h"
+#include "tests/support/Rows.h"
 #include "tests/support/WebServer.h"
+#include "tests/support/WidgetTree.h"
 
 #include <QCheckBox>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QMenuBar>
 #include <QScrollArea>
 #include <QSettings>
@@ -22,7 +23,6 @@
 #include <QTextBrowser>
 #include <QToolBar>
 #include <QtTest>
-#include <QVBoxLayout>
 
 using WindowMachine::clear;
 using WindowMachine::click;
@@ -60,25 +60,18 @@ private slots:
     void cardsInOrder();
     void cardIsOfItsInstallationAndInTheWindow();
     void optionsAreOffAtFirst();
-    void storedOptionsAreRestored_data();
-    void storedOptionsAreRestored();
-    void restoringDoesNotWrite_data() { storedOptionsAreRestored_data(); }
+    void restoringDoesNotWrite_data();
     void restoringDoesNotWrite();
-    void changingAnOptionStoresIt_data();
+    void changingAnOptionStoresIt_data() { restoringDoesNotWrite_data(); }
     void changingAnOptionStoresIt();
-    void unreadableOptionIsOff();
     void f12ShowsOneDebugDialog();
-    void f12IsTaken_data();
-    void f12IsTaken();
+    void keyIsTaken_data();
+    void keyIsTaken();
     void f4ShowsOneListOfRecentPrograms();
-    void f4IsTaken_data() { f12IsTaken_data(); }
-    void f4IsTaken();
     void f4PutsTheListInTheMiddle();
     void f4LeadsToTheSearchLine_data();
     void f4LeadsToTheSearchLine();
     void f4ReadsTheListOnce();
-    void otherKeysArePassedOn_data();
-    void otherKeysArePassedOn();
 };
 
 void MainWindowTest::initTestCase()
@@ -108,44 +101,30 @@ void MainWindowTest::widgetTree()
 {
     const MainWindow window;
     QCOMPARE(window.centralWidget()->objectName(), QString("centralWidget"));
-    const auto *column = qobject_cast<QVBoxLayout *>(window.centralWidget()->layout());
-    QVERIFY(column != nullptr);
-    QCOMPARE(column->objectName(), QString("verticalLayout"));
-    QCOMPARE(column->spacing(), 0);
-    QCOMPARE(column->contentsMargins(), QMargins(0, 0, 0, 0));
-    QCOMPARE(column->count(), 3);
+    QCOMPARE(describeLayouts(*window.centralWidget()->layout()),
+             (QStringList{"QVBoxLayout verticalLayout spacing 0 margins 0,0,0,0: saHalconVersions | "
+                          "horizontalLayout | textBrowser",
+                          "QHBoxLayout horizontalLayout spacing 6 margins 10,2,10,2: cbUpdateCheckHalcon | "
+                          "cbUpdateCheckCorvanta | spacer 40x20 Expanding/Minimum"}));
+    const QStringList widgets = describeWidgets(*window.centralWidget());
+    for (const char *line :
+         {"QScrollArea saHalconVersions min 150x150 MinimumExpanding/MinimumExpanding in verticalLayout at 0",
+          "QCheckBox cbUpdateCheckHalcon \"Enable HALCON Update Checks\" Minimum/Fixed in horizontalLayout "
+          "at 0",
+          "QCheckBox cbUpdateCheckCorvanta \"Enable Corvanta for HALCON Update Checks\" Minimum/Fixed in "
+          "horizontalLayout at 1",
+          "QTextBrowser textBrowser min 0x50 max 16777215x32 Expanding/MinimumExpanding in verticalLayout at "
+          "2"}) {
+        QVERIFY2(widgets.contains(line), qPrintable(widgets.join('\n')));
+    }
 
-    const auto *area = qobject_cast<QScrollArea *>(column->itemAt(0)->widget());
-    QVERIFY(area != nullptr);
-    QCOMPARE(area->objectName(), QString("saHalconVersions"));
-    QCOMPARE(area->sizePolicy().horizontalPolicy(), QSizePolicy::MinimumExpanding);
-    QCOMPARE(area->sizePolicy().verticalPolicy(), QSizePolicy::MinimumExpanding);
-    QCOMPARE(area->minimumSize(), QSize(150, 150));
+    const auto *area = window.findChild<QScrollArea *>("saHalconVersions");
     QCOMPARE(area->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOn);
     QCOMPARE(area->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOn);
     QCOMPARE(area->sizeAdjustPolicy(), QAbstractScrollArea::AdjustToContentsOnFirstShow);
     QVERIFY(area->widgetResizable());
-    QVERIFY(qobject_cast<QVBoxLayout *>(area->widget()->layout()) != nullptr);
     QCOMPARE(area->widget()->layout()->contentsMargins(), QMargins(0, 0, 0, 0));
     QVERIFY(window.findChild<QWidget *>("scrollAreaWidgetContents") == nullptr);
-
-    const auto *row = qobject_cast<QHBoxLayout *>(column->itemAt(1)->layout());
-    QVERIFY(row != nullptr);
-    QCOMPARE(row->objectName(), QString("horizontalLayout"));
-    QCOMPARE(row->spacing(), 6);
-    QCOMPARE(row->contentsMargins(), QMargins(10, 2, 10, 2));
-    QCOMPARE(row->count(), 3);
-    const auto *halcon = qobject_cast<QCheckBox *>(row->itemAt(0)->widget());
-    QCOMPARE(halcon->objectName(), QString("cbUpdateCheckHalcon"));
-    QCOMPARE(halcon->text(), QString("Enable HALCON Update Checks"));
-    const auto *corvanta = qobject_cast<QCheckBox *>(row->itemAt(1)->widget());
-    QCOMPARE(corvanta->objectName(), QString("cbUpdateCheckCorvanta"));
-    QCOMPARE(corvanta->text(), QString("Enable Corvanta for HALCON Update Checks"));
-    QCOMPARE(row->itemAt(2)->spacerItem()->sizeHint(), QSize(40, 20));
-    QCOMPARE(row->itemAt(2)->spacerItem()->sizePolicy(),
-             QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum));
-
-    QCOMPARE(column->itemAt(2)->widget()->objectName(), QString("textBrowser"));
 }
 
 void MainWindowTest::bars()
@@ -166,30 +145,11 @@ void MainWindowTest::footer()
     const auto *browser = window.findChild<QWidget *>("centralWidget")
                               ->findChild<QTextBrowser *>("textBrowser", Qt::FindDirectChildrenOnly);
     QVERIFY(browser != nullptr);
-    QCOMPARE(browser->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
-    QCOMPARE(browser->sizePolicy().verticalPolicy(), QSizePolicy::MinimumExpanding);
-    QCOMPARE(browser->minimumSize(), QSize(0, 50));
-    QCOMPARE(browser->maximumSize(), QSize(16777215, 32));
     QVERIFY(browser->openExternalLinks());
     QCOMPARE(browser->styleSheet(),
              QString("background-color: rgb(57, 159, 255, 100);\nmargin: 4px 10px 0 10px;"));
-    const auto link = [](const QString &text, const QString &target) {
-        return '"' + text + "\" underlined #0000ff -> " + target;
-    };
-    const QString home = "http://www." + MakerAddresses::webDomain() + "/";
-    QCOMPARE(
-        richTextRuns(*browser->document()),
-        (QStringList{"\"Quorvik Solutions Corvanta for HALCON (" + projectVersion() +
-                         ") - Please find more information about "
-                         "our HALCON services at \"",
-                     link(home, home), "\" or our products at \"",
-                     link(MakerAddresses::shop(), MakerAddresses::shop()), "\". We are happy to receive \"",
-                     link("feedback", "mailto:" + MakerAddresses::feedbackAddress() +
-                                          "?subject=Feedback Corvanta%20for%20HALCON%20" + projectVersion()),
-                     "\" from you.\""}));
-    for (auto run = browser->document()->begin().begin(); !run.atEnd(); ++run) {
-        QCOMPARE(run.fragment().charFormat().fontPointSize(), 8.0);
-    }
+    QVERIFY(browser->toPlainText().startsWith("Quorvik Solutions Corvanta for HALCON (" + projectVersion() +
+                                              ") - "));
 }
 
 void MainWindowTest::cardsInOrder()
@@ -217,46 +177,30 @@ void MainWindowTest::optionsAreOffAtFirst()
     QVERIFY(!stored(updateCheckCorvanta).isValid());
 }
 
-void MainWindowTest::storedOptionsAreRestored_data()
+void MainWindowTest::restoringDoesNotWrite_data()
 {
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("checkBox");
     QTest::addColumn<QString>("otherCheckBox");
 
-    QTest::newRow("HALCON") << updateCheckHalcon << "cbUpdateCheckHalcon"
-                            << "cbUpdateCheckCorvanta";
-    QTest::newRow("program") << updateCheckCorvanta << "cbUpdateCheckCorvanta"
-                             << "cbUpdateCheckHalcon";
-}
-
-void MainWindowTest::storedOptionsAreRestored()
-{
-    QFETCH(QString, key);
-    QFETCH(QString, checkBox);
-    QFETCH(QString, otherCheckBox);
-    Registry::setString(settingsKey, key, "true");
-    const MainWindow window;
-    QVERIFY(window.findChild<QCheckBox *>(checkBox)->isChecked());
-    QVERIFY(!window.findChild<QCheckBox *>(otherCheckBox)->isChecked());
+    row("HALCON", updateCheckHalcon, "cbUpdateCheckHalcon", "cbUpdateCheckCorvanta");
+    row("program", updateCheckCorvanta, "cbUpdateCheckCorvanta", "cbUpdateCheckHalcon");
 }
 
 void MainWindowTest::restoringDoesNotWrite()
 {
     QFETCH(QString, key);
     QFETCH(QString, checkBox);
+    QFETCH(QString, otherCheckBox);
     // A string that reads as true but differs from what the program writes.
     Registry::setString(settingsKey, key, "yes");
     {
         const MainWindow window;
         QVERIFY(window.findChild<QCheckBox *>(checkBox)->isChecked());
+        QVERIFY(!window.findChild<QCheckBox *>(otherCheckBox)->isChecked());
     }
     QCOMPARE(stored(key), QVariant("yes"));
     QCOMPARE(QSettings(settingsKey, QSettings::NativeFormat).allKeys(), QStringList{key});
-}
-
-void MainWindowTest::changingAnOptionStoresIt_data()
-{
-    storedOptionsAreRestored_data();
 }
 
 void MainWindowTest::changingAnOptionStoresIt()
@@ -271,13 +215,6 @@ void MainWindowTest::changingAnOptionStoresIt()
     click(window, checkBox);
     QCOMPARE(stored(key), QVariant("false"));
     QCOMPARE(QSettings(settingsKey, QSettings::NativeFormat).allKeys(), QStringList{key});
-}
-
-void MainWindowTest::unreadableOptionIsOff()
-{
-    Registry::setString(settingsKey, updateCheckHalcon, "");
-    const MainWindow window;
-    QVERIFY(!window.findChild<QCheckBox *>("cbUpdateCheckHalcon")->isChecked());
 }
 
 void MainWindowTest::f12ShowsOneDebugDialog()
@@ -301,22 +238,32 @@ void MainWindowTest::f12ShowsOneDebugDialog()
     QVERIFY(dialog->isVisible());
 }
 
-void MainWindowTest::f12IsTaken_data()
+void MainWindowTest::keyIsTaken_data()
 {
+    QTest::addColumn<int>("key");
     QTest::addColumn<int>("modifiers");
+    QTest::addColumn<bool>("isTaken");
 
-    QTest::newRow("alone") << int(Qt::NoModifier);
-    QTest::newRow("with Ctrl") << int(Qt::ControlModifier);
+    row("F12", int(Qt::Key_F12), int(Qt::NoModifier), true);
+    row("F12 with Ctrl", int(Qt::Key_F12), int(Qt::ControlModifier), true);
+    row("F4", int(Qt::Key_F4), int(Qt::NoModifier), true);
+    row("F4 with Ctrl", int(Qt::Key_F4), int(Qt::ControlModifier), true);
+    row("F11", int(Qt::Key_F11), int(Qt::NoModifier), false);
+    row("Escape", int(Qt::Key_Escape), int(Qt::NoModifier), false);
+    row("letter", int(Qt::Key_D), int(Qt::NoModifier), false);
 }
 
-void MainWindowTest::f12IsTaken()
+/// The base class ignores a key that it does not use; an accepted event would hide that.
+void MainWindowTest::keyIsTaken()
 {
+    QFETCH(int, key);
     QFETCH(int, modifiers);
     MainWindow window;
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_F12, Qt::KeyboardModifiers(modifiers));
+    QKeyEvent press(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers));
     QApplication::sendEvent(&window, &press);
-    QVERIFY(press.isAccepted());
-    QVERIFY(window.findChild<DebugDialog *>() != nullptr);
+    QTEST(press.isAccepted(), "isTaken");
+    QCOMPARE(window.findChild<DebugDialog *>() != nullptr, key == Qt::Key_F12);
+    QCOMPARE(window.findChild<RecentProgramsFrame *>() != nullptr, key == Qt::Key_F4);
 }
 
 void MainWindowTest::f4ShowsOneListOfRecentPrograms()
@@ -341,16 +288,6 @@ void MainWindowTest::f4ShowsOneListOfRecentPrograms()
     QVERIFY(frame->isVisible());
 }
 
-void MainWindowTest::f4IsTaken()
-{
-    QFETCH(int, modifiers);
-    MainWindow window;
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_F4, Qt::KeyboardModifiers(modifiers));
-    QApplication::sendEvent(&window, &press);
-    QVERIFY(press.isAccepted());
-    QVERIFY(window.findChild<RecentProgramsFrame *>() != nullptr);
-}
-
 void MainWindowTest::f4PutsTheListInTheMiddle()
 {
     MainWindow window;
@@ -371,7 +308,7 @@ void MainWindowTest::f4LeadsToTheSearchLine_data()
 
     for (const char *name :
          {"cbUpdateCheckHalcon", "textBrowser", "lwVsVersion", "pbHDevelop", "cbRegCom", "pbOK"}) {
-        QTest::newRow(name) << name;
+        row(name, name);
     }
 }
 
@@ -417,28 +354,6 @@ void MainWindowTest::f4ReadsTheListOnce()
     frame->hide();
     QTest::keyClick(&window, Qt::Key_F4);
     QCOMPARE(shownPaths(*frame), QStringList{"C:\\b.hdev"});
-}
-
-void MainWindowTest::otherKeysArePassedOn_data()
-{
-    QTest::addColumn<int>("key");
-
-    QTest::newRow("F11") << int(Qt::Key_F11);
-    QTest::newRow("Escape") << int(Qt::Key_Escape);
-    QTest::newRow("letter") << int(Qt::Key_D);
-}
-
-/// The base class ignores a key that it does not use; an accepted event would hide that.
-void MainWindowTest::otherKeysArePassedOn()
-{
-    QFETCH(int, key);
-    MainWindow window;
-    window.show();
-    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
-    QApplication::sendEvent(&window, &press);
-    QVERIFY(!press.isAccepted());
-    QVERIFY(window.findChild<DebugDialog *>() == nullptr);
-    QVERIFY(window.isVisible());
 }
 
 QTEST_MAIN(MainWindowTest)
