@@ -7,6 +7,8 @@
 #include "tests/license/Drops.h"
 #include "tests/license/LicenseFiles.h"
 #include "tests/support/DialogUser.h"
+#include "tests/support/Installations.h"
+#include "tests/support/Messages.h"
 
 #include <QDialogButtonBox>
 #include <QPushButton>
@@ -16,10 +18,7 @@ Q_DECLARE_METATYPE(QMessageBox::StandardButton)
 /// The HALCON version in "H H" of @p files, which has a license directory only if the test makes one.
 inline HalconInstallation licensedInstallation(const LicenseFiles &files)
 {
-    HalconInstallation result(20, 11, 1, 0);
-    result.arch = "x64-win64";
-    result.installDir = files.native("H H");
-    return result;
+    return installationIn(files.native("H H"));
 }
 
 /// What the user does in the dialog before pressing OK.
@@ -58,6 +57,24 @@ inline bool installThroughCard(const SingleHalconVersionFrame &card, const Licen
     QTest::mouseClick(card.findChild<QPushButton *>("pbInstallLicense"), Qt::LeftButton);
     return user.wasUsed();
 }
+
+/// A card, its user, who gives the same answer to every question, and "license.dat", which is not installed
+/// yet.
+struct LicensedCard {
+    explicit LicensedCard(QMessageBox::StandardButton answer = QMessageBox::Ok) : boxes({answer, answer})
+    {
+        files.write("license.dat", "new");
+    }
+
+    /// The names of the installed files.
+    QStringList installed() const { return QDir(files.path("H H/license")).entryList(QDir::Files); }
+    QStringList shown() const { return boxLines(boxes.shown(), card); }
+
+    LicenseFiles files;
+    SingleHalconVersionFrame card{licensedInstallation(files)};
+    const MessageBoxes boxes;
+    const LogLines log;
+};
 
 /// What boxLines() says of the question whether to overwrite @p target.
 inline QStringList overwriteLines(const QString &target)
