@@ -1,6 +1,7 @@
 #include "card/SingleHalconVersionFrame.h"
 #include "tests/card/CardShape.h"
 #include "tests/support/AccessibleControls.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
 
@@ -62,10 +63,7 @@ void CardAccessibilityTest::controls()
         "Visual Studio IDE",
         "Visual Studio versions",
     };
-    for (int i = 0; i < qMin(names.size(), expected.size()); ++i) {
-        QCOMPARE(names.at(i), expected.at(i));
-    }
-    QCOMPARE(names.size(), expected.size());
+    QCOMPARE(names.join('|'), expected.join('|'));
 }
 
 void CardAccessibilityTest::boxIsLabelled_data()
@@ -73,10 +71,8 @@ void CardAccessibilityTest::boxIsLabelled_data()
     QTest::addColumn<QString>("label");
     QTest::addColumn<QString>("box");
 
-    QTest::newRow("HALCON/COM") << "lRegCom"
-                                << "cbRegCom";
-    QTest::newRow("HDevEngine/COM") << "lRegComEngine"
-                                    << "cbRegComEngine";
+    row("HALCON/COM", "lRegCom", "cbRegCom");
+    row("HDevEngine/COM", "lRegComEngine", "cbRegComEngine");
 }
 
 void CardAccessibilityTest::boxIsLabelled()
