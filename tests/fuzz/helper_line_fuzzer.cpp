@@ -1,5 +1,5 @@
 #include "companions/helper/HelperLine.h"
-#include "tests/helper/PrintedRequest.h"
+#include "tests/companions/helper/PrintedRequest.h"
 
 #include <cstddef>
 #include <cstdint>

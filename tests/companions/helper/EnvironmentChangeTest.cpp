@@ -1,6 +1,6 @@
 #include "companions/helper/EnvironmentChange.h"
 
-#include "tests/helper/WideText.h"
+#include "tests/companions/helper/WideText.h"
 
 #include <QtTest>
 

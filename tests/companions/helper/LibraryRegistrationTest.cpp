@@ -1,6 +1,6 @@
 #include "companions/helper/LibraryRegistration.h"
 
-#include "tests/helper/WideText.h"
+#include "tests/companions/helper/WideText.h"
 
 #include <QtTest>
 

@@ -1,5 +1,5 @@
+#include "tests/companions/helper/HelperMachine.h"
 #include "tests/companions/TestConsole.h"
-#include "tests/helper/HelperMachine.h"
 #include "tests/support/Patience.h"
 #include "tests/support/ProjectVersion.h"
 

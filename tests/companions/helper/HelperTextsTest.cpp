@@ -1,7 +1,7 @@
 #include "companions/helper/HelperTexts.h"
 #include "companions/helper/LibraryRegistration.h"
 
-#include "tests/helper/WideText.h"
+#include "tests/companions/helper/WideText.h"
 
 #include <QtTest>
 

@@ -1,8 +1,8 @@
 #include "companions/helper/HelperRun.h"
 #include "companions/helper/LibraryRegistration.h"
 
-#include "tests/helper/HelperMachine.h"
-#include "tests/helper/WideText.h"
+#include "tests/companions/helper/HelperMachine.h"
+#include "tests/companions/helper/WideText.h"
 #include "tests/support/CurrentDirectory.h"
 
 #include <QDir>

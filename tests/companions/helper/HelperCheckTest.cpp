@@ -1,7 +1,7 @@
 #include "companions/helper/HelperCheck.h"
 #include "companions/helper/HelperPath.h"
 
-#include "tests/helper/WideText.h"
+#include "tests/companions/helper/WideText.h"
 
 #include <QtTest>
 

@@ -1,8 +1,8 @@
 #include "companions/helper/HelperLine.h"
 
-#include "tests/helper/HostileLines.h"
-#include "tests/helper/PrintedRequest.h"
-#include "tests/helper/WideText.h"
+#include "tests/companions/helper/HostileLines.h"
+#include "tests/companions/helper/PrintedRequest.h"
+#include "tests/companions/helper/WideText.h"
 
 #include <QtTest>
 

@@ -1,6 +1,6 @@
 #include "companions/helper/EnvironmentChange.h"
 
-#include "tests/helper/HelperMachine.h"
+#include "tests/companions/helper/HelperMachine.h"
 #include "tests/support/Registry.h"
 
 #include <QtTest>

@@ -1,4 +1,4 @@
-#include "tests/helper/HostileLines.h"
+#include "tests/companions/helper/HostileLines.h"
 
 #include <QRegularExpression>
 

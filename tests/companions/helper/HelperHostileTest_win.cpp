@@ -1,5 +1,5 @@
-#include "tests/helper/HelperMachine.h"
-#include "tests/helper/HostileLines.h"
+#include "tests/companions/helper/HelperMachine.h"
+#include "tests/companions/helper/HostileLines.h"
 #include "tests/support/Registry.h"
 
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "tests/helper/HelperMachine.h"
+#include "tests/companions/helper/HelperMachine.h"
 #include "tests/support/Patience.h"
 
 #include <QDir>

@@ -2,8 +2,8 @@
 #include "launch/PermanentSwitch.h"
 #include "license/LicenseCopy.h"
 
+#include "tests/companions/helper/WideText.h"
 #include "tests/fakes/ElevatedHelperFake.h"
-#include "tests/helper/WideText.h"
 
 #include <QDir>
 #include <QTemporaryDir>
