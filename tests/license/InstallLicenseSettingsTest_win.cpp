@@ -46,4 +46,4 @@ void InstallLicenseSettingsTest::directoryInTheRegistry()
 
 QTEST_MAIN(InstallLicenseSettingsTest)
 
-#include "InstallLicenseSettingsTest.moc"
+#include "InstallLicenseSettingsTest_win.moc"

@@ -277,4 +277,4 @@ void IdeSearchTest::noDirectory()
 
 QTEST_GUILESS_MAIN(IdeSearchTest)
 
-#include "IdeSearchTest.moc"
+#include "IdeSearchTest_win.moc"
