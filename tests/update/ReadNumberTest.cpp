@@ -1,0 +1,56 @@
+#include "update/ReadNumber.h"
+
+#include "tests/support/Rows.h"
+
+#include <QtTest>
+
+class ReadNumberTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void numbers_data();
+    void numbers();
+};
+
+void ReadNumberTest::numbers_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("number"); // empty when it is not a number
+
+    row("zero", "0", "0");
+    row("minus", "-1", "-1");
+    row("plus", "+2", "2");
+    row("leading zeros", "0010", "10");
+    row("highest", "2147483647", "2147483647");
+    row("lowest", "-2147483648", "-2147483648");
+    row("spaces around", " 2 ", "2");
+    row("empty", "", "");
+    row("space", " ", "");
+    row("beyond 32 bits", "2147483648", "");
+    row("below 32 bits", "-2147483649", "");
+    row("beyond 64 bits", "20000000000000000000", "");
+    row("letter after", "2a", "");
+    row("point", "2.0", "");
+    row("exponent", "1e3", "");
+    row("hexadecimal", "0x10", "");
+    row("thousands", "1,000", "");
+    row("two numbers", "1 2", "");
+    row("sign only", "-", "");
+    row("digit of another script", "\u0662", "");
+}
+
+void ReadNumberTest::numbers()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, number);
+    QStringList log{"a line that is there already"};
+
+    const std::optional<int> read = readNumber(text, "a complaint about %1", &log);
+
+    QCOMPARE(read ? QString::number(*read) : QString(), number);
+    const QStringList complaint = number.isEmpty() ? QStringList("a complaint about %1") : QStringList();
+    QCOMPARE(log, QStringList("a line that is there already") + complaint);
+}
+
+QTEST_GUILESS_MAIN(ReadNumberTest)
+#include "ReadNumberTest.moc"
