@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/EnvironmentVariable.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -16,16 +18,6 @@ public:
         }
         moveTo(directory.path());
     }
-    HDevelopSettings(const HDevelopSettings &) = delete;
-    HDevelopSettings &operator=(const HDevelopSettings &) = delete;
-    ~HDevelopSettings()
-    {
-        if (before.isNull()) {
-            qunsetenv("APPDATA");
-        } else {
-            qputenv("APPDATA", before);
-        }
-    }
 
     /// A path in the directory that was made for the test.
     QString path(const QString &name) const { return directory.filePath(name); }
@@ -37,7 +29,7 @@ public:
     void moveTo(const QString &newDirectory)
     {
         settingsDirectory = newDirectory;
-        qputenv("APPDATA", QFile::encodeName(QDir::toNativeSeparators(newDirectory)));
+        variable.set(QFile::encodeName(QDir::toNativeSeparators(newDirectory)));
     }
 
     /// Writes HDevelop's settings file. A failure ends the test program.
@@ -57,7 +49,7 @@ public:
     }
 
 private:
-    QByteArray before = qgetenv("APPDATA");
+    EnvironmentVariable variable{"APPDATA"};
     QString settingsDirectory;
     QTemporaryDir directory;
 };

