@@ -1,12 +1,20 @@
 #pragma once
 
+#include "license/InstallLicenseDropFrame.h"
+
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QList>
 #include <QMimeData>
+#include <QSignalSpy>
 #include <QUrl>
 #include <QWidget>
+
+/// A drop area, and what it has taken: each time the path and the contents.
+struct DropArea : InstallLicenseDropFrame {
+    QSignalSpy dropped{this, &InstallLicenseDropFrame::file_dropped};
+};
 
 /// The actions that Explorer offers.
 constexpr Qt::DropActions copyOrMove = Qt::CopyAction | Qt::MoveAction;

@@ -2,8 +2,10 @@
 #include "base/ApplicationIdentity.h"
 #include "license/InstallLicenseDropFrame.h"
 #include "tests/license/Drops.h"
+#include "tests/license/LicenseFiles.h"
 #include "tests/support/AccessibleControls.h"
 #include "tests/support/DialogUser.h"
+#include "tests/support/Rows.h"
 #include "tests/support/WidgetTree.h"
 
 #include <QDialogButtonBox>
@@ -13,7 +15,6 @@
 #include <QLayout>
 #include <QPushButton>
 #include <QSettings>
-#include <QTemporaryDir>
 #include <QTextBlock>
 #include <QTextEdit>
 #include <QtTest>
@@ -50,13 +51,6 @@ QString italics(const QTextEdit &textEdit)
     return text;
 }
 
-bool writeFile(const QString &path, const QByteArray &contents)
-{
-    QFile file(path);
-    return QDir().mkpath(QFileInfo(path).path()) && file.open(QFile::WriteOnly) &&
-           file.write(contents) == contents.size();
-}
-
 } // namespace
 
 class InstallLicenseDialogTest : public QObject {
@@ -70,11 +64,8 @@ private slots:
     void appearance();
     void explanation_data();
     void explanation();
-    void nothingSelectedAtFirst();
     void setPath_data();
     void setPath();
-    void setPathForgetsDroppedContents();
-    void setPathAndContent();
     void fileDialogStartsInTheLastDirectory_data();
     void fileDialogStartsInTheLastDirectory();
     void fileChosenInTheFileDialog();
@@ -84,10 +75,7 @@ private slots:
     void controlsHaveNames();
 
 private:
-    QString path(const QString &name) const { return directory->filePath(name); }
-    static QString native(const QString &path) { return QDir::toNativeSeparators(path); }
-
-    QScopedPointer<QTemporaryDir> directory;
+    const LicenseFiles files;
 };
 
 void InstallLicenseDialogTest::initTestCase()
@@ -99,30 +87,23 @@ void InstallLicenseDialogTest::initTestCase()
 
 void InstallLicenseDialogTest::init()
 {
-    directory.reset(new QTemporaryDir);
-    QVERIFY(directory->isValid());
     QSettings().remove(lastDirectoryKey);
 }
 
 void InstallLicenseDialogTest::widgets()
 {
     const InstallLicenseDialog dialog("C:\\H\\license");
-    const QStringList expected{
-        "InstallLicenseDialog InstallLicenseDialog Preferred/Preferred",
-        "QTextEdit textEdit Expanding/Expanding in verticalLayout at 0",
-        "QPushButton pbSelectFile \"Select file...\" Minimum/Fixed in horizontalLayout_2 at 0",
-        "QLabel label \"or\" Preferred/Preferred in verticalLayout at 2",
-        "InstallLicenseDropFrame labelDrop \"Drop license file here\" min 0x80 Preferred/Expanding "
-        "in verticalLayout at 3",
-        "QLabel label_2 \"Selected file:\" Preferred/Preferred in horizontalLayout at 0",
-        "QLabel labelSelectedFile \"(none)\" Expanding/Preferred in horizontalLayout at 1",
-        "QDialogButtonBox buttonBox Expanding/Fixed in verticalLayout at 5",
-    };
     // The button box creates its buttons itself.
-    const QStringList widgets = describeWidgets(dialog).mid(0, expected.size());
-    for (int i = 0; i < expected.size(); ++i) {
-        QCOMPARE(widgets.value(i), expected.at(i));
-    }
+    QCOMPARE(describeWidgets(dialog).mid(0, 8).join('\n'),
+             QString("InstallLicenseDialog InstallLicenseDialog Preferred/Preferred\n"
+                     "QTextEdit textEdit Expanding/Expanding in verticalLayout at 0\n"
+                     "QPushButton pbSelectFile \"Select file...\" Minimum/Fixed in horizontalLayout_2 at 0\n"
+                     "QLabel label \"or\" Preferred/Preferred in verticalLayout at 2\n"
+                     "InstallLicenseDropFrame labelDrop \"Drop license file here\" min 0x80 "
+                     "Preferred/Expanding in verticalLayout at 3\n"
+                     "QLabel label_2 \"Selected file:\" Preferred/Preferred in horizontalLayout at 0\n"
+                     "QLabel labelSelectedFile \"(none)\" Expanding/Preferred in horizontalLayout at 1\n"
+                     "QDialogButtonBox buttonBox Expanding/Fixed in verticalLayout at 5"));
     QCOMPARE(dialog.findChildren<QPushButton *>().size(), 3);
     QCOMPARE(dialog.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly).size(), 7);
 }
@@ -135,14 +116,11 @@ void InstallLicenseDialogTest::layouts()
         layout->setSpacing(0);
         layout->setContentsMargins(0, 0, 0, 0);
     }
-    const QStringList expected{
-        "QVBoxLayout verticalLayout spacing 0 margins 0,0,0,0: textEdit | horizontalLayout_2 | label | "
-        "labelDrop "
-        "| horizontalLayout | buttonBox",
-        "QHBoxLayout horizontalLayout_2 spacing 0 margins 0,0,0,0: pbSelectFile",
-        "QHBoxLayout horizontalLayout spacing 0 margins 0,0,0,0: label_2 | labelSelectedFile",
-    };
-    QCOMPARE(describeLayouts(*dialog.layout()).mid(0, 3).join('\n'), expected.join('\n'));
+    QCOMPARE(describeLayouts(*dialog.layout()).mid(0, 3).join('\n'),
+             QString("QVBoxLayout verticalLayout spacing 0 margins 0,0,0,0: "
+                     "textEdit | horizontalLayout_2 | label | labelDrop | horizontalLayout | buttonBox\n"
+                     "QHBoxLayout horizontalLayout_2 spacing 0 margins 0,0,0,0: pbSelectFile\n"
+                     "QHBoxLayout horizontalLayout spacing 0 margins 0,0,0,0: label_2 | labelSelectedFile"));
 }
 
 void InstallLicenseDialogTest::appearance()
@@ -175,17 +153,11 @@ void InstallLicenseDialogTest::explanation_data()
 {
     QTest::addColumn<QString>("targetDirectory");
 
-    QTest::newRow("plain") << "C:\\H\\license";
-    QTest::newRow("spaces") << "C:\\Program Files\\HALCON 20.11\\license";
-    QTest::newRow("several spaces") << "C:\\My   HALCON\\ license ";
-    QTest::newRow("ampersand") << "C:\\Black & White\\license";
-    QTest::newRow("what looks like an entity") << "C:\\R&amp;D &lt;\\license";
-    QTest::newRow("what looks like a tag") << "C:\\<b>HALCON<br>\\<license>";
-    QTest::newRow("what looks like a placeholder") << "C:\\%1\\%2\\license";
-    QTest::newRow("quotes and apostrophes") << "C:\\\"H\" 'H'\\license";
-    QTest::newRow("not ASCII") << "C:\\Gr\u00f6\u00dfe \u691c\u67fb\\license";
-    QTest::newRow("forward slashes") << "C:/H/license";
-    QTest::newRow("nothing") << "";
+    row("spaces", "C:\\Program Files\\HALCON 20.11\\license");
+    row("ampersand", "C:\\Black & White\\license");
+    row("what looks like a tag", "C:\\<b>HALCON<br>\\<license>");
+    row("what looks like a placeholder", "C:\\%1\\%2\\license");
+    row("forward slashes", "C:/H/license");
 }
 
 void InstallLicenseDialogTest::explanation()
@@ -196,18 +168,9 @@ void InstallLicenseDialogTest::explanation()
     QCOMPARE(textEdit->toPlainText(),
              "You are about to install a HALCON license file. These files are usually named like "
              "license_1234567.dat. A copy of the license file will be put into directory \"" +
-                 native(targetDirectory) + "\".");
+                 QDir::toNativeSeparators(targetDirectory) + "\".");
     QCOMPARE(textEdit->document()->blockCount(), 1);
     QCOMPARE(italics(*textEdit), QString("license_1234567.dat"));
-}
-
-void InstallLicenseDialogTest::nothingSelectedAtFirst()
-{
-    const InstallLicenseDialog dialog("C:\\H\\license");
-    QCOMPARE(shownFile(dialog), QString("(none)"));
-    QCOMPARE(dialog.selectedFile(), QString());
-    QCOMPARE(dialog.droppedContents(), QString());
-    QCOMPARE(lastDirectory(), QString("(none)"));
 }
 
 void InstallLicenseDialogTest::setPath_data()
@@ -215,18 +178,8 @@ void InstallLicenseDialogTest::setPath_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("directoryName");
 
-    QTest::newRow("plain") << "license.dat"
-                           << "";
-    QTest::newRow("deeper") << "a/b/license.dat"
-                            << "/a/b";
-    QTest::newRow("missing") << "missing/license.dat"
-                             << "/missing";
-    QTest::newRow("spaces") << "my licences/license 1.dat"
-                            << "/my licences";
-    QTest::newRow("signs") << "a & <b>/%1 &amp; <c>.dat"
-                           << "/a & <b>";
-    QTest::newRow("not ASCII") << "Gr\u00f6\u00dfe/\u691c.dat"
-                               << "/Gr\u00f6\u00dfe";
+    row("plain", "licences/license.dat", "licences");
+    row("signs", "a & <b>/%1 &amp; <c>.dat", "a & <b>");
 }
 
 void InstallLicenseDialogTest::setPath()
@@ -235,42 +188,14 @@ void InstallLicenseDialogTest::setPath()
     QFETCH(QString, directoryName);
     InstallLicenseDialog dialog("C:\\H\\license");
 
-    dialog.set_path(path(name));
+    dialog.set_path(files.path(name));
 
-    QCOMPARE(dialog.selectedFile(), native(path(name)));
-    QCOMPARE(shownFile(dialog), native(path(name)));
+    QCOMPARE(dialog.selectedFile(), files.native(name));
+    QCOMPARE(shownFile(dialog), files.native(name));
     // The name is shown unchanged, whatever it looks like.
     QCOMPARE(dialog.findChild<QLabel *>("labelSelectedFile")->textFormat(), Qt::PlainText);
     QCOMPARE(dialog.droppedContents(), QString());
-    QCOMPARE(lastDirectory(), native(directory->path() + directoryName));
-}
-
-void InstallLicenseDialogTest::setPathForgetsDroppedContents()
-{
-    InstallLicenseDialog dialog("C:\\H\\license");
-    dialog.set_path_and_content(path("dropped.dat"), "contents");
-    QCOMPARE(dialog.droppedContents(), QString("contents"));
-
-    dialog.set_path(path("chosen.dat"));
-
-    QCOMPARE(dialog.droppedContents(), QString());
-    QCOMPARE(dialog.selectedFile(), native(path("chosen.dat")));
-}
-
-void InstallLicenseDialogTest::setPathAndContent()
-{
-    InstallLicenseDialog dialog("C:\\H\\license");
-    dialog.set_path(path("chosen/license.dat"));
-
-    dialog.set_path_and_content(path("dropped/license.dat"), "one\ntwo");
-
-    QCOMPARE(dialog.selectedFile(), native(path("dropped/license.dat")));
-    QCOMPARE(shownFile(dialog), native(path("dropped/license.dat")));
-    QCOMPARE(dialog.droppedContents(), QString("one\ntwo"));
-    QCOMPARE(lastDirectory(), native(path("chosen")));
-
-    dialog.set_path_and_content(path("dropped/another.dat"), "");
-    QCOMPARE(dialog.droppedContents(), QString());
+    QCOMPARE(lastDirectory(), files.native(directoryName));
 }
 
 void InstallLicenseDialogTest::fileDialogStartsInTheLastDirectory_data()
@@ -278,25 +203,24 @@ void InstallLicenseDialogTest::fileDialogStartsInTheLastDirectory_data()
     QTest::addColumn<bool>("stored");
     QTest::addColumn<bool>("exists");
 
-    QTest::newRow("stored") << true << true;
-    QTest::newRow("stored, but gone") << true << false;
-    QTest::newRow("none") << false << false;
+    row("stored", true, true);
+    row("none", false, false);
 }
 
 void InstallLicenseDialogTest::fileDialogStartsInTheLastDirectory()
 {
     QFETCH(bool, stored);
     QFETCH(bool, exists);
-    const QString last = native(path("my licences"));
+    const QString last = files.native("my licences");
     if (exists) {
-        QVERIFY(QDir().mkpath(path("my licences")));
+        QVERIFY(QDir().mkpath(files.path("my licences")));
     }
     if (stored) {
         QSettings().setValue(lastDirectoryKey, last);
     }
     // Without a stored directory Qt chooses one.
-    const QString expected =
-        exists ? path("my licences") : QFileDialog(nullptr, "", stored ? last : QString()).directory().path();
+    const QString expected = exists ? files.path("my licences")
+                                    : QFileDialog(nullptr, "", stored ? last : QString()).directory().path();
     InstallLicenseDialog dialog("C:\\H\\license");
     QString started;
     const DialogUser<QFileDialog> user([&](QFileDialog &fileDialog) {
@@ -314,9 +238,9 @@ void InstallLicenseDialogTest::fileDialogStartsInTheLastDirectory()
 
 void InstallLicenseDialogTest::fileChosenInTheFileDialog()
 {
-    QVERIFY(writeFile(path("my licences/license_1.dat"), "x"));
+    files.write("my licences/license_1.dat", "x");
     InstallLicenseDialog dialog("C:\\H\\license");
-    dialog.set_path_and_content(path("dropped.dat"), "contents");
+    dialog.set_path_and_content(files.path("dropped.dat"), "contents");
     QWidget *parent = nullptr;
     QString title;
     QStringList filters;
@@ -324,8 +248,8 @@ void InstallLicenseDialogTest::fileChosenInTheFileDialog()
         parent = fileDialog.parentWidget();
         title = fileDialog.windowTitle();
         filters = fileDialog.nameFilters();
-        fileDialog.setDirectory(path("my licences"));
-        fileDialog.selectFile(path("my licences/license_1.dat"));
+        fileDialog.setDirectory(files.path("my licences"));
+        fileDialog.selectFile(files.path("my licences/license_1.dat"));
         QTest::mouseClick(
             fileDialog.findChild<QDialogButtonBox *>("buttonBox")->button(QDialogButtonBox::Open),
             Qt::LeftButton);
@@ -338,16 +262,16 @@ void InstallLicenseDialogTest::fileChosenInTheFileDialog()
     QCOMPARE(parent, &dialog);
     QCOMPARE(title, QString("Open license file"));
     QCOMPARE(filters, QStringList{"License files (*.dat)"});
-    QCOMPARE(dialog.selectedFile(), native(path("my licences/license_1.dat")));
-    QCOMPARE(shownFile(dialog), native(path("my licences/license_1.dat")));
+    QCOMPARE(dialog.selectedFile(), files.native("my licences/license_1.dat"));
+    QCOMPARE(shownFile(dialog), files.native("my licences/license_1.dat"));
     QCOMPARE(dialog.droppedContents(), QString());
-    QCOMPARE(lastDirectory(), native(path("my licences")));
+    QCOMPARE(lastDirectory(), files.native("my licences"));
 }
 
 void InstallLicenseDialogTest::fileDialogCancelled()
 {
     InstallLicenseDialog dialog("C:\\H\\license");
-    dialog.set_path_and_content(path("dropped.dat"), "contents");
+    dialog.set_path_and_content(files.path("dropped.dat"), "contents");
     const DialogUser<QFileDialog> user([](QFileDialog &fileDialog) {
         QTest::mouseClick(
             fileDialog.findChild<QDialogButtonBox *>("buttonBox")->button(QDialogButtonBox::Cancel),
@@ -358,32 +282,32 @@ void InstallLicenseDialogTest::fileDialogCancelled()
     QTest::mouseClick(dialog.findChild<QPushButton *>("pbSelectFile"), Qt::LeftButton);
 
     QVERIFY(user.wasUsed());
-    QCOMPARE(dialog.selectedFile(), native(path("dropped.dat")));
-    QCOMPARE(shownFile(dialog), native(path("dropped.dat")));
+    QCOMPARE(dialog.selectedFile(), files.native("dropped.dat"));
+    QCOMPARE(shownFile(dialog), files.native("dropped.dat"));
     QCOMPARE(dialog.droppedContents(), QString("contents"));
     QCOMPARE(lastDirectory(), QString("(none)"));
 }
 
 void InstallLicenseDialogTest::drop()
 {
-    QVERIFY(writeFile(path("dropped/license.dat"), "one\ntwo\n"));
+    files.write("dropped/license.dat", "one\ntwo\n");
     InstallLicenseDialog dialog("C:\\H\\license");
-    dialog.set_path(path("chosen/license.dat"));
+    dialog.set_path(files.path("chosen/license.dat"));
     dialog.show();
 
     QVERIFY(dropFiles(*dialog.findChild<InstallLicenseDropFrame *>("labelDrop"),
-                      {QUrl::fromLocalFile(path("dropped/license.dat"))}));
+                      {QUrl::fromLocalFile(files.path("dropped/license.dat"))}));
 
-    QCOMPARE(dialog.selectedFile(), native(path("dropped/license.dat")));
-    QCOMPARE(shownFile(dialog), native(path("dropped/license.dat")));
+    QCOMPARE(dialog.selectedFile(), files.native("dropped/license.dat"));
+    QCOMPARE(shownFile(dialog), files.native("dropped/license.dat"));
     QCOMPARE(dialog.droppedContents(), QString("one\ntwo\n"));
-    QCOMPARE(lastDirectory(), native(path("chosen")));
+    QCOMPARE(lastDirectory(), files.native("chosen"));
     QVERIFY(dialog.isVisible());
 
     // When the file cannot be read, the one dropped before stays.
     QVERIFY(dropFiles(*dialog.findChild<InstallLicenseDropFrame *>("labelDrop"),
-                      {QUrl::fromLocalFile(path("missing.dat"))}));
-    QCOMPARE(dialog.selectedFile(), native(path("dropped/license.dat")));
+                      {QUrl::fromLocalFile(files.path("missing.dat"))}));
+    QCOMPARE(dialog.selectedFile(), files.native("dropped/license.dat"));
     QCOMPARE(dialog.droppedContents(), QString("one\ntwo\n"));
 }
 

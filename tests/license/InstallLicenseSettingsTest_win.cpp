@@ -1,9 +1,7 @@
 #include "base/ApplicationIdentity.h"
 #include "license/InstallLicenseDialog.h"
 
-#include <QDir>
 #include <QSettings>
-#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {

@@ -1,5 +1,10 @@
 #pragma once
 
+#include "launch/ElevatedHelper.h"
+#include "license/LicenseCopy.h"
+#include "tests/support/EnvironmentVariable.h"
+#include "tests/support/Messages.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -20,8 +25,6 @@ public:
     LicenseFiles &operator=(const LicenseFiles &) = delete;
     ~LicenseFiles()
     {
-        qputenv("TMPDIR", before);
-        qputenv("TMP", beforeOnWindows);
         // Read-only files would stay on the disk.
         for (const QString &file : QDir(path("H/license")).entryList(QDir::Files)) {
             QFile::setPermissions(path("H/license/" + file), QFile::ReadOwner | QFile::WriteOwner);
@@ -66,13 +69,38 @@ public:
     }
 
 private:
-    static void useTemporaryDirectory(const QString &path)
+    void useTemporaryDirectory(const QString &path) const
     {
-        qputenv("TMPDIR", QFile::encodeName(path));
-        qputenv("TMP", QFile::encodeName(QDir::toNativeSeparators(path)));
+        variable.set(QFile::encodeName(path));
+        variableOnWindows.set(QFile::encodeName(QDir::toNativeSeparators(path)));
     }
 
-    QByteArray before = qgetenv("TMPDIR");
-    QByteArray beforeOnWindows = qgetenv("TMP");
+    EnvironmentVariable variable{"TMPDIR"};
+    EnvironmentVariable variableOnWindows{"TMP"};
     QTemporaryDir directory;
 };
+
+/// Copies the file @p source, or @p dropped when there is no such file, to H/license/license.dat.
+inline bool install(const LicenseFiles &files, const QString &source, const QString &dropped = QString(),
+                    QStringList *errors = nullptr)
+{
+    return copyLicenseFile(files.native(source), dropped, files.path("H/license/license.dat"), errors);
+}
+
+/// What the log says when the helper is to copy @p source to @p target, both native.
+inline QStringList helperLogLines(const QString &source, const QString &target)
+{
+    return {"warning: could not copy source file \"" + source + "\" to destination file \"" + target +
+                "\". Trying to install license with an elevated helper process.",
+            "executing helper process with elevated rights: " + helperExecutablePath() + " --copy=\"" +
+                target + "\" \"" + source + "\""};
+}
+
+/// The temporary file that the first line of the log names.
+inline QString loggedTemporaryFile(const LogLines &log)
+{
+    return log.lines()
+        .value(0)
+        .section("creating temporary file ", 1)
+        .section(" with the same contents", 0, 0);
+}

@@ -1,7 +1,7 @@
-#include "license/LicenseCopy.h"
 #include "license/SameFile.h"
 #include "tests/license/LicenseFiles.h"
-#include "tests/support/Messages.h"
+#include "tests/support/Rows.h"
+#include "tests/support/WideText.h"
 #include "tests/support/WineFiles.h"
 
 #include <QtTest>
@@ -21,7 +21,7 @@ const QString share = "\\\\server\\share";
 QString withShortNames(const QString &path)
 {
     wchar_t buffer[MAX_PATH] = {};
-    const DWORD length = GetShortPathNameW(reinterpret_cast<const wchar_t *>(path.utf16()), buffer, MAX_PATH);
+    const DWORD length = GetShortPathNameW(wide(path), buffer, MAX_PATH);
     return QString::fromWCharArray(buffer, int(length));
 }
 
@@ -84,9 +84,9 @@ void LicenseOwnPlaceTest::stays_data()
 
     for (const char *way : {"capitals", "drive letter", "drive of the whole file system", "share",
                             "linked directory", "short names"}) {
-        QTest::addRow("source: %s", way) << way << false;
-        QTest::addRow("target: %s", way) << way << true;
+        row(way, way, false);
     }
+    row("share of the target", "share", true);
 }
 
 void LicenseOwnPlaceTest::stays()
