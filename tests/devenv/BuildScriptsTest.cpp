@@ -2,6 +2,7 @@
 #include "base/DebugLogger.h"
 #include "tests/devenv/RecordLines.h"
 #include "tests/support/Messages.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
 
@@ -35,13 +36,11 @@ void BuildScriptsTest::bothAreLookedForBeforeTheReports_data()
     QTest::addColumn<QString>("report");
     QTest::addColumn<QStringList>("names");
 
-    QTest::newRow("goes with the first report")
-        << true << "32.bat found"
-        << QStringList{"Visual Studio 14.0 (A) (amd64)", "Visual Studio 14.0 (A) (x86)",
-                       "Visual Studio 14.0 (A)"};
-    QTest::newRow("comes with the first report")
-        << false << "32.bat NOT found"
-        << QStringList{"Visual Studio 14.0 (A) (amd64)", "Visual Studio 14.0 (A)"};
+    row("goes with the first report", true, "32.bat found",
+        QStringList{"Visual Studio 14.0 (A) (amd64)", "Visual Studio 14.0 (A) (x86)",
+                    "Visual Studio 14.0 (A)"});
+    row("comes with the first report", false, "32.bat NOT found",
+        QStringList{"Visual Studio 14.0 (A) (amd64)", "Visual Studio 14.0 (A)"});
 }
 
 void BuildScriptsTest::bothAreLookedForBeforeTheReports()

@@ -2,6 +2,7 @@
 #include "tests/devenv/RecordLines.h"
 #include "tests/support/CurrentDrive.h"
 #include "tests/support/Messages.h"
+#include "tests/support/Rows.h"
 
 #include <QDir>
 #include <QFile>
@@ -36,36 +37,15 @@ class IdeSearchTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
     void candidates_data();
     void candidates();
     void directoryIsNoIde();
-    void nothingFoundKeepsEarlierValues_data();
     void nothingFoundKeepsEarlierValues();
-    void foundReplacesEarlierValues();
     void otherFieldsStay();
-    void directoryNames_data();
-    void directoryNames();
     void spellingsOfTheDirectory_data();
     void spellingsOfTheDirectory();
-    void upperCaseFile();
-    void relativeDirectory();
     void noDirectory();
-
-private:
-    QString startDirectory;
 };
-
-void IdeSearchTest::init()
-{
-    startDirectory = QDir::currentPath();
-}
-
-void IdeSearchTest::cleanup()
-{
-    QDir::setCurrent(startDirectory);
-}
 
 void IdeSearchTest::candidates_data()
 {
@@ -73,26 +53,16 @@ void IdeSearchTest::candidates_data()
     QTest::addColumn<QStringList>("installed");
     QTest::addColumn<QString>("ide");         // empty when none is found
     QTest::addColumn<QStringList>("missing"); // those that are tried before
+    const auto row = ::row<bool, QStringList, QString, QStringList>;
 
     const QStringList none;
-    QTest::newRow("devenv") << false << QStringList{"devenv.exe"} << "devenv" << none;
-    QTest::newRow("devenv among all")
-        << false << QStringList{"devenv.exe", "vcexpress.exe", "wdexpress.exe"} << "devenv" << none;
-    QTest::newRow("Express programs are not for others")
-        << false << QStringList{"vcexpress.exe", "wdexpress.exe"} << "" << QStringList{"devenv"};
-    QTest::newRow("nothing") << false << none << "" << QStringList{"devenv"};
-    QTest::newRow("console program only")
-        << false << QStringList{"devenv.com", "devenv"} << "" << QStringList{"devenv"};
-    QTest::newRow("Express: all") << true << QStringList{"devenv.exe", "vcexpress.exe", "wdexpress.exe"}
-                                  << "wdexpress" << none;
-    QTest::newRow("Express: wdexpress and vcexpress")
-        << true << QStringList{"vcexpress.exe", "wdexpress.exe"} << "wdexpress" << none;
-    QTest::newRow("Express: vcexpress and devenv")
-        << true << QStringList{"devenv.exe", "vcexpress.exe"} << "vcexpress" << QStringList{"wdexpress"};
-    QTest::newRow("Express: devenv") << true << QStringList{"devenv.exe"} << "devenv"
-                                     << QStringList{"wdexpress", "vcexpress"};
-    QTest::newRow("Express: nothing")
-        << true << none << "" << QStringList{"wdexpress", "vcexpress", "devenv"};
+    row("devenv", false, {"devenv.exe"}, "devenv", none);
+    row("Express programs are not for others", false, {"vcexpress.exe", "wdexpress.exe"}, "", {"devenv"});
+    row("nothing", false, none, "", {"devenv"});
+    row("Express: all", true, {"devenv.exe", "vcexpress.exe", "wdexpress.exe"}, "wdexpress", none);
+    row("Express: vcexpress and devenv", true, {"devenv.exe", "vcexpress.exe"}, "vcexpress", {"wdexpress"});
+    row("Express: devenv", true, {"devenv.exe"}, "devenv", {"wdexpress", "vcexpress"});
+    row("Express: nothing", true, none, "", {"wdexpress", "vcexpress", "devenv"});
 }
 
 void IdeSearchTest::candidates()
@@ -142,38 +112,18 @@ void IdeSearchTest::directoryIsNoIde()
                           ideDir + "devenv.exe does NOT exist"}));
 }
 
-void IdeSearchTest::nothingFoundKeepsEarlierValues_data()
-{
-    QTest::addColumn<bool>("express");
-    QTest::newRow("other") << false;
-    QTest::newRow("Express") << true;
-}
-
 void IdeSearchTest::nothingFoundKeepsEarlierValues()
 {
-    QFETCH(bool, express);
     const QTemporaryDir directory;
-    VisualStudioVersion record = product(QDir::toNativeSeparators(directory.path()), express);
+    VisualStudioVersion record = product(QDir::toNativeSeparators(directory.path()), true);
     record.ideName = "earlier";
     record.idePath = "C:/earlier.exe";
     const LogLines log;
     findIdeExecutable(record);
     QCOMPARE(record.ideName, QString("earlier"));
     QCOMPARE(record.idePath, QString("C:/earlier.exe"));
-    QCOMPARE(log.lines().size(), express ? 3 : 1);
+    QCOMPARE(log.lines().size(), 3);
     QCOMPARE(log.lines().last(), directory.path() + "/Common7/IDE/devenv.exe does NOT exist");
-}
-
-void IdeSearchTest::foundReplacesEarlierValues()
-{
-    const QTemporaryDir directory;
-    QVERIFY(addIdes(directory.path(), {"vcexpress.exe"}));
-    VisualStudioVersion record = product(QDir::toNativeSeparators(directory.path()), true);
-    record.ideName = "earlier";
-    record.idePath = "C:/earlier.exe";
-    findIdeExecutable(record);
-    QCOMPARE(record.ideName, QString("vcexpress"));
-    QCOMPARE(record.idePath, directory.path() + "/Common7/IDE/vcexpress.exe");
 }
 
 void IdeSearchTest::otherFieldsStay()
@@ -181,49 +131,20 @@ void IdeSearchTest::otherFieldsStay()
     const QTemporaryDir directory;
     QVERIFY(addIdes(directory.path(), {"devenv.exe"}));
     const QString productDir = QDir::toNativeSeparators(directory.path());
-    VisualStudioVersion record{"name", "Edition", "14.0", "x86", productDir, "vc", "bat", "", "", true};
+    VisualStudioVersion record{"name", "Edition", "14.0",           "x86", productDir, "vc",
+                               "bat",  "earlier", "C:/earlier.exe", true};
     findIdeExecutable(record);
     QCOMPARE(fieldLines({record}),
              fieldLines({{"name", "Edition", "14.0", "x86", productDir, "vc", "bat", "devenv",
                           directory.path() + "/Common7/IDE/devenv.exe", true}}));
 }
 
-void IdeSearchTest::directoryNames_data()
-{
-    QTest::addColumn<QString>("name");
-
-    QTest::newRow("spaces") << "Microsoft Visual Studio 14.0";
-    QTest::newRow("parentheses") << "Program Files (x86)";
-    QTest::newRow("ampersand") << "Tools & More";
-    QTest::newRow("percent signs") << "100%1 %PATH%";
-    QTest::newRow("umlaut") << "Pr\u00fcfung";
-    QTest::newRow("Japanese") << "\u691c\u67fb";
-    QTest::newRow("beyond the basic plane") << "\U0001f52c";
-}
-
-void IdeSearchTest::directoryNames()
-{
-    QFETCH(QString, name);
-    const QTemporaryDir directory;
-    const QString productDir = directory.path() + '/' + name;
-    QVERIFY(addIdes(productDir, {"devenv.exe"}));
-
-    VisualStudioVersion record = product(QDir::toNativeSeparators(productDir), false);
-    const LogLines log;
-    findIdeExecutable(record);
-    QCOMPARE(record.ideName, QString("devenv"));
-    QCOMPARE(record.idePath, productDir + "/Common7/IDE/devenv.exe");
-    QCOMPARE(log.lines(), QStringList{productDir + "/Common7/IDE/devenv.exe exists"});
-}
-
 void IdeSearchTest::spellingsOfTheDirectory_data()
 {
-    QTest::addColumn<QString>(
-        "pattern"); // %1 is the directory above the product's, without a separator at its end
-    QTest::newRow("backslashes") << "%1\\VS";
-    QTest::newRow("forward slashes") << "%1/VS";
-    QTest::newRow("trailing backslash") << "%1\\VS\\";
-    QTest::newRow("up and down again") << "%1\\VC\\..\\VS";
+    QTest::addColumn<QString>("pattern"); // %1 is the directory above the product's
+    row("backslashes", "%1\\VS");
+    row("trailing backslash", "%1\\VS\\");
+    row("up and down again", "%1\\VC\\..\\VS");
 }
 
 void IdeSearchTest::spellingsOfTheDirectory()
@@ -238,28 +159,6 @@ void IdeSearchTest::spellingsOfTheDirectory()
     findIdeExecutable(record);
     QCOMPARE(record.idePath, directory.path() + "/VS/Common7/IDE/devenv.exe");
     QCOMPARE(log.lines(), QStringList{directory.path() + "/VS/Common7/IDE/devenv.exe exists"});
-}
-
-void IdeSearchTest::upperCaseFile()
-{
-    const QTemporaryDir directory;
-    QVERIFY(addIdes(directory.path(), {"DEVENV.EXE"}));
-    VisualStudioVersion record = product(QDir::toNativeSeparators(directory.path()), false);
-    findIdeExecutable(record);
-    QCOMPARE(record.ideName, QString("devenv"));
-    QCOMPARE(record.idePath, directory.path() + "/Common7/IDE/devenv.exe");
-}
-
-void IdeSearchTest::relativeDirectory()
-{
-    const QTemporaryDir directory;
-    QVERIFY(addIdes(directory.path() + "/products/VS", {"devenv.exe"}));
-    QVERIFY(QDir::setCurrent(directory.path()));
-    VisualStudioVersion record = product("products\\VS", false);
-    findIdeExecutable(record);
-    QCOMPARE(record.idePath, directory.path() + "/products/VS/Common7/IDE/devenv.exe");
-    // The current directory cannot be removed.
-    QVERIFY(QDir::setCurrent(startDirectory));
 }
 
 void IdeSearchTest::noDirectory()

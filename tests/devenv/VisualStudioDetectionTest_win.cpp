@@ -3,6 +3,7 @@
 #include "tests/devenv/VisualStudioMachine.h"
 #include "tests/support/CurrentDrive.h"
 #include "tests/support/Messages.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
 
@@ -15,11 +16,6 @@ private slots:
     void everyRoot_data();
     void everyRoot();
     void wholeMachine();
-    void bothViewsMerge();
-    void differentEditionsStayApart();
-    void decimalFractions();
-    void leftoversContributeNothing();
-    void looksAnew();
 };
 
 void VisualStudioDetectionTest::noVisualStudio()
@@ -43,10 +39,10 @@ void VisualStudioDetectionTest::everyRoot_data()
     QTest::addColumn<QString>("root");
     QTest::addColumn<bool>("express");
 
-    QTest::newRow("32-bit view") << Roots::studio32 << false;
-    QTest::newRow("64-bit view") << Roots::studio64 << false;
-    QTest::newRow("Express, 32-bit view") << Roots::express32 << true;
-    QTest::newRow("Express, 64-bit view") << Roots::express64 << true;
+    row("32-bit view", Roots::studio32, false);
+    row("64-bit view", Roots::studio64, false);
+    row("Express, 32-bit view", Roots::express32, true);
+    row("Express, 64-bit view", Roots::express64, true);
 }
 
 void VisualStudioDetectionTest::everyRoot()
@@ -115,70 +111,6 @@ void VisualStudioDetectionTest::wholeMachine()
                            vc10 + "\\bin\\vcvars32.bat found"};
     QCOMPARE(log.lines(), detectionLog(of14, of9, of10));
     QCOMPARE(messages.warnings(), QStringList());
-}
-
-void VisualStudioDetectionTest::bothViewsMerge()
-{
-    VisualStudioMachine machine;
-    machine.addFile("VS 12/VC/bin/amd64/vcvars64.bat");
-    machine.addFile("VS 12/VC/bin/vcvars32.bat");
-    machine.addFile("Express/VC/bin/vcvars32.bat");
-    machine.addEdition(Roots::studio32, "12.0", "Professional", machine.path("VS 12"));
-    machine.addEdition(Roots::studio64, "12.0", "Professional", machine.path("VS 12"));
-    machine.addExpress(Roots::express32, "12.0", machine.path("Express\\VC"));
-    machine.addExpress(Roots::express64, "12.0", machine.path("Express\\VC"));
-
-    const QStringList expected{
-        "Visual Studio 12.0 (Express Edition) (x86)", "Visual Studio 12.0 (Professional) (x86)",
-        "Visual Studio 12.0 (Express Edition)",       "Visual Studio 12.0 (Professional)",
-        "Visual Studio 12.0 (Professional) (amd64)",
-    };
-    QCOMPARE(displayNames(detectVisualStudioVersions()), expected);
-}
-
-void VisualStudioDetectionTest::differentEditionsStayApart()
-{
-    VisualStudioMachine machine;
-    machine.addEdition(Roots::studio32, "12.0", "Professional", machine.path("VS 12"));
-    machine.addEdition(Roots::studio64, "12.0", "Premium", machine.path("VS 12"));
-    const QStringList expected{"Visual Studio 12.0 (Premium)", "Visual Studio 12.0 (Professional)"};
-    QCOMPARE(displayNames(detectVisualStudioVersions()), expected);
-}
-
-void VisualStudioDetectionTest::decimalFractions()
-{
-    VisualStudioMachine machine;
-    machine.addEdition(Roots::studio64, "16.11", "Professional", machine.path("VS"));
-    machine.addEdition(Roots::studio64, "16.9", "Professional", machine.path("VS"));
-    machine.addEdition(Roots::studio64, "9.0", "Professional", machine.path("VS"));
-    machine.addEdition(Roots::studio64, "10.0", "Professional", machine.path("VS"));
-    const QStringList expected{"Visual Studio 16.9 (Professional)", "Visual Studio 16.11 (Professional)",
-                               "Visual Studio 10.0 (Professional)", "Visual Studio 9.0 (Professional)"};
-    QCOMPARE(displayNames(detectVisualStudioVersions()), expected);
-}
-
-void VisualStudioDetectionTest::leftoversContributeNothing()
-{
-    VisualStudioMachine machine;
-    const QString configuration = machine.setup(Roots::studio64, "14.0_Config");
-    machine.setup(Roots::studio64, "12.0");
-    Registry::createKey(machine.setup(Roots::studio32, "11.0") + "\\VS\\Professional");
-    const QString express = machine.setup(Roots::express64, "10.0");
-    machine.addEdition(Roots::studio64, "SxS", "Professional", machine.path("VS"));
-    const LogLines log;
-    QVERIFY(detectVisualStudioVersions().isEmpty());
-    QCOMPARE(log.lines(), detectionLog());
-    QVERIFY(!Registry::exists(configuration + "\\VS"));
-    QVERIFY(!Registry::exists(express + "\\VC"));
-}
-
-void VisualStudioDetectionTest::looksAnew()
-{
-    VisualStudioMachine machine;
-    machine.addEdition(Roots::studio64, "12.0", "Professional", machine.path("VS"));
-    QCOMPARE(displayNames(detectVisualStudioVersions()), QStringList{"Visual Studio 12.0 (Professional)"});
-    machine.removeKeys();
-    QCOMPARE(displayNames(detectVisualStudioVersions()), QStringList());
 }
 
 QTEST_GUILESS_MAIN(VisualStudioDetectionTest)

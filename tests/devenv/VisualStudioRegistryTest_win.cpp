@@ -3,6 +3,7 @@
 #include "tests/devenv/VisualStudioMachine.h"
 #include "tests/support/CurrentDrive.h"
 #include "tests/support/Messages.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
 
@@ -30,17 +31,14 @@ private slots:
     void scripts_data();
     void scripts();
     void severalEditions();
-    void severalVersions();
     void versionNames_data();
     void versionNames();
-    void configurationKey();
     void keysThatDoNotCount();
     void directoryNames_data();
     void directoryNames();
     void emptyDirectory();
     void ideOfTheFirstSearch();
     void expressProduct();
-    void expressWithoutFiles();
     void expressDirectory_data();
     void expressDirectory();
     void expressIgnoresEditions();
@@ -68,10 +66,10 @@ void VisualStudioRegistryTest::scripts_data()
     QTest::addColumn<bool>("has64");
     QTest::addColumn<bool>("has32");
 
-    QTest::newRow("both") << true << true;
-    QTest::newRow("64-bit only") << true << false;
-    QTest::newRow("32-bit only") << false << true;
-    QTest::newRow("none") << false << false;
+    row("both", true, true);
+    row("64-bit only", true, false);
+    row("32-bit only", false, true);
+    row("none", false, false);
 }
 
 void VisualStudioRegistryTest::scripts()
@@ -137,36 +135,20 @@ void VisualStudioRegistryTest::severalEditions()
     QCOMPARE(log.lines(), logLines);
 }
 
-void VisualStudioRegistryTest::severalVersions()
-{
-    VisualStudioMachine machine;
-    machine.addEdition(root, "9.0", "Professional", machine.path("VS 9"));
-    machine.addEdition(root, "14.0", "Professional", machine.path("VS 14"));
-    machine.addEdition(root, "10.0", "Ultimate", machine.path("VS 10"));
-    machine.addFile("VS 10/VC/bin/amd64/vcvars64.bat");
-    const QStringList expected{"Visual Studio 10.0 (Ultimate) (amd64)", "Visual Studio 10.0 (Ultimate)",
-                               "Visual Studio 14.0 (Professional)", "Visual Studio 9.0 (Professional)"};
-    QCOMPARE(displayNames(detectVisualStudioInRegistry(root, false)), expected);
-}
-
 void VisualStudioRegistryTest::versionNames_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("counts");
 
-    QTest::newRow("two numbers") << "14.0" << true;
-    QTest::newRow("one digit each") << "9.0" << true;
-    QTest::newRow("configuration") << "14.0_Config" << true;
-    QTest::newRow("no dot") << "1400" << true;
-    QTest::newRow("three digits") << "140" << true;
-    QTest::newRow("another character for the dot") << "14-0" << true;
-    QTest::newRow("leading text") << "Version 14.0" << true;
-    QTest::newRow("three numbers") << "14.0.1" << true;
-    QTest::newRow("two digits") << "14" << false;
-    QTest::newRow("no minor") << "14.x" << false;
-    QTest::newRow("two characters for the dot") << "14..0" << false;
-    QTest::newRow("no digit") << "SxS" << false;
-    QTest::newRow("other digits than ASCII") << "\u0967\u0967.\u0966" << false;
+    row("two numbers", "14.0", true);
+    row("configuration", "14.0_Config", true);
+    row("no dot", "1400", true);
+    row("another character for the dot", "14-0", true);
+    row("leading text", "Version 14.0", true);
+    row("no minor", "14.x", false);
+    row("two characters for the dot", "14..0", false);
+    row("no digit", "SxS", false);
+    row("other digits than ASCII", "\u0967\u0967.\u0966", false);
 }
 
 void VisualStudioRegistryTest::versionNames()
@@ -179,16 +161,6 @@ void VisualStudioRegistryTest::versionNames()
     const QStringList expected =
         counts ? QStringList{"Visual Studio " + name + " (Professional)"} : QStringList();
     QCOMPARE(displayNames(detectVisualStudioInRegistry(root, false)), expected);
-}
-
-void VisualStudioRegistryTest::configurationKey()
-{
-    VisualStudioMachine machine;
-    machine.addEdition(root, "14.0", "Professional", machine.path("VS"));
-    Registry::setString(root + "\\14.0_Config", "ProductDir", machine.path("VS"));
-    QCOMPARE(displayNames(detectVisualStudioInRegistry(root, false)),
-             QStringList{"Visual Studio 14.0 (Professional)"});
-    QCOMPARE(displayNames(detectVisualStudioInRegistry(root, true)), QStringList());
 }
 
 void VisualStudioRegistryTest::keysThatDoNotCount()
@@ -211,14 +183,8 @@ void VisualStudioRegistryTest::directoryNames_data()
     QTest::addColumn<QString>("name");      // as registered
     QTest::addColumn<QString>("slashName"); // as the search for the IDE names it
 
-    QTest::newRow("spaces and parentheses") << "Program Files (x86)\\VS 14.0"
-                                            << "Program Files (x86)/VS 14.0";
-    QTest::newRow("ampersand and percent signs") << "A & B %1 %PATH%"
-                                                 << "A & B %1 %PATH%";
-    QTest::newRow("non-ASCII") << "Pr\u00fcfung \u691c\u67fb"
-                               << "Pr\u00fcfung \u691c\u67fb";
-    QTest::newRow("trailing backslash") << "VS 14.0\\"
-                                        << "VS 14.0";
+    row("non-ASCII", "Pr\u00fcfung \u691c\u67fb", "Pr\u00fcfung \u691c\u67fb");
+    row("trailing backslash", "VS 14.0\\", "VS 14.0");
 }
 
 void VisualStudioRegistryTest::directoryNames()
@@ -303,42 +269,16 @@ void VisualStudioRegistryTest::expressProduct()
     QCOMPARE(log.lines(), logLines);
 }
 
-void VisualStudioRegistryTest::expressWithoutFiles()
-{
-    VisualStudioMachine machine;
-    const QString dir = machine.path("VS 11\\VC");
-    const QString productDir = machine.slashPath("VS 11");
-    machine.addExpress(root, "11.0", dir);
-    const LogLines log;
-    QCOMPARE(fieldLines(detectVisualStudioInRegistry(root, true)),
-             fieldLines({{"", "Express Edition", "11.0", "", productDir, dir, "", "", "", true}}));
-    const QStringList logLines =
-        QStringList{rootLine} + firstExpressSearch +
-        QStringList{productDir + "/Common7/IDE/wdexpress.exe does NOT exist",
-                    productDir + "/Common7/IDE/vcexpress.exe does NOT exist",
-                    productDir + "/Common7/IDE/devenv.exe does NOT exist",
-                    dir + "\\bin\\amd64\\vcvars64.bat NOT found", dir + "\\bin\\vcvars32.bat NOT found"};
-    QCOMPARE(log.lines(), logLines);
-}
-
 void VisualStudioRegistryTest::expressDirectory_data()
 {
     QTest::addColumn<QString>("registered");
     QTest::addColumn<QString>("productDir");
 
     // Its parent would be the root of the drive.
-    QTest::newRow("empty") << ""
-                           << "";
-    QTest::newRow("plain") << "C:\\VS 10\\VC"
-                           << "C:/VS 10";
-    QTest::newRow("trailing backslash") << "C:\\VS 10\\VC\\"
-                                        << "C:/VS 10";
-    QTest::newRow("forward slashes") << "C:/VS 10/VC"
-                                     << "C:/VS 10";
-    QTest::newRow("non-ASCII") << "C:\\Pr\u00fcfung (x86)\\VC"
-                               << "C:/Pr\u00fcfung (x86)";
-    QTest::newRow("below the root") << "C:\\VC"
-                                    << "C:/";
+    row("empty", "", "");
+    row("plain", "C:\\VS 10\\VC", "C:/VS 10");
+    row("trailing backslash", "C:\\VS 10\\VC\\", "C:/VS 10");
+    row("below the root", "C:\\VC", "C:/");
 }
 
 void VisualStudioRegistryTest::expressDirectory()

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "tests/support/EnvironmentVariable.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
+
+#include <list>
 
 /// How the fake vswhere.exe behaves.
 struct VswhereConduct {
@@ -51,9 +55,11 @@ public:
     QList<VswhereRun> runs() const;
 
 private:
+    void setVariable(const char *name, const QString &value);
     QString filePath(const QString &name) const;
 
     QTemporaryDir directory;
+    std::list<EnvironmentVariable> variables; ///< tell the fake how to behave
 };
 
 /// Whether the process with this identifier is running.

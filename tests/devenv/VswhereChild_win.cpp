@@ -9,15 +9,9 @@
 
 #include <windows.h>
 
-#include <array>
 #include <memory>
 
 namespace {
-
-constexpr std::array<const char *, 8> variables{
-    "VSWHERE_CHILD_RUNS",   "VSWHERE_CHILD_READS_INPUT", "VSWHERE_CHILD_DELAY",     "VSWHERE_CHILD_REPORT",
-    "VSWHERE_CHILD_ERRORS", "VSWHERE_CHILD_LINGER",      "VSWHERE_CHILD_EXIT_CODE", "VSWHERE_CHILD_REPEATS",
-};
 
 void writeFile(const QString &path, const QByteArray &content)
 {
@@ -25,18 +19,6 @@ void writeFile(const QString &path, const QByteArray &content)
     if (!file.open(QFile::WriteOnly) || file.write(content) != content.size()) {
         qFatal("could not write %s: %s", qPrintable(path), qPrintable(file.errorString()));
     }
-}
-
-void setVariable(const char *name, const QString &value)
-{
-    qputenv(name, value.toLocal8Bit());
-}
-
-VswhereConduct conductWith(const QByteArray &report)
-{
-    VswhereConduct result;
-    result.report = report;
-    return result;
 }
 
 struct HandleCloser {
@@ -68,13 +50,10 @@ VswhereChild::VswhereChild(const VswhereConduct &conduct)
     }
 }
 
-VswhereChild::VswhereChild(const QByteArray &report) : VswhereChild(conductWith(report)) {}
+VswhereChild::VswhereChild(const QByteArray &report) : VswhereChild(VswhereConduct{report, {}}) {}
 
 VswhereChild::~VswhereChild()
 {
-    for (const char *each : variables) {
-        qunsetenv(each);
-    }
     if (!removeFrom(path())) {
         qFatal("could not remove %s", qPrintable(path()));
     }
@@ -127,6 +106,11 @@ QList<VswhereRun> VswhereChild::runs() const
         result.append({processId, executable, parts});
     }
     return result;
+}
+
+void VswhereChild::setVariable(const char *name, const QString &value)
+{
+    variables.emplace_back(name, value.toLocal8Bit());
 }
 
 QString VswhereChild::filePath(const QString &name) const

@@ -4,6 +4,7 @@
 #include "tests/devenv/VswhereReports.h"
 #include "tests/support/CurrentDrive.h"
 #include "tests/support/Messages.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
 
@@ -12,20 +13,13 @@ class VswhereDetectionTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void everyField();
     void filesOfAnInstallation_data();
     void filesOfAnInstallation();
-    void olderLayoutIsNotLookedAt();
     void otherIdesAreNotLookedAt();
-    void directoryNames_data();
-    void directoryNames();
     void pathIsKeptAsReported();
     void ideOfTheFirstSearch();
     void twoInstallations();
-    void sameInstallationTwice();
     void logOfAnIncompleteInstallation();
-    void nothingReported_data();
-    void nothingReported();
 
 private:
     /// A Visual Studio in @p directory of @p machine, with the files that the arguments name.
@@ -53,53 +47,18 @@ ReportedStudio VswhereDetectionTest::install(const VisualStudioMachine &machine,
             script32};
 }
 
-void VswhereDetectionTest::everyField()
-{
-    const VisualStudioMachine machine;
-    machine.addFile("VS/Common7/IDE/devenv.exe");
-    machine.addFile("VS/VC/Auxiliary/Build/vcvars64.bat");
-    machine.addFile("VS/VC/Auxiliary/Build/vcvars32.bat");
-    const QString dir = machine.path("VS");
-    const QString ide = machine.slashPath("VS/Common7/IDE/devenv.exe");
-    const QByteArray report = "installationPath: " + dir.toUtf8() +
-                              "\r\ninstallationVersion: 16.11.32929.386\r\n"
-                              "displayName: Visual Studio Professional 2019\r\n";
-    const CaughtMessages messages;
-    const LogLines log;
-
-    const QList<VisualStudioVersion> found = parseVswhereReport(report);
-
-    const QString edition = "Visual Studio Professional 2019";
-    QCOMPARE(fieldLines(found),
-             fieldLines({{"", edition, "16.11", "amd64", dir, dir + "\\VC",
-                          dir + "\\VC\\Auxiliary\\Build\\vcvars64.bat", "devenv", ide, false},
-                         {"", edition, "16.11", "x86", dir, dir + "\\VC",
-                          dir + "\\VC\\Auxiliary\\Build\\vcvars32.bat", "devenv", ide, false},
-                         {"", edition, "16.11", "", dir, dir + "\\VC", "", "devenv", ide, false}}));
-    const QStringList expectedLog{"installationPath: " + dir,
-                                  "installationVersion: 16.11",
-                                  "displayName: Visual Studio Professional 2019",
-                                  currentDriveRoot() + "Common7/IDE/devenv.exe does NOT exist",
-                                  ide + " exists",
-                                  dir + "\\VC\\Auxiliary\\Build\\vcvars64.bat found",
-                                  dir + "\\VC\\Auxiliary\\Build\\vcvars32.bat found"};
-    QCOMPARE(log.lines(), expectedLog);
-    QCOMPARE(messages.warnings(), QStringList());
-}
-
 void VswhereDetectionTest::filesOfAnInstallation_data()
 {
     QTest::addColumn<bool>("ide");
     QTest::addColumn<bool>("script64");
     QTest::addColumn<bool>("script32");
     QTest::addColumn<QStringList>("architectures");
+    const auto row = ::row<bool, bool, bool, QStringList>;
 
-    QTest::newRow("all") << true << true << true << QStringList{"amd64", "x86", ""};
-    QTest::newRow("scripts, no IDE") << false << true << true << QStringList{"amd64", "x86", ""};
-    QTest::newRow("64-bit script only") << true << true << false << QStringList{"amd64", ""};
-    QTest::newRow("32-bit script only") << true << false << true << QStringList{"x86", ""};
-    QTest::newRow("IDE only") << true << false << false << QStringList{""};
-    QTest::newRow("nothing is left") << false << false << false << QStringList{""};
+    row("all", true, true, true, {"amd64", "x86", ""});
+    row("64-bit script only", true, true, false, {"amd64", ""});
+    row("32-bit script only", true, false, true, {"x86", ""});
+    row("nothing is left", false, false, false, {""});
 }
 
 void VswhereDetectionTest::filesOfAnInstallation()
@@ -123,45 +82,15 @@ void VswhereDetectionTest::filesOfAnInstallation()
     QCOMPARE(log.lines(), studio.logLines());
 }
 
-/// The directories of before 2017 may still contain scripts.
-void VswhereDetectionTest::olderLayoutIsNotLookedAt()
-{
-    const VisualStudioMachine machine;
-    machine.addFile("VS/VC/bin/amd64/vcvars64.bat");
-    machine.addFile("VS/VC/bin/vcvars32.bat");
-    machine.addFile("VS/VC/Auxiliary/Build/vcvarsall.bat");
-    const ReportedStudio studio = install(machine, "VS", false, false, false);
-    const LogLines log;
-    QCOMPARE(fieldLines(parseVswhereReport(studio.block())), fieldLines(studio.records()));
-    QCOMPARE(log.lines(), studio.logLines());
-}
-
+/// Nor are the scripts of before 2017.
 void VswhereDetectionTest::otherIdesAreNotLookedAt()
 {
     const VisualStudioMachine machine;
     machine.addFile("VS/Common7/IDE/wdexpress.exe");
     machine.addFile("VS/Common7/IDE/vcexpress.exe");
+    machine.addFile("VS/VC/bin/amd64/vcvars64.bat");
+    machine.addFile("VS/VC/bin/vcvars32.bat");
     const ReportedStudio studio = install(machine, "VS", false, false, false);
-    const LogLines log;
-    QCOMPARE(fieldLines(parseVswhereReport(studio.block())), fieldLines(studio.records()));
-    QCOMPARE(log.lines(), studio.logLines());
-}
-
-void VswhereDetectionTest::directoryNames_data()
-{
-    QTest::addColumn<QString>("name");
-
-    QTest::newRow("spaces") << "Microsoft Visual Studio 2022";
-    QTest::newRow("parentheses and ampersand") << "Program Files (x86) & more";
-    QTest::newRow("percent signs") << "100%1 %PATH%";
-    QTest::newRow("not ASCII") << "Pr\u00fcfung \u691c\u67fb \U0001f52c";
-}
-
-void VswhereDetectionTest::directoryNames()
-{
-    QFETCH(QString, name);
-    const VisualStudioMachine machine;
-    const ReportedStudio studio = install(machine, name + "/Community", true, true, true);
     const LogLines log;
     QCOMPARE(fieldLines(parseVswhereReport(studio.block())), fieldLines(studio.records()));
     QCOMPARE(log.lines(), studio.logLines());
@@ -223,19 +152,6 @@ void VswhereDetectionTest::twoInstallations()
     QCOMPARE(fieldLines(parseVswhereReport(first.block() + second.block())),
              fieldLines(first.records() + second.records()));
     QCOMPARE(log.lines(), first.logLines() + second.logLines());
-
-    const LogLines otherLog;
-    QCOMPARE(fieldLines(parseVswhereReport(second.block() + first.block())),
-             fieldLines(second.records() + first.records()));
-    QCOMPARE(otherLog.lines(), second.logLines() + first.logLines());
-}
-
-void VswhereDetectionTest::sameInstallationTwice()
-{
-    const VisualStudioMachine machine;
-    const ReportedStudio studio = install(machine, "VS", true, true, true);
-    QCOMPARE(fieldLines(parseVswhereReport(studio.block() + studio.block())),
-             fieldLines(studio.records() + studio.records()));
 }
 
 void VswhereDetectionTest::logOfAnIncompleteInstallation()
@@ -247,33 +163,6 @@ void VswhereDetectionTest::logOfAnIncompleteInstallation()
     QCOMPARE(fieldLines(parseVswhereReport(studio.block() + incomplete.join('\n').toUtf8())),
              fieldLines(studio.records()));
     QCOMPARE(log.lines(), studio.logLines() + incomplete);
-
-    // The values of an incomplete one are replaced.
-    const LogLines otherLog;
-    QCOMPARE(fieldLines(parseVswhereReport("installationPath: C:\\Other\n" + studio.block())),
-             fieldLines(studio.records()));
-    QCOMPARE(otherLog.lines(), QStringList{"installationPath: C:\\Other"} + studio.logLines());
-}
-
-void VswhereDetectionTest::nothingReported_data()
-{
-    QTest::addColumn<QByteArray>("report");
-    QTest::addColumn<QStringList>("logLines");
-
-    QTest::newRow("nothing") << QByteArray() << QStringList();
-    QTest::newRow("other lines only")
-        << QByteArray("Error 0x57: the parameter is incorrect\n") << QStringList();
-    QTest::newRow("no version") << QByteArray("installationPath: C:\\A\ndisplayName: A\n")
-                                << QStringList{"installationPath: C:\\A", "displayName: A"};
-}
-
-void VswhereDetectionTest::nothingReported()
-{
-    QFETCH(QByteArray, report);
-    QFETCH(QStringList, logLines);
-    const LogLines log;
-    QCOMPARE(fieldLines(parseVswhereReport(report)), QStringList());
-    QCOMPARE(log.lines(), logLines);
 }
 
 QTEST_GUILESS_MAIN(VswhereDetectionTest)

@@ -15,10 +15,7 @@ class VswhereMergeTest : public QObject {
 private slots:
     void init();
     void wholeMachine();
-    void newestFirst();
-    void equalVersionsOfBoth();
     void sameTextFromBoth();
-    void sameTextTwiceInAReport();
     void utilityThatFails();
     void utilityRunsOncePerProcess();
 };
@@ -61,45 +58,6 @@ void VswhereMergeTest::wholeMachine()
     QCOMPARE(messages.warnings(), QStringList());
 }
 
-void VswhereMergeTest::newestFirst()
-{
-    VisualStudioMachine machine;
-    machine.addEdition(Roots::studio64, "9.0", "Professional", machine.path("VS"));
-    machine.addEdition(Roots::studio32, "14.0", "Professional", machine.path("VS"));
-    machine.addExpress(Roots::express32, "12.0", machine.path("VS\\VC"));
-    const VswhereChild child(
-        {ReportedStudio{"C:\\A", "A", "16.11"}.block() + ReportedStudio{"C:\\B", "B", "17.4"}.block() +
-         ReportedStudio{"C:\\C", "C", "16.9"}.block() + ReportedStudio{"C:\\D", "D", "17.10"}.block()});
-    const QStringList expected{"Visual Studio 17.4 (B)",
-                               "Visual Studio 17.10 (D)",
-                               "Visual Studio 16.9 (C)",
-                               "Visual Studio 16.11 (A)",
-                               "Visual Studio 14.0 (Professional)",
-                               "Visual Studio 12.0 (Express Edition)",
-                               "Visual Studio 9.0 (Professional)"};
-    QCOMPARE(displayNames(detectVisualStudioVersions()), expected);
-}
-
-void VswhereMergeTest::equalVersionsOfBoth()
-{
-    VisualStudioMachine machine;
-    machine.addEdition(Roots::studio64, "15.0", "Enterprise", machine.path("From registry"));
-    machine.addFile("From registry/VC/bin/amd64/vcvars64.bat");
-    machine.addFile("From registry/VC/bin/vcvars32.bat");
-    machine.addFile("Reported/VC/Auxiliary/Build/vcvars64.bat");
-    machine.addFile("Reported/VC/Auxiliary/Build/vcvars32.bat");
-    const ReportedStudio community{machine.path("Reported"), "Community", "15.0"};
-    const ReportedStudio professional{machine.path("Reported"), "Professional", "15.0"};
-    const VswhereChild child(professional.block() + community.block());
-    const QStringList expected{
-        "Visual Studio 15.0 (Community) (x86)",     "Visual Studio 15.0 (Enterprise) (x86)",
-        "Visual Studio 15.0 (Professional) (x86)",  "Visual Studio 15.0 (Community)",
-        "Visual Studio 15.0 (Community) (amd64)",   "Visual Studio 15.0 (Enterprise)",
-        "Visual Studio 15.0 (Enterprise) (amd64)",  "Visual Studio 15.0 (Professional)",
-        "Visual Studio 15.0 (Professional) (amd64)"};
-    QCOMPARE(displayNames(detectVisualStudioVersions()), expected);
-}
-
 void VswhereMergeTest::sameTextFromBoth()
 {
     VisualStudioMachine machine;
@@ -111,15 +69,6 @@ void VswhereMergeTest::sameTextFromBoth()
     // Only the reported one has a 32-bit script.
     const QStringList expected{"Visual Studio 15.0 (Community) (x86)", "Visual Studio 15.0 (Community)",
                                "Visual Studio 15.0 (Community) (amd64)"};
-    QCOMPARE(displayNames(detectVisualStudioVersions()), expected);
-}
-
-void VswhereMergeTest::sameTextTwiceInAReport()
-{
-    const VswhereChild child(ReportedStudio{"C:\\A", "Community", "17.4"}.block() +
-                             ReportedStudio{"C:\\Other", "Professional", "17.4"}.block() +
-                             ReportedStudio{"C:\\B", "Community", "17.4"}.block());
-    const QStringList expected{"Visual Studio 17.4 (Community)", "Visual Studio 17.4 (Professional)"};
     QCOMPARE(displayNames(detectVisualStudioVersions()), expected);
 }
 

@@ -3,8 +3,11 @@
 #include "tests/devenv/RecordLines.h"
 #include "tests/devenv/VswhereChild.h"
 #include "tests/devenv/VswhereReports.h"
+#include "tests/support/CurrentDirectory.h"
+#include "tests/support/EnvironmentVariable.h"
 #include "tests/support/Messages.h"
 #include "tests/support/Patience.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
 
@@ -21,26 +24,19 @@ const ReportedStudio buildTools{"D:\\Pr\u00fcfung \u691c\u67fb", "Visual Studio 
 /// Longer than the time limit, so that a report that arrives later and is used shows.
 constexpr int tooLong = 15000;
 
-/// Changes the environment variable PATH and the current directory until the end.
-class SearchPlaces {
-public:
-    explicit SearchPlaces(const QString &directory) : path(qgetenv("PATH")), current(QDir::currentPath())
-    {
-        qputenv("PATH", QDir::toNativeSeparators(directory).toLocal8Bit() + ';' + path);
-        QDir::setCurrent(directory);
-    }
-    SearchPlaces(const SearchPlaces &) = delete;
-    SearchPlaces &operator=(const SearchPlaces &) = delete;
-    ~SearchPlaces()
-    {
-        qputenv("PATH", path);
-        QDir::setCurrent(current);
-    }
+void expect(const QList<VisualStudioVersion> &records, const QStringList &logLines)
+{
+    const CaughtMessages messages;
+    const LogLines log;
+    QCOMPARE(fieldLines(detectVisualStudioViaVswhere()), fieldLines(records));
+    QCOMPARE(log.lines(), QStringList{started} + logLines);
+    QCOMPARE(messages.warnings(), QStringList());
+}
 
-private:
-    QByteArray path;
-    QString current;
-};
+void expectNothing()
+{
+    expect({}, {});
+}
 
 } // namespace
 
@@ -63,7 +59,6 @@ private slots:
     void neverEnds();
     void cannotBeStarted_data();
     void cannotBeStarted();
-    void runsAtEachCall();
 };
 
 /// An aborted test may have left it.
@@ -74,11 +69,7 @@ void VswhereRunTest::init()
 
 void VswhereRunTest::notThere()
 {
-    const CaughtMessages messages;
-    const LogLines log;
-    QCOMPARE(fieldLines(detectVisualStudioViaVswhere()), QStringList());
-    QCOMPARE(log.lines(), QStringList{started});
-    QCOMPARE(messages.warnings(), QStringList());
+    expectNothing();
 }
 
 void VswhereRunTest::onlyElsewhere()
@@ -86,10 +77,10 @@ void VswhereRunTest::onlyElsewhere()
     const VswhereChild child(community.block());
     const QTemporaryDir elsewhere;
     child.moveTo(elsewhere.filePath("vswhere.exe"));
-    const SearchPlaces places(elsewhere.path());
-    const LogLines log;
-    QCOMPARE(fieldLines(detectVisualStudioViaVswhere()), QStringList());
-    QCOMPARE(log.lines(), QStringList{started});
+    const EnvironmentVariable path("PATH", QDir::toNativeSeparators(elsewhere.path()).toLocal8Bit() + ';' +
+                                               qgetenv("PATH"));
+    const CurrentDirectory current(elsewhere.path());
+    expectNothing();
     QCOMPARE(child.runs().size(), 0);
 }
 
@@ -109,48 +100,25 @@ void VswhereRunTest::reportCounts_data()
     QTest::addColumn<VswhereConduct>("conduct");
 
     const QByteArray report = community.block() + buildTools.block();
-    VswhereConduct conduct;
-    conduct.report = report;
-    QTest::newRow("plain") << conduct;
-
-    conduct = {};
-    conduct.report = "\xef\xbb\xbf" + QByteArray(report).replace('\n', "\r\n");
-    QTest::newRow("carriage returns and a byte order mark") << conduct;
-
-    conduct = {};
-    conduct.report = report.trimmed();
-    QTest::newRow("no line feed at the end") << conduct;
-
-    conduct = {};
-    conduct.report = report;
-    conduct.exitCode = 1;
-    QTest::newRow("exit code") << conduct;
-
-    conduct.exitCode = 0xc0000005;
-    QTest::newRow("exit code of a crash") << conduct;
-
-    conduct = {};
-    conduct.report = report;
-    conduct.errors = QByteArray("installationPath: C:\\Error\ndisplayName: Error\n").repeated(30000);
-    QTest::newRow("much on standard error") << conduct;
-
-    conduct = {};
-    conduct.report = report;
-    conduct.delay = 1000;
-    conduct.linger = 1000;
-    QTest::newRow("slow") << conduct;
+    row("carriage returns and a byte order mark",
+        VswhereConduct{"\xef\xbb\xbf" + QByteArray(report).replace('\n', "\r\n"), {}});
+    VswhereConduct crashed{report, {}};
+    crashed.exitCode = 0xc0000005;
+    row("exit code of a crash", crashed);
+    row("much on standard error",
+        VswhereConduct{report,
+                       QByteArray("installationPath: C:\\Error\ndisplayName: Error\n").repeated(30000)});
+    VswhereConduct slow{report, {}};
+    slow.delay = 1000;
+    slow.linger = 1000;
+    row("slow", slow);
 }
 
 void VswhereRunTest::reportCounts()
 {
     QFETCH(VswhereConduct, conduct);
     const VswhereChild child(conduct);
-    const CaughtMessages messages;
-    const LogLines log;
-    QCOMPARE(fieldLines(detectVisualStudioViaVswhere()),
-             fieldLines(community.records() + buildTools.records()));
-    QCOMPARE(log.lines(), QStringList{started} + community.logLines() + buildTools.logLines());
-    QCOMPARE(messages.warnings(), QStringList());
+    expect(community.records() + buildTools.records(), community.logLines() + buildTools.logLines());
     QCOMPARE(child.runs().size(), 1);
 }
 
@@ -159,43 +127,25 @@ void VswhereRunTest::longReport()
 {
     const QByteArray filler = QByteArray("description: " + QByteArray(1000, 'x') + "\r\n").repeated(1500);
     const VswhereChild child(community.block() + filler + buildTools.block() + filler + community.block());
-    const CaughtMessages messages;
-    const LogLines log;
-    QCOMPARE(fieldLines(detectVisualStudioViaVswhere()),
-             fieldLines(community.records() + buildTools.records() + community.records()));
-    QCOMPARE(log.lines(),
-             QStringList{started} + community.logLines() + buildTools.logLines() + community.logLines());
-    QCOMPARE(messages.warnings(), QStringList());
+    expect(community.records() + buildTools.records() + community.records(),
+           community.logLines() + buildTools.logLines() + community.logLines());
 }
 
 void VswhereRunTest::nothingReported_data()
 {
     QTest::addColumn<VswhereConduct>("conduct");
 
-    VswhereConduct conduct;
-    QTest::newRow("silent") << conduct;
-
-    conduct.exitCode = 87;
-    QTest::newRow("silent with an exit code") << conduct;
-
-    conduct = {};
-    conduct.errors = community.block();
-    QTest::newRow("report on standard error") << conduct;
-
-    conduct = {};
-    conduct.report = "Error 0x57: the parameter is incorrect\n";
-    QTest::newRow("other lines only") << conduct;
+    VswhereConduct silent;
+    silent.exitCode = 87;
+    row("silent with an exit code", silent);
+    row("report on standard error", VswhereConduct{{}, community.block()});
 }
 
 void VswhereRunTest::nothingReported()
 {
     QFETCH(VswhereConduct, conduct);
     const VswhereChild child(conduct);
-    const CaughtMessages messages;
-    const LogLines log;
-    QCOMPARE(fieldLines(detectVisualStudioViaVswhere()), QStringList());
-    QCOMPARE(log.lines(), QStringList{started});
-    QCOMPARE(messages.warnings(), QStringList());
+    expectNothing();
     QCOMPARE(child.runs().size(), 1);
 }
 
@@ -208,37 +158,23 @@ void VswhereRunTest::neverEnds_data()
 {
     QTest::addColumn<VswhereConduct>("conduct");
 
-    VswhereConduct conduct;
-    conduct.report = community.block();
-    conduct.delay = tooLong;
-    QTest::newRow("before its report") << conduct;
-
-    conduct = {};
-    conduct.report = community.block();
+    VswhereConduct conduct{community.block(), {}};
     conduct.linger = tooLong;
-    QTest::newRow("after a complete report") << conduct;
-
+    row("after a complete report", conduct);
     // Its standard input stays open and empty.
-    conduct = {};
-    conduct.report = community.block();
+    conduct = {community.block(), {}};
     conduct.readsInput = true;
-    QTest::newRow("waiting for input") << conduct;
-
-    conduct = {};
-    conduct.report = community.block();
+    row("waiting for input", conduct);
+    conduct = {community.block(), {}};
     conduct.repeats = true;
-    QTest::newRow("writing on and on") << conduct;
+    row("writing on and on", conduct);
 }
 
 void VswhereRunTest::neverEnds()
 {
     QFETCH(VswhereConduct, conduct);
     const VswhereChild child(conduct);
-    const CaughtMessages messages;
-    const LogLines log;
-    QCOMPARE(fieldLines(detectVisualStudioViaVswhere()), QStringList());
-    QCOMPARE(log.lines(), QStringList{started});
-    QCOMPARE(messages.warnings(), QStringList());
+    expectNothing();
     QCOMPARE(child.runs().size(), 1);
     // Proves that a running process would be detected.
     QVERIFY(isRunning(quint32(QCoreApplication::applicationPid())));
@@ -248,11 +184,10 @@ void VswhereRunTest::neverEnds()
 void VswhereRunTest::cannotBeStarted_data()
 {
     QTest::addColumn<QByteArray>("content"); // null for a directory
+    const auto row = ::row<QByteArray>;
 
-    QTest::newRow("text file") << QByteArray("no program\n");
-    QTest::newRow("text file with a report") << community.block();
-    QTest::newRow("empty file") << QByteArray("");
-    QTest::newRow("directory") << QByteArray();
+    row("text file with a report", community.block());
+    row("directory", {});
 }
 
 void VswhereRunTest::cannotBeStarted()
@@ -271,15 +206,6 @@ void VswhereRunTest::cannotBeStarted()
     QCOMPARE(log.lines(), QStringList{started});
     QCOMPARE(messages.warnings(), QStringList());
     QVERIFY(VswhereChild::removeFrom(VswhereChild::path()));
-}
-
-void VswhereRunTest::runsAtEachCall()
-{
-    const VswhereChild child(community.block());
-    QCOMPARE(fieldLines(detectVisualStudioViaVswhere()), fieldLines(community.records()));
-    child.setReport(buildTools.block());
-    QCOMPARE(fieldLines(detectVisualStudioViaVswhere()), fieldLines(buildTools.records()));
-    QCOMPARE(child.runs().size(), 2);
 }
 
 QTEST_GUILESS_MAIN(VswhereRunTest)
