@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/EnvironmentVariable.h"
+
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -23,9 +25,6 @@ struct EchoRecord {
 class EchoChild {
 public:
     EchoChild();
-    EchoChild(const EchoChild &) = delete;
-    EchoChild &operator=(const EchoChild &) = delete;
-    ~EchoChild();
 
     /// Puts the recording program at @p path, which may name any tool, and makes the directories above it. A
     /// failure ends the test program.
@@ -45,4 +44,6 @@ private:
     QString recordPath() const;
 
     QTemporaryDir directory;
+    EnvironmentVariable recordVariable;
+    EnvironmentVariable exitCodeVariable;
 };

@@ -8,8 +8,8 @@
 
 namespace {
 
-constexpr auto recordVariable = "ECHO_CHILD_RECORD";
-constexpr auto exitCodeVariable = "ECHO_CHILD_EXIT_CODE";
+constexpr auto exitCodeName = "ECHO_CHILD_EXIT_CODE";
+
 EchoRecord parse(const QByteArray &data)
 {
     const QString text(reinterpret_cast<const QChar *>(data.constData()), data.size() / int(sizeof(QChar)));
@@ -38,23 +38,17 @@ QString EchoRecord::variable(const QString &name) const
     return QString();
 }
 
-EchoChild::EchoChild()
+EchoChild::EchoChild() : recordVariable("ECHO_CHILD_RECORD"), exitCodeVariable(exitCodeName)
 {
     if (!directory.isValid()) {
         qFatal("no directory for the child's record: %s", qPrintable(directory.errorString()));
     }
-    qputenv(recordVariable, QFile::encodeName(QDir::toNativeSeparators(recordPath())));
-}
-
-EchoChild::~EchoChild()
-{
-    qunsetenv(recordVariable);
-    qunsetenv(exitCodeVariable);
+    recordVariable.set(QFile::encodeName(QDir::toNativeSeparators(recordPath())));
 }
 
 void EchoChild::exitWith(quint32 exitCode)
 {
-    qputenv(exitCodeVariable, QByteArray::number(exitCode));
+    qputenv(exitCodeName, QByteArray::number(exitCode));
 }
 
 bool EchoChild::hasRecord() const

@@ -1,15 +1,11 @@
 #include "tests/support/Registry.h"
+#include "tests/support/WideText.h"
 
 #include <QtGlobal>
 
 #include <windows.h>
 
 namespace {
-
-const wchar_t *wide(const QString &text)
-{
-    return reinterpret_cast<const wchar_t *>(text.utf16());
-}
 
 struct Location {
     HKEY root;
