@@ -1,4 +1,5 @@
 #include "tests/support/Patience.h"
+#include "tests/support/Rows.h"
 
 #include <QProcess>
 #include <QtTest>
@@ -43,9 +44,9 @@ void BufferGuardTest::mistakesEndTheProgram_data()
 {
     QTest::addColumn<QString>("mistake");
     QTest::addColumn<int>("exitCode");
-    QTest::newRow("past the end of a buffer on the stack") << "stack" << overrun;
-    QTest::newRow("more copied than fits") << "copy" << overrun;
-    QTest::newRow("element that is not there") << "element" << aborted;
+    row("past the end of a buffer on the stack", "stack", overrun);
+    row("more copied than fits", "copy", overrun);
+    row("element that is not there", "element", aborted);
 }
 
 void BufferGuardTest::mistakesEndTheProgram()

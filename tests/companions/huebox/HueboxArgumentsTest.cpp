@@ -1,5 +1,7 @@
 #include "companions/huebox/HueboxArguments.h"
 
+#include "tests/support/Rows.h"
+
 #include <QtTest>
 
 namespace {
@@ -47,21 +49,16 @@ void HueboxArgumentsTest::colours_data()
 {
     QTest::addColumn<QStringList>("options");
     QTest::addColumn<QStringList>("colours");
+    const auto row = ::row<QStringList, QStringList>;
 
-    QTest::newRow("none") << QStringList{} << QStringList{};
-    QTest::newRow("red") << QStringList{"--fgred"} << QStringList{"red"};
-    QTest::newRow("green") << QStringList{"--fggreen"} << QStringList{"green"};
-    QTest::newRow("blue") << QStringList{"--fgblue"} << QStringList{"blue"};
-    QTest::newRow("intense alone") << QStringList{"--fgint"} << QStringList{"intense"};
-    QTest::newRow("intense red") << QStringList{"--fgred", "--fgint"} << QStringList{"red", "intense"};
-    QTest::newRow("intense first") << QStringList{"--fgint", "--fgred"} << QStringList{"red", "intense"};
-    QTest::newRow("red and green") << QStringList{"--fgred", "--fggreen"} << QStringList{"red", "green"};
-    QTest::newRow("green and red") << QStringList{"--fggreen", "--fgred"} << QStringList{"red", "green"};
-    QTest::newRow("all") << QStringList{"--fgblue", "--fgint", "--fggreen", "--fgred"}
-                         << QStringList{"red", "green", "blue", "intense"};
-    QTest::newRow("repeated") << QStringList{"--fgblue", "--fgblue"} << QStringList{"blue"};
-    QTest::newRow("repeated with others between")
-        << QStringList{"--fgint", "--fgblue", "--fgint", "--fgblue"} << QStringList{"blue", "intense"};
+    row("none", {}, {});
+    row("red", {"--fgred"}, {"red"});
+    row("green", {"--fggreen"}, {"green"});
+    row("blue", {"--fgblue"}, {"blue"});
+    row("intense alone", {"--fgint"}, {"intense"});
+    row("intense red", {"--fgred", "--fgint"}, {"red", "intense"});
+    row("all", {"--fgblue", "--fgint", "--fggreen", "--fgred"}, {"red", "green", "blue", "intense"});
+    row("repeated", {"--fgblue", "--fgblue"}, {"blue"});
 }
 
 void HueboxArgumentsTest::colours()
@@ -82,29 +79,16 @@ void HueboxArgumentsTest::words_data()
 {
     QTest::addColumn<QStringList>("words");
     QTest::addColumn<QString>("text");
+    const auto row = ::row<QStringList, QString>;
 
-    QTest::newRow("none") << QStringList{} << "";
-    QTest::newRow("one") << QStringList{"HALCON"} << "HALCON";
-    QTest::newRow("several") << QStringList{"type", "'devenv'", "to", "launch"} << "type 'devenv' to launch";
-    QTest::newRow("spaces in a word stay") << QStringList{"a  b", " c "} << "a  b  c ";
-    QTest::newRow("one empty word") << QStringList{""} << "";
-    QTest::newRow("empty word first") << QStringList{"", "a"} << " a";
-    QTest::newRow("empty word between") << QStringList{"a", "", "b"} << "a  b";
-    QTest::newRow("empty word last") << QStringList{"a", ""} << "a ";
-    QTest::newRow("only empty words") << QStringList{"", "", ""} << "  ";
-    QTest::newRow("option after a word") << QStringList{"a", "--fggreen"} << "a --fggreen";
-    QTest::newRow("option after an empty word") << QStringList{"", "--fggreen"} << " --fggreen";
-    QTest::newRow("option between words") << QStringList{"a", "--fgint", "b"} << "a --fgint b";
-    QTest::newRow("unknown option after a word") << QStringList{"a", "--foo", "--"} << "a --foo --";
-    QTest::newRow("one dash") << QStringList{"-"} << "-";
-    QTest::newRow("one dash and a letter") << QStringList{"-x", "--fggreen"} << "-x --fggreen";
-    QTest::newRow("option with one dash") << QStringList{"-fggreen"} << "-fggreen";
-    QTest::newRow("dashes further on in the word") << QStringList{"a--fggreen"} << "a--fggreen";
-    QTest::newRow("space before the dashes") << QStringList{" --fggreen"} << " --fggreen";
-    QTest::newRow("slash") << QStringList{"/?"} << "/?";
-    QTest::newRow("wildcards") << QStringList{"*.*", "?"} << "*.* ?";
-    QTest::newRow("quotes") << QStringList{"\"a\"", "'b'"} << "\"a\" 'b'";
-    QTest::newRow("not ASCII") << QStringList{"Größe", "寸法", "Размер", "😀"} << "Größe 寸法 Размер 😀";
+    row("none", {}, "");
+    row("several", {"type", "'devenv'", "to", "launch"}, "type 'devenv' to launch");
+    row("spaces in a word stay", {"a  b", " c "}, "a  b  c ");
+    row("empty word between", {"a", "", "b"}, "a  b");
+    row("option after a word", {"a", "--fggreen"}, "a --fggreen");
+    row("option between words", {"a", "--fgint", "b"}, "a --fgint b");
+    row("one dash and a letter", {"-x", "--fggreen"}, "-x --fggreen");
+    row("not ASCII", {"Größe", "寸法", "Размер", "😀"}, "Größe 寸法 Размер 😀");
 }
 
 /// The same with and without options in front.
@@ -128,24 +112,16 @@ void HueboxArgumentsTest::unknownOption_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("option");
+    const auto row = ::row<QStringList, QString>;
 
-    QTest::newRow("alone") << QStringList{"--foo"} << "--foo";
-    QTest::newRow("first") << QStringList{"--foo", "--fgred", "a"} << "--foo";
-    QTest::newRow("second") << QStringList{"--fgred", "--foo", "a"} << "--foo";
-    QTest::newRow("the first of two") << QStringList{"--foo", "--bar", "a"} << "--foo";
-    QTest::newRow("two dashes") << QStringList{"--"} << "--";
-    QTest::newRow("two dashes before words") << QStringList{"--", "a"} << "--";
-    QTest::newRow("three dashes") << QStringList{"---x"} << "---x";
-    QTest::newRow("three dashes and a colour") << QStringList{"---fgred"} << "---fgred";
-    QTest::newRow("upper case") << QStringList{"--FGRED", "a"} << "--FGRED";
-    QTest::newRow("mixed case") << QStringList{"--fgRed", "a"} << "--fgRed";
-    QTest::newRow("cut short") << QStringList{"--fg", "a"} << "--fg";
-    QTest::newRow("longer") << QStringList{"--fgreddish", "a"} << "--fgreddish";
-    QTest::newRow("with a value") << QStringList{"--fgred=1", "a"} << "--fgred=1";
-    QTest::newRow("trailing space") << QStringList{"--fgred ", "a"} << "--fgred ";
-    QTest::newRow("background") << QStringList{"--bgred", "a"} << "--bgred";
-    QTest::newRow("help") << QStringList{"--help"} << "--help";
-    QTest::newRow("not ASCII") << QStringList{"--größe 寸法😀", "a"} << "--größe 寸法😀";
+    row("alone", {"--foo"}, "--foo");
+    row("second", {"--fgred", "--foo", "a"}, "--foo");
+    row("two dashes before words", {"--", "a"}, "--");
+    row("three dashes and a colour", {"---fgred"}, "---fgred");
+    row("upper case", {"--FGRED", "a"}, "--FGRED");
+    row("longer", {"--fgreddish", "a"}, "--fgreddish");
+    row("with a value", {"--fgred=1", "a"}, "--fgred=1");
+    row("not ASCII", {"--größe 寸法😀", "a"}, "--größe 寸法😀");
 }
 
 void HueboxArgumentsTest::unknownOption()

@@ -1,5 +1,6 @@
 #include "tests/companions/TestConsole.h"
 #include "tests/support/Patience.h"
+#include "tests/support/Rows.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -68,26 +69,17 @@ void HueboxTest::redirected_data()
 {
     QTest::addColumn<QString>("arguments");
     QTest::addColumn<QByteArray>("output");
+    const auto row = ::row<QString, QByteArray>;
 
-    QTest::newRow("no arguments") << "" << QByteArray("\r\n");
-    QTest::newRow("only options") << "--fgred --fgint" << QByteArray("\r\n");
-    QTest::newRow("one word") << "HALCON" << QByteArray("HALCON\r\n");
-    QTest::newRow("words after options")
-        << "--fgred --fgint HALCON 20.11.1 (x64-win64)" << QByteArray("HALCON 20.11.1 (x64-win64)\r\n");
-    QTest::newRow("spaces between words become one") << "  --fgred   a    b  c   " << QByteArray("a b c\r\n");
-    QTest::newRow("spaces in a quoted word stay") << R"(--fgred "a  b" " c ")" << QByteArray("a  b  c \r\n");
-    QTest::newRow("quoted empty word") << R"(a "" b)" << QByteArray("a  b\r\n");
-    QTest::newRow("quoted option") << R"("--fgred" a)" << QByteArray("a\r\n");
-    QTest::newRow("escaped quotes") << R"(say \"a\")" << QByteArray("say \"a\"\r\n");
-    QTest::newRow("apostrophes, parentheses, backslashes")
-        << R"(type 'devenv' (C:\a\b\))" << QByteArray("type 'devenv' (C:\\a\\b\\)\r\n");
-    QTest::newRow("characters of the command interpreter")
-        << "100% %PATH% ^ a&b | c > d" << QByteArray("100% %PATH% ^ a&b | c > d\r\n");
-    QTest::newRow("option after a word") << "a --fgred --foo" << QByteArray("a --fgred --foo\r\n");
-    QTest::newRow("one dash") << "-x --fgred" << QByteArray("-x --fgred\r\n");
-    QTest::newRow("umlauts") << "Größe" << QByteArray("Gr\xC3\xB6\xC3\x9F\x65\r\n");
-    QTest::newRow("Chinese") << "寸法" << QByteArray("\xE5\xAF\xB8\xE6\xB3\x95\r\n");
-    QTest::newRow("beyond the basic plane") << "😀" << QByteArray("\xF0\x9F\x98\x80\r\n");
+    row("no arguments", "", "\r\n");
+    row("words after options", "--fgred --fgint HALCON 20.11.1 (x64-win64)",
+        "HALCON 20.11.1 (x64-win64)\r\n");
+    row("quoted empty word", R"(a "" b)", "a  b\r\n");
+    row("quoted option", R"("--fgred" a)", "a\r\n");
+    row("escaped quotes", R"(say \"a\")", "say \"a\"\r\n");
+    row("characters of the command interpreter", "100% %PATH% ^ a&b | c > d",
+        "100% %PATH% ^ a&b | c > d\r\n");
+    row("beyond the basic plane", "😀", "\xF0\x9F\x98\x80\r\n");
 }
 
 void HueboxTest::redirected()
@@ -130,17 +122,12 @@ void HueboxTest::unknownOption_data()
 {
     QTest::addColumn<QString>("arguments");
     QTest::addColumn<QByteArray>("errors");
+    const auto row = ::row<QString, QByteArray>;
 
-    QTest::newRow("first") << "--foo a" << QByteArray("huebox: unknown option --foo\r\n");
-    QTest::newRow("after an option") << "--fgred --foo a" << QByteArray("huebox: unknown option --foo\r\n");
-    QTest::newRow("the first of two") << "--foo --bar" << QByteArray("huebox: unknown option --foo\r\n");
-    QTest::newRow("two dashes") << "-- a" << QByteArray("huebox: unknown option --\r\n");
-    QTest::newRow("quoted together with a word")
-        << "\"--fgred a\"" << QByteArray("huebox: unknown option --fgred a\r\n");
-    QTest::newRow("upper case") << "--FGRED a" << QByteArray("huebox: unknown option --FGRED\r\n");
-    QTest::newRow("not ASCII") << "--ö寸😀 a"
-                               << QByteArray("huebox: unknown option --"
-                                             "\xC3\xB6\xE5\xAF\xB8\xF0\x9F\x98\x80\r\n");
+    row("quoted together with a word", "\"--fgred a\"", "huebox: unknown option --fgred a\r\n");
+    row("not ASCII", "--ö寸😀 a",
+        "huebox: unknown option --"
+        "\xC3\xB6\xE5\xAF\xB8\xF0\x9F\x98\x80\r\n");
 }
 
 void HueboxTest::unknownOption()
@@ -160,19 +147,14 @@ void HueboxTest::coloursOnConsole_data()
     QTest::addColumn<int>("before");
     QTest::addColumn<int>("expected");
 
-    QTest::newRow("none") << "" << (green | onBlue) << (green | onBlue);
-    QTest::newRow("red") << "--fgred" << grey << red;
-    QTest::newRow("green") << "--fggreen" << grey << green;
-    QTest::newRow("blue") << "--fgblue" << grey << blue;
-    QTest::newRow("intense red") << "--fgred --fgint" << grey << (red | intense);
-    QTest::newRow("intense green") << "--fggreen --fgint" << grey << (green | intense);
-    QTest::newRow("intense blue") << "--fgblue --fgint" << grey << (blue | intense);
-    QTest::newRow("intense alone") << "--fgint" << grey << intense;
-    QTest::newRow("mixed") << "--fgred --fgblue" << grey << (red | blue);
-    QTest::newRow("a console that is intense itself") << "--fgred" << (grey | intense) << red;
-    QTest::newRow("background is kept") << "--fgred --fgint" << (grey | onBlue) << (red | intense | onBlue);
-    QTest::newRow("intense background is kept")
-        << "--fgblue" << (grey | intense | onIntenseGreen) << (blue | onIntenseGreen);
+    row("none", "", (green | onBlue), (green | onBlue));
+    row("red", "--fgred", grey, red);
+    row("green", "--fggreen", grey, green);
+    row("blue", "--fgblue", grey, blue);
+    row("intense alone", "--fgint", grey, intense);
+    row("a console that is intense itself", "--fgred", (grey | intense), red);
+    row("background is kept", "--fgred --fgint", (grey | onBlue), (red | intense | onBlue));
+    row("intense background is kept", "--fgblue", (grey | intense | onIntenseGreen), (blue | onIntenseGreen));
 }
 
 void HueboxTest::coloursOnConsole()
@@ -198,13 +180,11 @@ void HueboxTest::textOnConsole_data()
 {
     QTest::addColumn<QString>("arguments");
     QTest::addColumn<QStringList>("lines");
+    const auto row = ::row<QString, QStringList>;
 
-    QTest::newRow("no arguments") << "" << QStringList{"", ""};
-    QTest::newRow("only options") << "--fgred" << QStringList{"", ""};
-    QTest::newRow("umlauts") << "--fgred Größe" << QStringList{"Größe", ""};
-    QTest::newRow("Cyrillic, which the console's code page lacks") << "Размер" << QStringList{"Размер", ""};
-    QTest::newRow("Chinese") << "--fgred 寸法" << QStringList{"寸法", ""};
-    QTest::newRow("beyond the basic plane") << "--fgred 😀 a" << QStringList{"😀 a", ""};
+    row("only options", "--fgred", {"", ""});
+    row("Cyrillic, which the console's code page lacks", "Размер", {"Размер", ""});
+    row("beyond the basic plane", "--fgred 😀 a", {"😀 a", ""});
 }
 
 void HueboxTest::textOnConsole()
