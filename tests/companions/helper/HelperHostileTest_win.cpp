@@ -1,6 +1,7 @@
 #include "tests/companions/helper/HelperMachine.h"
 #include "tests/companions/helper/HostileLines.h"
 #include "tests/support/Registry.h"
+#include "tests/support/Rows.h"
 
 #include <QDir>
 #include <QtTest>
@@ -62,32 +63,20 @@ QStringList changingLines(const QVector<HostileLine> &lines)
 
 } // namespace
 
-/// Each line that the helper must refuse, given to the real program on a machine on which it could be carried
-/// out. Each kind of lines has a test function of its own, so that they can run in separate processes.
+/// Lines that the helper must refuse, given to the real program on a machine on which they could be carried
+/// out. HOSTILE_LINES says which.
 class HelperHostileTest : public QObject {
     Q_OBJECT
 
 private slots:
     void initTestCase();
     void goodLinesWork();
-    void wholeLines_data() { rows(HostileLines::whole()); }
-    void wholeLines() { hostile(); }
-    void variables_data() { rows(HostileLines::variables()); }
-    void variables() { hostile(); }
-    void libraries_data() { rows(HostileLines::libraries()); }
-    void libraries() { hostile(); }
-    void copies_data() { rows(HostileLines::copies()); }
-    void copies() { hostile(); }
-    void paths_data() { rows(HostileLines::paths()); }
-    void paths() { hostile(); }
+    void hostile_data();
+    void hostile();
     void cleanupTestCase();
 
 private:
-    void rows(const QVector<HostileLine> &lines);
-    void hostile();
-
     State prepared;
-    QVector<HostileLine> given;
 };
 
 void HelperHostileTest::initTestCase()
@@ -115,15 +104,14 @@ void HelperHostileTest::goodLinesWork()
     prepared = preparedState();
 }
 
-void HelperHostileTest::rows(const QVector<HostileLine> &lines)
+void HelperHostileTest::hostile_data()
 {
     QTest::addColumn<QString>("arguments");
     QTest::addColumn<QString>("refusal");
 
-    for (const HostileLine &line : lines) {
-        QTest::newRow(line.name) << line.arguments << line.refusal;
+    for (const HostileLine &line : HOSTILE_LINES()) {
+        row(line.name, line.arguments, line.refusal);
     }
-    given += lines;
 }
 
 void HelperHostileTest::hostile()
@@ -144,7 +132,7 @@ void HelperHostileTest::hostile()
 void HelperHostileTest::cleanupTestCase()
 {
     if (!(State() == prepared)) {
-        QFAIL(qPrintable("changed the machine: " + changingLines(given).join("; ")));
+        QFAIL(qPrintable("changed the machine: " + changingLines(HOSTILE_LINES()).join("; ")));
     }
 }
 

@@ -52,10 +52,29 @@ QString registering(const QString &library)
     return allVariables + "--x64 \"" + library + '"';
 }
 
+QString copying(const QString &to)
+{
+    return "--copy=\"" + to + "\" " + source;
+}
+
+QString copyingFrom(const QString &from)
+{
+    return "--copy=" + destination + " \"" + from + '"';
+}
+
+HostileLine wrongLibrary(const QByteArray &name, const QString &path, const QString &why)
+{
+    return {name, registering(path), shown(path) + why};
+}
+
+HostileLine wrongDestination(const QByteArray &name, const QString &path, const QString &why = notInLicense)
+{
+    return {name, copying(path), shown(path) + why};
+}
+
 /// For a copy there are two lines: one with a wrong destination, one with a wrong source.
-void addPaths(QVector<HostileLine> &lines, const char *inLibrary, const char *inDestination,
-              const char *inSource, const QString &directory, const QString &why,
-              const QString &end = QString(), const QString &whyInSource = QString())
+void addPaths(QVector<HostileLine> &lines, const QByteArray &how, const QString &directory,
+              const QString &why, const QString &end = QString(), const QString &whyInSource = QString())
 {
     const QString library = directory + "halconx.dll" + end;
     const QString to = directory + "license.dat" + end;
@@ -67,26 +86,19 @@ void addPaths(QVector<HostileLine> &lines, const char *inLibrary, const char *in
     };
     const QString inSourceToo =
         !whyInSource.isEmpty() ? whyInSource : (why == noDrive ? noDriveNorShare : why);
-    lines.append({inLibrary, registering(library), refusal(library, "halconx.dll", why)});
-    lines.append({inDestination, "--copy=\"" + to + "\" " + source, refusal(to, "license.dat", why)});
-    lines.append(
-        {inSource, "--copy=" + destination + " \"" + from + '"', refusal(from, "new.dat", inSourceToo)});
+    lines.append({"library " + how, registering(library), refusal(library, "halconx.dll", why)});
+    lines.append({"destination " + how, copying(to), refusal(to, "license.dat", why)});
+    lines.append({"source " + how, copyingFrom(from), refusal(from, "new.dat", inSourceToo)});
 }
 
 /// The same where a path on a share would be acceptable.
-void addShares(QVector<HostileLine> &lines, const char *inLibrary, const char *inDestination,
-               const QString &directory)
+void addShares(QVector<HostileLine> &lines, const QByteArray &how, const QString &directory)
 {
-    const QString library = directory + "halconx.dll";
-    const QString to = directory + "license.dat";
-    lines.append({inLibrary, registering(library), shown(library) + noDrive});
-    lines.append({inDestination, "--copy=\"" + to + "\" " + source, shown(to) + noDrive});
+    lines.append(wrongLibrary("library " + how, directory + "halconx.dll", noDrive));
+    lines.append(wrongDestination("destination " + how, directory + "license.dat", noDrive));
 }
 
-} // namespace
-
-namespace HostileLines {
-
+/// Lines of no known form.
 QVector<HostileLine> whole()
 {
     return {
@@ -234,43 +246,34 @@ QVector<HostileLine> libraries()
         {"text after a library", allVariables + "--x64" + library + "x", form},
         {"option of regsvr32", allVariables + "--x64 /u" + library, form},
         {"option of regsvr32 in quotes", allVariables + "--x64 \"/u\"" + library, shown("/u") + noDrive},
-        {"library with an option", registering("/i:x " + directory + "halconx.dll"),
-         shown("/i:x " + directory + "halconx.dll") + noDrive},
-        {"empty library", registering(""), shown("") + noDrive},
-        {"library of one space", registering(" "), shown(" ") + noDrive},
-        {"directory as library", registering(directory), shown(directory) + noFile},
-        {"drive as library", registering("C:\\"), shown("C:\\") + noFile},
-        {"drive as library after a slash", registering("C:/"), shown("C:/") + noFile},
-        {"library without its path", registering("halconx.dll"), shown("halconx.dll") + noDrive},
+        wrongLibrary("library with an option", "/i:x " + directory + "halconx.dll", noDrive),
+        wrongLibrary("empty library", "", noDrive),
+        wrongLibrary("library of one space", " ", noDrive),
+        wrongLibrary("directory as library", directory, noFile),
+        wrongLibrary("drive as library", "C:\\", noFile),
+        wrongLibrary("drive as library after a slash", "C:/", noFile),
+        wrongLibrary("library without its path", "halconx.dll", noDrive),
         {"library's path too long", registering("C:\\" + QString(246, 'x') + "\\halconx.dll"),
          "\"C:\\" + QString(246, 'x') + "\\halconx.dll\" is longer than 259 characters."},
         {"other library after a direction mark", registering("C:\\a\u202Ell\\evil.dll"),
          "\"C:\\a?ll\\evil.dll\"" + otherLibrary},
-        {"other library", registering(directory + "evil.dll"), shown(directory + "evil.dll") + otherLibrary},
-        {"HALCON's library that is no COM library", registering(directory + "halcon.dll"),
-         shown(directory + "halcon.dll") + otherLibrary},
-        {"library with another ending", registering(directory + "halconx.ocx"),
-         shown(directory + "halconx.ocx") + otherLibrary},
-        {"library without its ending", registering(directory + "halconx"),
-         shown(directory + "halconx") + otherLibrary},
-        {"library with two endings", registering(directory + "halconx.dll.exe"),
-         shown(directory + "halconx.dll.exe") + otherLibrary},
-        {"library's name longer at the front", registering(directory + "xhalconx.dll"),
-         shown(directory + "xhalconx.dll") + otherLibrary},
-        {"library's name with a foreign letter", registering(directory + "halc\u043Enx.dll"),
-         shown(directory + "halc\u043Enx.dll") + otherLibrary},
-        {"library's name with a dotless letter", registering(directory + "hdevengınex.dll"),
-         shown(directory + "hdevengınex.dll") + otherLibrary},
-        {"directory named as a library", registering(directory + "halconx.dll\\evil.dll"),
-         shown(directory + "halconx.dll\\evil.dll") + otherLibrary},
+        wrongLibrary("other library", directory + "evil.dll", otherLibrary),
+        wrongLibrary("HALCON's library that is no COM library", directory + "halcon.dll", otherLibrary),
+        wrongLibrary("library with another ending", directory + "halconx.ocx", otherLibrary),
+        wrongLibrary("library without its ending", directory + "halconx", otherLibrary),
+        wrongLibrary("library with two endings", directory + "halconx.dll.exe", otherLibrary),
+        wrongLibrary("library's name longer at the front", directory + "xhalconx.dll", otherLibrary),
+        wrongLibrary("library's name with a foreign letter", directory + "halc\u043Enx.dll", otherLibrary),
+        wrongLibrary("library's name with a dotless letter", directory + "hdevengınex.dll", otherLibrary),
+        wrongLibrary("directory named as a library", directory + "halconx.dll\\evil.dll", otherLibrary),
         {"library twice", allVariables + "--x64" + library + library, shown(unquoted(library)) + sameLibrary},
         {"library twice in other case", allVariables + "--x64" + library + library.toUpper(),
          shown(unquoted(library.toUpper())) + sameLibrary},
         {"library twice, once with slashes",
          allVariables + "--x64" + library + QString(library).replace('\\', '/'),
          shown(unquoted(QString(library).replace('\\', '/'))) + sameLibrary},
-        {"other library with slashes", registering("C:/Helper test/HALCON-20.11/bin/x64-win64/evil.dll"),
-         shown("C:/Helper test/HALCON-20.11/bin/x64-win64/evil.dll") + otherLibrary},
+        wrongLibrary("other library with slashes", "C:/Helper test/HALCON-20.11/bin/x64-win64/evil.dll",
+                     otherLibrary),
         {"library twice with another between", allVariables + "--x64" + library + secondLibrary + library,
          shown(unquoted(library)) + sameLibrary},
         {"library's name twice in two directories", allVariables + "--x64" + library + " \"C:\\halconx.dll\"",
@@ -289,7 +292,7 @@ QVector<HostileLine> copies()
         {"copy without paths", "--copy=", form},
         {"copy without a source", "--copy=" + destination, form},
         {"copy with an empty source", "--copy=" + destination + " \"\"", shown("") + noDriveNorShare},
-        {"copy with an empty destination", "--copy=\"\" " + source, shown("") + noDrive},
+        wrongDestination("copy with an empty destination", "", noDrive),
         {"copy with nothing after the space", "--copy=" + destination + ' ', form},
         {"copy without an equals sign", "--copy " + destination + ' ' + source, form},
         {"space after the equals sign of copy", "--copy= " + destination + ' ' + source, form},
@@ -311,35 +314,23 @@ QVector<HostileLine> copies()
         {"source as an option of its own", "--copy=" + destination + " --source=" + source, form},
         {"all in one pair of quotes", "--copy=\"C:\\H\\license\\license.dat C:\\new.dat\"", form},
         {"option in quotes", "\"--copy=C:\\H\\license\\license.dat\" " + source, form},
-        {"destination is a directory", "--copy=\"C:\\Helper test\\HALCON-20.11\\license\\\" " + source,
-         shown("C:\\Helper test\\HALCON-20.11\\license\\") + noFile},
+        wrongDestination("destination is a directory", "C:\\Helper test\\HALCON-20.11\\license\\", noFile),
         {"source is a directory", "--copy=" + destination + " \"C:\\Helper test\\\"",
          shown("C:\\Helper test\\") + noFile},
-        {"destination is the license directory",
-         "--copy=\"C:\\Helper test\\HALCON-20.11\\license\" " + source,
-         shown("C:\\Helper test\\HALCON-20.11\\license") + notInLicense},
-        {"destination in another directory",
-         "--copy=\"C:\\Helper test\\HALCON-20.11\\license.dat\" " + source,
-         shown("C:\\Helper test\\HALCON-20.11\\license.dat") + notInLicense},
-        {"destination among the system's files", "--copy=\"C:\\windows\\system32\\license.dll\" " + source,
-         shown("C:\\windows\\system32\\license.dll") + notInLicense},
-        {"destination below the license directory",
-         "--copy=\"C:\\Helper test\\HALCON-20.11\\license\\sub\\license.dat\" " + source,
-         shown("C:\\Helper test\\HALCON-20.11\\license\\sub\\license.dat") + notInLicense},
-        {"destination below the license directory with slashes",
-         "--copy=\"C:/Helper test/HALCON-20.11/license/sub/license.dat\" " + source,
-         shown("C:/Helper test/HALCON-20.11/license/sub/license.dat") + notInLicense},
-        {"directory named licence",
-         "--copy=\"C:\\Helper test\\HALCON-20.11\\licence\\license.dat\" " + source,
-         shown("C:\\Helper test\\HALCON-20.11\\licence\\license.dat") + notInLicense},
-        {"directory named license and more",
-         "--copy=\"C:\\Helper test\\HALCON-20.11\\licenses\\license.dat\" " + source,
-         shown("C:\\Helper test\\HALCON-20.11\\licenses\\license.dat") + notInLicense},
+        wrongDestination("destination is the license directory", "C:\\Helper test\\HALCON-20.11\\license"),
+        wrongDestination("destination in another directory", "C:\\Helper test\\HALCON-20.11\\license.dat"),
+        wrongDestination("destination among the system's files", "C:\\windows\\system32\\license.dll"),
+        wrongDestination("destination below the license directory",
+                         "C:\\Helper test\\HALCON-20.11\\license\\sub\\license.dat"),
+        wrongDestination("destination below the license directory with slashes",
+                         "C:/Helper test/HALCON-20.11/license/sub/license.dat"),
+        wrongDestination("directory named licence", "C:\\Helper test\\HALCON-20.11\\licence\\license.dat"),
+        wrongDestination("directory named license and more",
+                         "C:\\Helper test\\HALCON-20.11\\licenses\\license.dat"),
         {"directory named license with a foreign letter",
          "--copy=\"C:\\Helper test\\HALCON-20.11\\l\u0456cense\\license.dat\" " + source,
          shown("C:\\Helper test\\HALCON-20.11\\l\u0456cense\\license.dat") + notInLicense},
-        {"destination on the drive itself", "--copy=\"C:\\license\" " + source,
-         shown("C:\\license") + notInLicense},
+        wrongDestination("destination on the drive itself", "C:\\license"),
         {"destination too long", "--copy=\"C:\\" + QString(4096, 'x') + "\\license\\license.dat\" " + source,
          tooLong},
         {"source too long", "--copy=" + destination + " \"C:\\" + QString(4096, 'x') + '"', tooLong},
@@ -348,88 +339,65 @@ QVector<HostileLine> copies()
     };
 }
 
+} // namespace
+
+namespace HostileLines {
+
+QVector<HostileLine> lines()
+{
+    return whole() + variables() + libraries();
+}
+
 QVector<HostileLine> paths()
 {
-    QVector<HostileLine> lines;
-    addShares(lines, "library on a share", "destination on a share", R"(\\server\share\license\)");
-    addPaths(lines, "library in a device path", "destination in a device path", "source in a device path",
-             R"(\\.\C:\Helper test\license\)", noDrive, QString(), oddPart("."));
-    addPaths(lines, "library in a literal path", "destination in a literal path", "source in a literal path",
-             R"(\\?\C:\Helper test\license\)", noDrive, QString(), oddPart("?"));
-    addPaths(lines, "library in an object path", "destination in an object path", "source in an object path",
-             R"(\??\C:\Helper test\license\)", noDrive);
-    addPaths(lines, "library through the drive's current directory",
-             "destination through the drive's directory", "source through the drive's directory",
-             R"(C:license\)", noDrive);
-    addPaths(lines, "library without a drive", "destination without a drive", "source without a drive",
-             R"(\Helper test\license\)", noDrive);
-    addPaths(lines, "relative library", "relative destination", "relative source", R"(license\)", noDrive);
-    addPaths(lines, "library on a drive of two letters", "destination on a drive of two letters",
-             "source on a drive of two letters", R"(CC:\license\)", noDrive);
-    addPaths(lines, "library on a drive without letter", "destination on a drive without letter",
-             "source on a drive without letter", R"(1:\license\)", noDrive);
-    addPaths(lines, "library on a foreign drive letter", "destination on a foreign drive letter",
-             "source on a foreign drive letter", "Ç:\\license\\", noDrive);
-    addShares(lines, "library on a share with slashes", "destination on a share with slashes",
-              "//server/share/license/");
-    addPaths(lines, "library in a device path with slashes", "destination in a device path with slashes",
-             "source in a device path with slashes", "//./C:/Helper test/license/", noDrive, QString(),
+    QVector<HostileLine> lines = copies();
+    addShares(lines, "on a share", R"(\\server\share\license\)");
+    addPaths(lines, "in a device path", R"(\\.\C:\Helper test\license\)", noDrive, QString(), oddPart("."));
+    addPaths(lines, "in a literal path", R"(\\?\C:\Helper test\license\)", noDrive, QString(), oddPart("?"));
+    addPaths(lines, "in an object path", R"(\??\C:\Helper test\license\)", noDrive);
+    addPaths(lines, "through the drive's current directory", R"(C:license\)", noDrive);
+    addPaths(lines, "without a drive", R"(\Helper test\license\)", noDrive);
+    addPaths(lines, "on a relative path", R"(license\)", noDrive);
+    addPaths(lines, "on a drive of two letters", R"(CC:\license\)", noDrive);
+    addPaths(lines, "on a drive without letter", R"(1:\license\)", noDrive);
+    addPaths(lines, "on a foreign drive letter", "Ç:\\license\\", noDrive);
+    addShares(lines, "on a share with slashes", "//server/share/license/");
+    addPaths(lines, "in a device path with slashes", "//./C:/Helper test/license/", noDrive, QString(),
              oddPart("."));
-    addPaths(lines, "library in a literal path with slashes", "destination in a literal path with slashes",
-             "source in a literal path with slashes", "//?/C:/Helper test/license/", noDrive, QString(),
+    addPaths(lines, "in a literal path with slashes", "//?/C:/Helper test/license/", noDrive, QString(),
              oddPart("?"));
-    addPaths(lines, "library without a drive after a slash", "destination without a drive after a slash",
-             "source without a drive after a slash", "/Helper test/license/", noDrive);
-    addPaths(lines, "library over a parent directory", "destination over a parent directory",
-             "source over a parent directory", R"(C:\Helper test\HALCON-20.11\license\..\license\)",
+    addPaths(lines, "without a drive after a slash", "/Helper test/license/", noDrive);
+    addPaths(lines, "over a parent directory", R"(C:\Helper test\HALCON-20.11\license\..\license\)",
              oddPart(".."));
-    addPaths(lines, "library over a parent directory between slashes",
-             "destination over a parent directory between slashes",
-             "source over a parent directory between slashes",
+    addPaths(lines, "over a parent directory between slashes",
              "C:/Helper test/HALCON-20.11/license/../license/", oddPart(".."));
-    addPaths(lines, "library over a parent directory after a slash",
-             "destination over a parent directory after a slash",
-             "source over a parent directory after a slash",
+    addPaths(lines, "over a parent directory after a slash",
              R"(C:\Helper test\HALCON-20.11\license/..\license\)", oddPart(".."));
-    addPaths(lines, "library over the same directory", "destination over the same directory",
-             "source over the same directory", R"(C:\Helper test\HALCON-20.11\license\.\)", oddPart("."));
-    addPaths(lines, "library over three dots", "destination over three dots", "source over three dots",
-             R"(C:\Helper test\...\license\)", oddPart("..."));
-    addPaths(lines, "library over a directory with a dot at its end", "destination over a dot at an end",
-             "source over a dot at an end", R"(C:\Helper test.\license\)", oddPart("Helper test."));
-    addPaths(lines, "library over a directory with a space at its end", "destination over a space at an end",
-             "source over a space at an end", "C:\\Helper test \\license\\", oddPart("Helper test "));
-    addPaths(lines, "stream of a library", "stream of the destination", "stream of the source",
-             R"(C:\Helper test\HALCON-20.11\license\)", oddPart("FILE"), ":x");
-    addPaths(lines, "data stream of a library", "data stream of the destination", "data stream of the source",
-             R"(C:\Helper test\HALCON-20.11\license\)", oddPart("FILE"), "::$DATA");
-    addPaths(lines, "stream of a library after slashes", "stream of the destination after slashes",
-             "stream of the source after slashes", "C:/Helper test/HALCON-20.11/license/", oddPart("FILE"),
+    addPaths(lines, "over the same directory", R"(C:\Helper test\HALCON-20.11\license\.\)", oddPart("."));
+    addPaths(lines, "over three dots", R"(C:\Helper test\...\license\)", oddPart("..."));
+    addPaths(lines, "over a directory with a dot at its end", R"(C:\Helper test.\license\)",
+             oddPart("Helper test."));
+    addPaths(lines, "over a directory with a space at its end", "C:\\Helper test \\license\\",
+             oddPart("Helper test "));
+    addPaths(lines, "with a stream", R"(C:\Helper test\HALCON-20.11\license\)", oddPart("FILE"), ":x");
+    addPaths(lines, "with a data stream", R"(C:\Helper test\HALCON-20.11\license\)", oddPart("FILE"),
+             "::$DATA");
+    addPaths(lines, "with a stream after slashes", "C:/Helper test/HALCON-20.11/license/", oddPart("FILE"),
              ":x");
-    addPaths(lines, "library with a slash at its end", "destination with a slash at its end",
-             "source with a slash at its end", R"(C:\Helper test\HALCON-20.11\license\)", noFile, "/");
-    addPaths(lines, "stream of a directory of the library", "stream of a directory of the destination",
-             "stream of a directory of the source", R"(C:\Helper test\HALCON-20.11:x\license\)",
+    addPaths(lines, "with a slash at its end", R"(C:\Helper test\HALCON-20.11\license\)", noFile, "/");
+    addPaths(lines, "below a stream of a directory", R"(C:\Helper test\HALCON-20.11:x\license\)",
              oddPart("HALCON-20.11:x"));
-    addPaths(lines, "library with a space at its end", "destination with a space at its end",
-             "source with a space at its end", R"(C:\Helper test\HALCON-20.11\license\)", oddPart("FILE"),
+    addPaths(lines, "with a space at its end", R"(C:\Helper test\HALCON-20.11\license\)", oddPart("FILE"),
              " ");
-    addPaths(lines, "library with a dot at its end", "destination with a dot at its end",
-             "source with a dot at its end", R"(C:\Helper test\HALCON-20.11\license\)", oddPart("FILE"), ".");
-    addPaths(lines, "library with an asterisk", "destination with an asterisk", "source with an asterisk",
-             R"(C:\Helper test\*\license\)", oddPart("*"));
-    addPaths(lines, "library with a question mark", "destination with a question mark",
-             "source with a question mark", R"(C:\Helper test\?\license\)", oddPart("?"));
-    addPaths(lines, "library with angle brackets", "destination with angle brackets",
-             "source with angle brackets", R"(C:\Helper test\<\license\)", oddPart("<"));
-    addPaths(lines, "library with a bar", "destination with a bar", "source with a bar",
-             R"(C:\Helper test|x\license\)", oddPart("Helper test|x"));
-    addPaths(lines, "library with a line break", "destination with a line break", "source with a line break",
-             "C:\\Helper\ntest\\license\\", unclean);
-    addPaths(lines, "library with a lone surrogate", "destination with a lone surrogate",
-             "source with a lone surrogate", "C:\\" + QString(QChar(0xDC00)) + "\\license\\", unclean);
+    addPaths(lines, "with a dot at its end", R"(C:\Helper test\HALCON-20.11\license\)", oddPart("FILE"), ".");
+    addPaths(lines, "with an asterisk", R"(C:\Helper test\*\license\)", oddPart("*"));
+    addPaths(lines, "with a question mark", R"(C:\Helper test\?\license\)", oddPart("?"));
+    addPaths(lines, "with angle brackets", R"(C:\Helper test\<\license\)", oddPart("<"));
+    addPaths(lines, "with a bar", R"(C:\Helper test|x\license\)", oddPart("Helper test|x"));
+    addPaths(lines, "with a line break", "C:\\Helper\ntest\\license\\", unclean);
+    addPaths(lines, "with a lone surrogate", "C:\\" + QString(QChar(0xDC00)) + "\\license\\", unclean);
     const auto source = [&lines](const char *name, const QString &path, const QString &why) {
-        lines.append({name, "--copy=" + destination + " \"" + path + '"', shown(path) + why});
+        lines.append({name, copyingFrom(path), shown(path) + why});
     };
     source("source is a server", R"(\\server)", noFileOnAShare);
     source("source is a server of one letter", R"(\\s)", noFileOnAShare);
@@ -455,6 +423,5 @@ QVector<HostileLine> paths()
 
 QVector<HostileLine> hostileLines()
 {
-    using namespace HostileLines;
-    return whole() + variables() + libraries() + copies() + paths();
+    return HostileLines::lines() + HostileLines::paths();
 }

@@ -1,11 +1,12 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QVector>
 
 /// Arguments that the helper must refuse, and the reason that it gives.
 struct HostileLine {
-    const char *name; ///< what is wrong with it
+    QByteArray name; ///< what is wrong with it
     QString arguments;
     QString refusal;
 };
@@ -24,14 +25,10 @@ constexpr const char *source = "C:\\Helper test\\new.dat";
 
 namespace HostileLines {
 
-/// Lines of no known form.
-QVector<HostileLine> whole();
+/// Lines of no known form, and those with unacceptable variables or libraries.
+QVector<HostileLine> lines();
 
-QVector<HostileLine> variables();
-QVector<HostileLine> libraries();
-QVector<HostileLine> copies();
-
-/// Lines with unacceptable paths, each as a library, a destination and a source.
+/// Copies, and lines with unacceptable paths, each as a library, a destination and a source.
 QVector<HostileLine> paths();
 
 } // namespace HostileLines
