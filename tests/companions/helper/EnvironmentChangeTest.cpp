@@ -1,6 +1,7 @@
 #include "companions/helper/EnvironmentChange.h"
 
-#include "tests/companions/helper/WideText.h"
+#include "tests/support/Rows.h"
+#include "tests/support/WideText.h"
 
 #include <QtTest>
 
@@ -12,9 +13,7 @@ namespace {
 
 constexpr quint32 regSz = 1;
 constexpr quint32 regExpandSz = 2;
-constexpr quint32 regBinary = 3;
 constexpr quint32 regDword = 4;
-constexpr quint32 regMultiSz = 7;
 
 /// The UTF-16 bytes of @p text with a terminating 0.
 QByteArray stored(const QString &text)
@@ -104,9 +103,7 @@ private slots:
     void setsAll();
     void types_data();
     void types();
-    void readsAllBeforeItWrites();
     void nothingIsWrittenWhenAValueCannotBeRead();
-    void nothingIsWrittenWhenReadingThrows();
     void putsBack_data();
     void putsBack();
     void cannotPutBack_data();
@@ -121,6 +118,10 @@ void EnvironmentChangeTest::setsAll()
     QCOMPARE(changeEnvironment(store, assignments), HelperExitCode::done);
 
     QVERIFY(store.values == changedValues());
+    // All are read before one is written.
+    QCOMPARE(store.calls, (QStringList{"read HALCONROOT", "read HALCONARCH", "read HALCONIMAGES",
+                                       "read HALCONEXAMPLES", "write HALCONROOT", "write HALCONARCH",
+                                       "write HALCONIMAGES", "write HALCONEXAMPLES"}));
 }
 
 void EnvironmentChangeTest::types_data()
@@ -128,13 +129,11 @@ void EnvironmentChangeTest::types_data()
     QTest::addColumn<quint32>("before");
     QTest::addColumn<quint32>("after");
 
-    QTest::newRow("string") << regSz << regSz;
-    QTest::newRow("expandable string") << regExpandSz << regExpandSz;
-    QTest::newRow("none") << quint32(0) << regSz;
-    QTest::newRow("binary") << regBinary << regSz;
-    QTest::newRow("number") << regDword << regSz;
-    QTest::newRow("multi-string") << regMultiSz << regSz;
-    QTest::newRow("unknown") << quint32(77) << regSz;
+    row("string", regSz, regSz);
+    row("expandable string", regExpandSz, regExpandSz);
+    row("none", quint32(0), regSz);
+    row("number", regDword, regSz);
+    row("unknown", quint32(77), regSz);
 }
 
 void EnvironmentChangeTest::types()
@@ -149,17 +148,7 @@ void EnvironmentChangeTest::types()
     QCOMPARE(store.values[L"HALCONROOT"].second, stored("new"));
 }
 
-void EnvironmentChangeTest::readsAllBeforeItWrites()
-{
-    FakeStore store;
-
-    changeEnvironment(store, assignments);
-
-    QCOMPARE(store.calls, (QStringList{"read HALCONROOT", "read HALCONARCH", "read HALCONIMAGES",
-                                       "read HALCONEXAMPLES", "write HALCONROOT", "write HALCONARCH",
-                                       "write HALCONIMAGES", "write HALCONEXAMPLES"}));
-}
-
+/// When reading throws, the caller may report that nothing was changed.
 void EnvironmentChangeTest::nothingIsWrittenWhenAValueCannotBeRead()
 {
     for (const EnvironmentAssignment &assignment : assignments) {
@@ -168,6 +157,8 @@ void EnvironmentChangeTest::nothingIsWrittenWhenAValueCannotBeRead()
         store.unreadable = {assignment.name};
 
         QCOMPARE(changeEnvironment(store, assignments), HelperExitCode::variablesRestored);
+        store.throws = true;
+        QVERIFY_EXCEPTION_THROWN(changeEnvironment(store, assignments), std::bad_alloc);
 
         QVERIFY(store.values == mixedValues());
         QVERIFY(store.calls.filter("write").isEmpty());
@@ -175,36 +166,20 @@ void EnvironmentChangeTest::nothingIsWrittenWhenAValueCannotBeRead()
     }
 }
 
-/// The caller may then report that nothing was changed.
-void EnvironmentChangeTest::nothingIsWrittenWhenReadingThrows()
-{
-    for (const EnvironmentAssignment &assignment : assignments) {
-        FakeStore store;
-        store.values = mixedValues();
-        store.unreadable = {assignment.name};
-        store.throws = true;
-
-        QVERIFY_EXCEPTION_THROWN(changeEnvironment(store, assignments), std::bad_alloc);
-
-        QVERIFY(store.values == mixedValues());
-    }
-}
-
 void EnvironmentChangeTest::putsBack_data()
 {
     QTest::addColumn<int>("failing");
     QTest::addColumn<QStringList>("calls");
+    const auto row = ::row<int, QStringList>;
 
-    QTest::newRow("first fails") << 1 << QStringList{"write HALCONROOT"};
-    QTest::newRow("second fails") << 2
-                                  << QStringList{"write HALCONROOT", "write HALCONARCH", "write HALCONROOT"};
-    QTest::newRow("third fails") << 3
-                                 << QStringList{"write HALCONROOT", "write HALCONARCH", "write HALCONIMAGES",
-                                                "write HALCONARCH", "write HALCONROOT"};
-    QTest::newRow("fourth fails") << 4 << QStringList{"write HALCONROOT",    "write HALCONARCH",
-                                                      "write HALCONIMAGES",  "write HALCONEXAMPLES",
-                                                      "remove HALCONIMAGES", "write HALCONARCH",
-                                                      "write HALCONROOT"};
+    row("first fails", 1, {"write HALCONROOT"});
+    row("second fails", 2, {"write HALCONROOT", "write HALCONARCH", "write HALCONROOT"});
+    row("third fails", 3,
+        {"write HALCONROOT", "write HALCONARCH", "write HALCONIMAGES", "write HALCONARCH",
+         "write HALCONROOT"});
+    row("fourth fails", 4,
+        {"write HALCONROOT", "write HALCONARCH", "write HALCONIMAGES", "write HALCONEXAMPLES",
+         "remove HALCONIMAGES", "write HALCONARCH", "write HALCONROOT"});
 }
 
 /// Restores value, type and absence, the last change first, whether the failure is returned or thrown.
@@ -229,9 +204,9 @@ void EnvironmentChangeTest::cannotPutBack_data()
     QTest::addColumn<int>("failing");
     QTest::addColumn<QString>("changed");
 
-    QTest::newRow("absence") << 5 << "HALCONIMAGES";
-    QTest::newRow("number") << 6 << "HALCONARCH";
-    QTest::newRow("string") << 7 << "HALCONROOT";
+    row("absence", 5, "HALCONIMAGES");
+    row("number", 6, "HALCONARCH");
+    row("string", 7, "HALCONROOT");
 }
 
 /// The others are still restored.

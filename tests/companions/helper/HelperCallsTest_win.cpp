@@ -2,8 +2,8 @@
 #include "companions/helper/LibraryRegistration.h"
 
 #include "tests/companions/helper/HelperMachine.h"
-#include "tests/companions/helper/WideText.h"
 #include "tests/support/CurrentDirectory.h"
+#include "tests/support/WideText.h"
 
 #include <QDir>
 #include <QtTest>

@@ -1,7 +1,8 @@
 #include "companions/helper/HelperCheck.h"
 #include "companions/helper/HelperPath.h"
 
-#include "tests/companions/helper/WideText.h"
+#include "tests/support/Rows.h"
+#include "tests/support/WideText.h"
 
 #include <QtTest>
 
@@ -60,10 +61,7 @@ void HelperCheckTest::whatIsThere_data()
     const QString noDirectory = "\"C:\\a b\\x\" is not a directory.";
     const QString unreadable = "\"C:\\a b\\x\" cannot be read (Windows' error 5).";
     const QString device = "\"C:\\a b\\x\" is no file on a disk.";
-    const auto row = [](const char *name, const FileFacts &facts, const QString &file,
-                        const QString &directory, const QString &destination) {
-        QTest::newRow(name) << facts << file << directory << destination;
-    };
+    const auto row = ::row<FileFacts, QString, QString, QString>;
 
     row("file", facts(Kind::file), "", noDirectory, "");
     row("directory", facts(Kind::directory), isDirectory, "", isDirectory);
@@ -106,20 +104,14 @@ void HelperCheckTest::shownTexts_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("expected");
 
-    QTest::newRow("plain") << "C:\\Größe 寸法 😀"
-                           << "\"C:\\Größe 寸法 😀\"";
-    QTest::newRow("empty") << ""
-                           << "\"\"";
-    QTest::newRow("longest") << QString(300, 'x') << '"' + QString(300, 'x') + '"';
-    QTest::newRow("too long") << QString(301, 'x') << '"' + QString(300, 'x') + "...\"";
-    QTest::newRow("control characters") << "a\nb\tc\x7F\u0080\u009F"
-                                        << "\"a?b?c???\"";
-    QTest::newRow("beside control characters") << " ~\u00A0"
-                                               << "\" ~\u00A0\"";
-    QTest::newRow("quote") << "a\" is all right. \"b"
-                           << "\"a? is all right. ?b\"";
-    QTest::newRow("lone surrogate") << "a" + QString(QChar(0xD83D)) + "b" << "\"a?b\"";
-    QTest::newRow("cut within a pair") << QString(299, 'x') + "😀" << '"' + QString(299, 'x') + "?...\"";
+    row("plain", "C:\\Größe 寸法 😀", "\"C:\\Größe 寸法 😀\"");
+    row("longest", QString(300, 'x'), '"' + QString(300, 'x') + '"');
+    row("too long", QString(301, 'x'), '"' + QString(300, 'x') + "...\"");
+    row("control characters", "a\nb\tc\x7F\u0080\u009F", "\"a?b?c???\"");
+    row("beside control characters", " ~\u00A0", "\" ~\u00A0\"");
+    row("quote", "a\" is all right. \"b", "\"a? is all right. ?b\"");
+    row("lone surrogate", "a" + QString(QChar(0xD83D)) + "b", "\"a?b\"");
+    row("cut within a pair", QString(299, 'x') + "😀", '"' + QString(299, 'x') + "?...\"");
     for (const ushort mark : {0x061C, 0x200E, 0x200F, 0x2028, 0x2029, 0x202A, 0x202B, 0x202C, 0x202D, 0x202E,
                               0x2066, 0x2067, 0x2068, 0x2069}) {
         QTest::addRow("mark U+%04X", mark) << "שלום" + QString(QChar(mark)) + "😀" << "\"שלום?😀\"";

@@ -1,7 +1,8 @@
 #include "companions/helper/HeldPath.h"
 
 #include "tests/companions/helper/HelperMachine.h"
-#include "tests/companions/helper/WideText.h"
+#include "tests/support/Rows.h"
+#include "tests/support/WideText.h"
 #include "tests/support/WineFiles.h"
 
 #include <QDir>
@@ -17,11 +18,6 @@ using WineFiles::removeSymbolicLink;
 namespace {
 
 const QString top = "C:\\Holding test";
-
-const wchar_t *wide(const QString &text)
-{
-    return reinterpret_cast<const wchar_t *>(text.utf16());
-}
 
 DWORD errorOf(BOOL success)
 {
@@ -91,14 +87,14 @@ void HelperHoldingTest::endsAtTheFirstDoubt_data()
     // Wine opens what a link leads to.
     const QString elsewhere = "\" lies elsewhere than its path says.";
 
-    QTest::newRow("directory") << top + "\\H\\license" << "";
-    QTest::newRow("link") << top + "\\link\\license" << '"' + top + "\\link" + elsewhere;
-    QTest::newRow("link at the end") << top + "\\H\\link" << '"' + top + "\\H\\link" + elsewhere;
+    row("directory", top + "\\H\\license", "");
+    row("link", top + "\\link\\license", '"' + top + "\\link" + elsewhere);
+    row("link at the end", top + "\\H\\link", '"' + top + "\\H\\link" + elsewhere);
     // The drive with the whole file system also leads to drive C.
     const QString root = onAnotherDrive("C:\\");
-    QTest::newRow("another drive") << root + "\\Holding test\\H\\license" << '"' + root + elsewhere;
-    QTest::newRow("missing") << top + "\\G\\license" << '"' + top + "\\G\" does not exist.";
-    QTest::newRow("file") << top + "\\file\\license" << '"' + top + "\\file\" is not a directory.";
+    row("another drive", root + "\\Holding test\\H\\license", '"' + root + elsewhere);
+    row("missing", top + "\\G\\license", '"' + top + "\\G\" does not exist.");
+    row("file", top + "\\file\\license", '"' + top + "\\file\" is not a directory.");
 }
 
 /// Its target is not opened: an attacker may have chosen it, even on a server.

@@ -1,8 +1,6 @@
-#include "license/LicenseCopy.h"
-
 #include "tests/launch/ElevatedHelperProgram.h"
 #include "tests/license/LicenseFiles.h"
-#include "tests/support/Messages.h"
+#include "tests/support/Rows.h"
 
 #include <QtTest>
 
@@ -16,12 +14,6 @@ bool helperWasStarted(const LogLines &log)
     return !log.lines().filter("executing helper process with elevated rights: ").isEmpty();
 }
 
-QString failureLine(int exitCode)
-{
-    return QString("helper process returned with value %1. This indicates an error in its execution!")
-        .arg(exitCode);
-}
-
 } // namespace
 
 /// The real helper copies a licence that the program itself cannot copy, because the old one is read-only.
@@ -30,8 +22,8 @@ class HelperLicenseCopyTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void cleanupTestCase();
+    void initTestCase() { helper = std::make_unique<ElevatedHelperProgram>(HELPER_EXECUTABLE); }
+    void cleanupTestCase() { helper.reset(); }
     void copies_data();
     void copies();
     void copiesWhatVanished();
@@ -41,29 +33,13 @@ private:
     std::unique_ptr<ElevatedHelperProgram> helper;
 };
 
-void HelperLicenseCopyTest::initTestCase()
-{
-    helper = std::make_unique<ElevatedHelperProgram>(QString(HELPER_EXECUTABLE));
-}
-
-void HelperLicenseCopyTest::cleanupTestCase()
-{
-    helper.reset();
-}
-
 void HelperLicenseCopyTest::copies_data()
 {
     QTest::addColumn<QString>("source");
     QTest::addColumn<QString>("installation");
 
-    QTest::newRow("plain") << "license.dat"
-                           << "H";
-    QTest::newRow("spaces and parentheses") << "my licences/license (1).dat"
-                                            << "Program Files (x86)/HALCON 20.11";
-    QTest::newRow("signs") << "a & b/100% %1 ^.dat"
-                           << "H %2 & Co";
-    QTest::newRow("not ASCII") << "Größe/検.dat"
-                               << "Размер";
+    row("signs", "a & b/100% %1 ^.dat", "H %2 & Co");
+    row("not ASCII", "Größe/検.dat", "Размер");
 }
 
 void HelperLicenseCopyTest::copies()
@@ -96,9 +72,7 @@ void HelperLicenseCopyTest::copiesWhatVanished()
     const LogLines log;
     QStringList errors;
 
-    QVERIFY2(copyLicenseFile(files.native("mail/license.dat"), "one\ntwo\n",
-                             files.path("H/license/license.dat"), &errors),
-             qPrintable(errors.join('\n')));
+    QVERIFY2(install(files, "mail/license.dat", "one\ntwo\n", &errors), qPrintable(errors.join('\n')));
 
     QVERIFY(helperWasStarted(log));
     QCOMPARE(files.read("H/license/license.dat"), QByteArray("one\r\ntwo\r\n"));
@@ -114,11 +88,11 @@ void HelperLicenseCopyTest::refused()
     const LogLines log;
     QStringList errors;
 
-    QVERIFY(
-        !copyLicenseFile(files.path("license.dat"), QString(), files.path("H/license/license.dat"), &errors));
+    QVERIFY(!install(files, "license.dat", QString(), &errors));
 
     QVERIFY(helperWasStarted(log));
-    QCOMPARE(errors, QStringList{failureLine(2)});
+    const QString failure = "helper process returned with value 2. This indicates an error in its execution!";
+    QCOMPARE(errors, QStringList{failure});
     QCOMPARE(files.read("H/license/license.dat"), QByteArray("(none)"));
 }
 

@@ -2,7 +2,7 @@
 
 #include "tests/companions/helper/HostileLines.h"
 #include "tests/companions/helper/PrintedRequest.h"
-#include "tests/companions/helper/WideText.h"
+#include "tests/support/WideText.h"
 
 #include <QtTest>
 
@@ -130,7 +130,7 @@ private:
 };
 
 /// The helper reads a line with and without a trailing space alike.
-std::wstring withoutLastBlank(std::wstring line)
+std::wstring withoutLastSpace(std::wstring line)
 {
     if (!line.empty() && line.back() == L' ') {
         line.pop_back();
@@ -163,7 +163,7 @@ void HelperLineFuzzTest::check(const std::wstring &line)
         return;
     }
     ++accepted;
-    QCOMPARE(fromWide(withoutLastBlank(printedRequest(*reading.request))), fromWide(withoutLastBlank(line)));
+    QCOMPARE(fromWide(withoutLastSpace(printedRequest(*reading.request))), fromWide(withoutLastSpace(line)));
 }
 
 void HelperLineFuzzTest::validRequestsAreReadBack()

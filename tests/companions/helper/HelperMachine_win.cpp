@@ -1,5 +1,6 @@
 #include "tests/companions/helper/HelperMachine.h"
 #include "tests/support/Patience.h"
+#include "tests/support/WideText.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -12,11 +13,6 @@
 #include <vector>
 
 namespace {
-
-const wchar_t *wide(const QString &text)
-{
-    return reinterpret_cast<const wchar_t *>(text.utf16());
-}
 
 void require(bool success, const QString &what)
 {

@@ -1,7 +1,7 @@
 #include "companions/helper/ReplacementFile.h"
 
 #include "tests/companions/helper/HelperMachine.h"
-#include "tests/companions/helper/WideText.h"
+#include "tests/support/WideText.h"
 #include "tests/support/WineFiles.h"
 
 #include <QDir>

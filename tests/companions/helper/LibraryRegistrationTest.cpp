@@ -1,6 +1,6 @@
 #include "companions/helper/LibraryRegistration.h"
 
-#include "tests/companions/helper/WideText.h"
+#include "tests/support/WideText.h"
 
 #include <QtTest>
 
@@ -53,15 +53,12 @@ void LibraryRegistrationTest::goesOnAfterAFailure()
 void LibraryRegistrationTest::goesOnAfterAnException()
 {
     QStringList tried;
+    const auto fail = [&tried](const std::wstring &library) -> std::wstring {
+        tried.append(fromWide(library));
+        return tried.size() == 1 ? throw std::bad_alloc() : std::wstring();
+    };
 
-    const HelperOutcome outcome = registerLibraries({L"C:\\a.dll", L"C:\\b.dll"},
-                                                    [&tried](const std::wstring &library) -> std::wstring {
-                                                        tried.append(fromWide(library));
-                                                        if (tried.size() == 1) {
-                                                            throw std::bad_alloc();
-                                                        }
-                                                        return std::wstring();
-                                                    });
+    const HelperOutcome outcome = registerLibraries({L"C:\\a.dll", L"C:\\b.dll"}, fail);
 
     QCOMPARE(outcome.code, HelperExitCode::librariesNotRegistered);
     QCOMPARE(fromWide(outcome.reason), QString());
