@@ -1,12 +1,22 @@
 #include "card/CardIcons.h"
 
+#include <QApplication>
+#include <QDateTime>
+#include <QFileIconProvider>
+#include <QFileInfo>
+#include <QIconEngine>
 #include <QPainter>
+#include <QPixmapCache>
+#include <QStyle>
+#include <QStyleOption>
 
-QIcon iconOfItsOwnSize(const QPixmap &picture, const QSize &size)
+namespace {
+
+QPixmap pictureOf(const QPixmap &picture, const QSize &size)
 {
     const qreal ratio = picture.devicePixelRatio();
     if (ratio <= 1) {
-        return QIcon(picture);
+        return picture;
     }
     QPixmap canvas(size * ratio);
     canvas.setDevicePixelRatio(ratio);
@@ -14,6 +24,79 @@ QIcon iconOfItsOwnSize(const QPixmap &picture, const QSize &size)
     QPainter painter(&canvas);
     const QSizeF shown = QSizeF(picture.size()) / ratio;
     painter.drawPixmap(QPointF(size.width() - shown.width(), size.height() - shown.height()) / 2, picture);
-    painter.end();
-    return QIcon(canvas);
+    return canvas;
+}
+
+class ShellIconEngine : public QIconEngine {
+public:
+    ShellIconEngine(const QString &path, const QSize &shownSize) : path(path), shownSize(shownSize) {}
+
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State /*state*/) override
+    {
+        QPixmap result = picture();
+        if (result.width() > size.width() || result.height() > size.height()) {
+            result = result.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        }
+        if (mode != QIcon::Normal && !result.isNull()) {
+            QStyleOption option;
+            option.palette = QGuiApplication::palette();
+            result = QApplication::style()->generatedIconPixmap(mode, result, &option);
+        }
+        return result;
+    }
+
+    void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override
+    {
+        const qreal ratio = painter->device()->devicePixelRatioF();
+        painter->drawPixmap(rect, pixmap(rect.size() * ratio, mode, state));
+    }
+
+    QIconEngine *clone() const override { return new ShellIconEngine(*this); }
+
+private:
+    const QPixmap &picture()
+    {
+        if (!asked) {
+            loaded = pictureOf(shellPicture(path), shownSize);
+            asked = true;
+        }
+        return loaded;
+    }
+
+    QString path;
+    QSize shownSize;
+    QPixmap loaded;
+    bool asked = false;
+};
+
+} // namespace
+
+QIcon iconOfItsOwnSize(const QPixmap &picture, const QSize &size)
+{
+    return QIcon(pictureOf(picture, size));
+}
+
+QPixmap shellPicture(const QString &path)
+{
+    constexpr int size = 48;
+    const QFileInfo file(path);
+    const QString key =
+        QStringLiteral("shell icon %1 %2").arg(path).arg(file.lastModified().toMSecsSinceEpoch());
+    QPixmap picture;
+    if (!QPixmapCache::find(key, &picture)) {
+        picture = QFileIconProvider().icon(file).pixmap(size, size);
+        QPixmapCache::insert(key, picture);
+    }
+    return picture;
+}
+
+QIcon shellIcon(const QString &path, const QSize &size)
+{
+    return QIcon(new ShellIconEngine(path, size));
+}
+
+QIcon folderIcon()
+{
+    static const QIcon icon = QFileIconProvider().icon(QFileIconProvider::Folder);
+    return icon;
 }

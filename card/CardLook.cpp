@@ -1,11 +1,8 @@
 #include "card/CardLook.h"
 
-#include "card/CardIcons.h"
 #include "card/CardPalette.h"
 #include "card/CardStyleSheets.h"
 
-#include <QFileIconProvider>
-#include <QFileInfo>
 #include <QGraphicsDropShadowEffect>
 #include <QGridLayout>
 #include <QPushButton>
@@ -69,10 +66,4 @@ void addDropShadows(const QList<QPushButton *> &buttons)
         shadow->setOffset(4, 4);
         button->setGraphicsEffect(shadow);
     }
-}
-
-QIcon shellIcon(const QString &path, const QSize &shownSize)
-{
-    constexpr int size = 48;
-    return iconOfItsOwnSize(QFileIconProvider().icon(QFileInfo(path)).pixmap(size, size), shownSize);
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QIcon>
 #include <QList>
 #include <QSize>
 #include <QString>
@@ -22,7 +21,3 @@ QPushButton *placeWithBadge(QPushButton &button, QGridLayout &grid, int row, con
 
 /// Gives each of the buttons a shadow.
 void addDropShadows(const QList<QPushButton *> &buttons);
-
-/// The icon that the shell shows for the file at @p path, at the size that fits where icons of @p shownSize
-/// are shown.
-QIcon shellIcon(const QString &path, const QSize &shownSize);

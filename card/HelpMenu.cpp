@@ -1,6 +1,7 @@
 #include "card/HelpMenu.h"
 
 #include "card/CardContext.h"
+#include "card/CardIcons.h"
 #include "card/Documentation.h"
 
 #include <QAction>
@@ -20,7 +21,7 @@ HelpMenu::HelpMenu(const QString &installDir, QWidget *card) : card(card), root(
     }
 
     releaseNotes = std::make_unique<QMenu>(CardContext::tr("Release Notes"));
-    root->addMenu(releaseNotes.get())->setIcon(iconProvider.icon(QFileIconProvider::Folder));
+    root->addMenu(releaseNotes.get())->setIcon(folderIcon());
     for (const DocumentationEntry &entry : documentation.releaseNotes) {
         releaseNotes->addAction(makeAction(entry));
     }
@@ -55,6 +56,6 @@ QMenu *HelpMenu::submenu(QMenu *menu, const QString &title)
         }
     }
     auto *made = new QMenu(title, menu);
-    menu->addMenu(made)->setIcon(iconProvider.icon(QFileIconProvider::Folder));
+    menu->addMenu(made)->setIcon(folderIcon());
     return made;
 }

@@ -2,6 +2,7 @@
 
 #include "card/CardAccessibility.h"
 #include "card/CardDetails.h"
+#include "card/CardIcons.h"
 #include "card/CardLook.h"
 #include "card/CardStyleSheets.h"
 #include "card/HelpMenu.h"

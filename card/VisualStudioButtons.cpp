@@ -1,6 +1,6 @@
 #include "card/VisualStudioButtons.h"
 
-#include "card/CardLook.h"
+#include "card/CardIcons.h"
 #include "devenv/VisualStudioVersion.h"
 
 #include <QFileInfo>
@@ -13,7 +13,8 @@ void showVisualStudioButtons(const VisualStudioVersion *version, QPushButton &sh
         return;
     }
     const QFileInfo program(version->idePath);
-    const QIcon icon = program.exists() ? shellIcon(program.absoluteFilePath(), ide.iconSize()) : QIcon();
+    const QPixmap picture = program.exists() ? shellPicture(program.absoluteFilePath()) : QPixmap();
+    const QIcon icon = iconOfItsOwnSize(picture, ide.iconSize());
     ide.setVisible(!icon.isNull());
     ide.setIcon(icon);
     shell.setVisible(!version->architecture.isEmpty());
