@@ -76,6 +76,16 @@ QIcon iconOfItsOwnSize(const QPixmap &picture, const QSize &size)
     return QIcon(pictureOf(picture, size));
 }
 
+QIcon pictureIcon(const QString &file)
+{
+    // QPixmap keeps what it has read.
+    QIcon icon{QPixmap(file)};
+    if (qApp->devicePixelRatio() > 1) {
+        icon.addPixmap(QPixmap(QString(file).replace(QStringLiteral(".png"), QStringLiteral("@2x.png"))));
+    }
+    return icon;
+}
+
 QPixmap shellPicture(const QString &path)
 {
     constexpr int size = 48;

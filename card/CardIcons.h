@@ -8,6 +8,10 @@
 /// at 200 % Qt would enlarge one that is smaller than @p size beyond the button.
 QIcon iconOfItsOwnSize(const QPixmap &picture, const QSize &size);
 
+/// The icon of one of the program's own pictures, such as ":/help.png". Decoded once for all cards, unlike by
+/// QIcon itself.
+QIcon pictureIcon(const QString &file);
+
 /// The shell's icon of the program @p path, 48 pixels large; a generic one when there is no such file. Asked
 /// for once, and again when the file has changed.
 QPixmap shellPicture(const QString &path);

@@ -21,10 +21,13 @@
 #include <QEvent>
 #include <QUrl>
 
+#include <utility>
+
 SingleHalconVersionFrame::SingleHalconVersionFrame(const HalconInstallation &installation, QWidget *parent)
     : QFrame(parent), record(installation), ui(std::make_unique<Ui::SingleHalconVersionFrame>())
 {
     ui->setupUi(this);
+    showPictures();
     // The card and the frame of its first COM row share a name.
     setObjectName(QStringLiteral("frame"));
     // Deliberately with a capital C, unlike in the form.
@@ -90,12 +93,25 @@ bool SingleHalconVersionFrame::eventFilter(QObject *watched, QEvent *event)
     return QFrame::eventFilter(watched, event);
 }
 
+void SingleHalconVersionFrame::showPictures()
+{
+    const std::pair<QPushButton *, const char *> pictures[] = {
+        {ui->pbHelp, ":/help.png"},       {ui->pbShell, ":/shell.png"},
+        {ui->pbDevEnv, ":/shell.png"},    {ui->pbPerm, ":/permanent.png"},
+        {ui->pbUac, ":/uac.png"},         {ui->pbUacEngine, ":/uac.png"},
+        {ui->pbVelloxa, ":/velloxa.png"}, {ui->pbInstallLicense, ":/install_license.png"},
+    };
+    for (const auto &[button, file] : pictures) {
+        button->setIcon(pictureIcon(QLatin1String(file)));
+    }
+}
+
 void SingleHalconVersionFrame::fillVisualStudioList()
 {
     visualStudios = std::make_unique<VisualStudioChoice>(visualStudioVersions(), record.arch);
     ui->lwVsVersion->addItems(visualStudios->rows());
     if (ui->lwVsVersion->count() == 0) {
-        ui->pbShell->setIcon(QIcon(QStringLiteral(":/shell_no_devenv.png")));
+        ui->pbShell->setIcon(pictureIcon(QStringLiteral(":/shell_no_devenv.png")));
     } else {
         ui->lwVsVersion->setCurrentRow(0);
     }

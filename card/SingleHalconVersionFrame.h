@@ -83,6 +83,7 @@ public slots:
     void launchDevEnvModelIndex(const QModelIndex &index);
 
 private:
+    void showPictures();
     void connectComRows();
     void fillVisualStudioList();
     void showVersion();
