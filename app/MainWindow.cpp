@@ -114,7 +114,7 @@ void MainWindow::fillFooter()
 
 void MainWindow::addCards()
 {
-    auto *cards = new CardColumn(installations, this);
+    auto *cards = new CardColumn(installations);
     ui->saHalconVersions->setWidget(cards);
 
     setTabOrder(cards->lastTabStop(), ui->cbUpdateCheckHalcon);

@@ -4,7 +4,7 @@
 
 #include <QVBoxLayout>
 
-CardColumn::CardColumn(const QList<HalconInstallation> &installations, QWidget *window)
+CardColumn::CardColumn(const QList<HalconInstallation> &installations)
 {
     auto *layout = new QVBoxLayout(this);
     layout->setMargin(0);
@@ -14,7 +14,8 @@ CardColumn::CardColumn(const QList<HalconInstallation> &installations, QWidget *
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     QList<SingleHalconVersionFrame *> cards;
     for (const HalconInstallation &installation : installations) {
-        cards.append(new SingleHalconVersionFrame(installation, window));
+        // A new parent would apply the style sheet to the whole card again.
+        cards.append(new SingleHalconVersionFrame(installation, this));
         layout->addWidget(cards.last());
     }
     // Only here, because a new parent takes a widget out of the order.

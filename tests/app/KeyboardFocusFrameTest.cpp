@@ -24,7 +24,7 @@ public:
         area = new QScrollArea;
         area->setWidgetResizable(true);
         area->setFocusPolicy(Qt::ClickFocus);
-        column = new CardColumn(installedVersions(cards), this);
+        column = new CardColumn(installedVersions(cards));
         area->setWidget(column);
         button = new QPushButton("Button");
         auto *text = new QTextBrowser;

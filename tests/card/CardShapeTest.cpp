@@ -18,7 +18,7 @@ public:
         area.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
         area.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
         area.setWidgetResizable(true);
-        column = new CardColumn(installedVersions(cards), &area);
+        column = new CardColumn(installedVersions(cards));
         area.setWidget(column);
         for (const SingleHalconVersionFrame *card : shown()) {
             CardShape::addVisualStudio(*card);
