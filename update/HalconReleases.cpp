@@ -53,22 +53,30 @@ std::optional<HalconInstallation> toInstallation(const PublishedRelease &release
                         .arg(release.version));
         return std::nullopt;
     }
-    const auto read = [&](const QString &what, const QString &text) {
-        const QString complaint = QStringLiteral(
-            "Could not parse %1 version in string \"%2\". Ignored update information for version \"%3\".");
-        return readNumber(text, complaint.arg(what, text, release.version), log);
+    const auto read = [&](const char *what, const QString &text) {
+        const std::optional<int> number = readNumber(text);
+        if (!number) {
+            log->append(
+                QStringLiteral("Could not parse %1 version in string \"%2\". Ignored update information for "
+                               "version \"%3\".")
+                    .arg(QLatin1String(what), text, release.version));
+        }
+        return number;
     };
-    const std::optional<int> major = read(QStringLiteral("major"), match.captured(1));
-    const std::optional<int> minor = major ? read(QStringLiteral("minor"), match.captured(2)) : std::nullopt;
-    const std::optional<int> revision =
-        minor ? read(QStringLiteral("revision"), release.revision) : std::nullopt;
+    const std::optional<int> major = read("major", match.captured(1));
+    const std::optional<int> minor = major ? read("minor", match.captured(2)) : std::nullopt;
+    const std::optional<int> revision = minor ? read("revision", release.revision) : std::nullopt;
     if (!revision) {
         return std::nullopt;
     }
-    const QString assumed = QStringLiteral(
-        "Could not parse build version in string \"%1\". Assume build = 0 for version \"%2\".");
-    const int build = readNumber(release.build, assumed.arg(release.build, release.version), log).value_or(0);
-    return HalconInstallation(*major, *minor, *revision, build);
+    const std::optional<int> build = readNumber(release.build);
+    if (!build) {
+        log->append(
+            QStringLiteral(
+                "Could not parse build version in string \"%1\". Assume build = 0 for version \"%2\".")
+                .arg(release.build, release.version));
+    }
+    return HalconInstallation(*major, *minor, *revision, build.value_or(0));
 }
 
 } // namespace

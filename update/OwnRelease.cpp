@@ -35,9 +35,13 @@ std::optional<VersionNumbers> publishedNumbers(const QJsonObject &release, QStri
 {
     return readNumbers([&](const QString &name) {
         const QString text = release.value(name).toString();
-        const QString complaint =
-            QStringLiteral("Could not parse %1 version in string \"%2\". Ignored update information.");
-        return readNumber(text, complaint.arg(name, text), log);
+        const std::optional<int> number = readNumber(text);
+        if (!number) {
+            log->append(
+                QStringLiteral("Could not parse %1 version in string \"%2\". Ignored update information.")
+                    .arg(name, text));
+        }
+        return number;
     });
 }
 
@@ -51,9 +55,13 @@ std::optional<VersionNumbers> ownNumbers(const QString &ownVersion, QStringList 
         return std::nullopt;
     }
     return readNumbers([&](const QString &name) {
-        const QString complaint = QStringLiteral("Could not parse %1 version of current Corvanta for HALCON "
-                                                 "instance from string \"%2\". Ignored update information.");
-        return readNumber(match.captured(name), complaint.arg(name, ownVersion), log);
+        const std::optional<int> number = readNumber(match.captured(name));
+        if (!number) {
+            log->append(QStringLiteral("Could not parse %1 version of current Corvanta for HALCON "
+                                       "instance from string \"%2\". Ignored update information.")
+                            .arg(name, ownVersion));
+        }
+        return number;
     });
 }
 

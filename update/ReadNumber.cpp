@@ -1,12 +1,8 @@
 #include "update/ReadNumber.h"
 
-std::optional<int> readNumber(const QString &text, const QString &complaint, QStringList *log)
+std::optional<int> readNumber(const QString &text)
 {
     bool isNumber = false;
     const int number = text.toInt(&isNumber);
-    if (isNumber) {
-        return number;
-    }
-    log->append(complaint);
-    return std::nullopt;
+    return isNumber ? std::optional(number) : std::nullopt;
 }

@@ -43,13 +43,10 @@ void ReadNumberTest::numbers()
 {
     QFETCH(QString, text);
     QFETCH(QString, number);
-    QStringList log{"a line that is there already"};
 
-    const std::optional<int> read = readNumber(text, "a complaint about %1", &log);
+    const std::optional<int> read = readNumber(text);
 
     QCOMPARE(read ? QString::number(*read) : QString(), number);
-    const QStringList complaint = number.isEmpty() ? QStringList("a complaint about %1") : QStringList();
-    QCOMPARE(log, QStringList("a line that is there already") + complaint);
 }
 
 QTEST_GUILESS_MAIN(ReadNumberTest)
