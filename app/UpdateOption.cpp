@@ -24,7 +24,7 @@ void UpdateOption::set(bool on)
 
 void UpdateOption::download()
 {
-    latest = new UpdateCheck(url, this);
+    latest = new UpdateCheck(url, parent());
     connect(latest, &UpdateCheck::downloaded, this, &UpdateOption::downloaded);
 }
 

@@ -12,8 +12,9 @@ class UpdateOption : public QObject {
     Q_OBJECT
 
 public:
-    /// The option is under @p key in the settings. Starts no download.
-    UpdateOption(const QString &key, const QUrl &url, QObject *parent = nullptr);
+    /// The option is under @p key in the settings. Starts no download. What it downloads with belongs to
+    /// @p parent, too.
+    UpdateOption(const QString &key, const QUrl &url, QObject *parent);
 
     /// Whether it is on, going by the settings.
     bool isOn() const;
@@ -34,5 +35,5 @@ signals:
 private:
     const QString key;
     const QUrl url;
-    UpdateCheck *latest = nullptr; ///< earlier ones live as long as the option
+    UpdateCheck *latest = nullptr; ///< earlier ones live as long as the parent
 };

@@ -174,7 +174,7 @@ void MainWindowUpdatesTest::everyTickComparesAnew()
     EVENTUALLY_COMPARE(log.lines().count(found), 2);
     QCOMPARE(log.lines().filter("revision"), (QStringList{"  revision: 1", "  revision: 1"}));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCOMPARE(window.findChildren<UpdateCheck *>().size(), 2);
+    QCOMPARE(window.findChildren<UpdateCheck *>(QString(), Qt::FindDirectChildrenOnly).size(), 2);
 }
 
 void MainWindowUpdatesTest::untickingLetsADownloadGoOn()

@@ -19,8 +19,9 @@ private slots:
 
 void UpdateOptionTest::isOffAtFirst()
 {
+    QObject window;
     WebServer server;
-    const UpdateOption option("updateCheckX", server.url("/list"));
+    const UpdateOption option("updateCheckX", server.url("/list"), &window);
     QVERIFY(!option.isOn());
     QCOMPARE(option.downloadedData(), QByteArray());
     QSettings().setValue("updateCheckX", "");
@@ -34,9 +35,10 @@ void UpdateOptionTest::isOffAtFirst()
 
 void UpdateOptionTest::downloadsWhenSwitchedOn()
 {
+    QObject window;
     WebServer server;
     server.setAnswer("/list", WebAnswer::ok("releases"));
-    UpdateOption option("updateCheckX", server.url("/list"));
+    UpdateOption option("updateCheckX", server.url("/list"), &window);
     const QSignalSpy downloaded(&option, &UpdateOption::downloaded);
 
     option.set(false);
@@ -53,9 +55,10 @@ void UpdateOptionTest::downloadsWhenSwitchedOn()
 
 void UpdateOptionTest::onlyTheLatestDownloadCounts()
 {
+    QObject window;
     WebServer server;
     server.setAnswer("/list", WebAnswer::ok("older"));
-    UpdateOption option("updateCheckX", server.url("/list"));
+    UpdateOption option("updateCheckX", server.url("/list"), &window);
     const QSignalSpy downloaded(&option, &UpdateOption::downloaded);
     option.download();
     EVENTUALLY_COMPARE(downloaded.size(), 1);
