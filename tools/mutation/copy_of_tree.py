@@ -48,6 +48,11 @@ class CopyOfTree:
         done = self._run(["cmake", "--build", self.build, "-j", str(os.cpu_count()), *arguments])
         return done.returncode, done.stdout
 
+    def generated(self):
+        """The targets that make what the product's files include: the headers of its forms."""
+        floors = (self.build / "floors").read_text().splitlines()
+        return [f"corvanta_{floor.split(':')[0]}_autogen" for floor in floors if floor]
+
     def sources(self, paths):
         """The product's files below these paths that this tier is for, each with the arguments for clang."""
         cross = None

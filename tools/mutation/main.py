@@ -51,7 +51,7 @@ class Run:
     def all(self):
         say("bringing the copy up to date")
         self.copy.update()
-        code, messages = self.copy.make("--target", "corvanta_autogen")
+        code, messages = self.copy.make("--target", *self.copy.generated())
         if code:
             sys.exit("tools/mutants: the copy does not compile:\n" + messages[-4000:])
         every = self._every_change()
