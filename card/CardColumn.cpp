@@ -9,8 +9,8 @@ CardColumn::CardColumn(const QList<HalconInstallation> &installations)
     auto *layout = new QVBoxLayout(this);
     layout->setMargin(0);
     layout->setAlignment(Qt::AlignTop);
-    // The cards' own minimum height is less than what is in them needs. A policy that does not let the column shrink
-    // makes the scroll area around it scroll instead.
+    // The cards' own minimum height is less than what is in them needs. A policy that does not let the column
+    // shrink makes the scroll area around it scroll instead.
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     QList<SingleHalconVersionFrame *> cards;
     for (const HalconInstallation &installation : installations) {

@@ -11,8 +11,8 @@ class CardColumn : public QWidget {
     Q_OBJECT
 
 public:
-    /// Builds the cards of @p installations, in their order from the top. The Tab key goes through them in the
-    /// same order.
+    /// Builds the cards of @p installations, in their order from the top. The Tab key goes through them in
+    /// the same order.
     explicit CardColumn(const QList<HalconInstallation> &installations);
 
     /// The control at which the Tab key leaves the last card; null when there is no card.

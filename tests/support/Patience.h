@@ -18,8 +18,8 @@ bool eventuallyExposed(Window *window)
     return QTest::qWaitForWindowExposed(window, patienceMilliseconds);
 }
 
-/// Whether the window is the active one before long. Asks for it again and again: Wine gives the focus back to
-/// the desktop when the X server tells it late that another window had lost it.
+/// Whether the window is the active one before long. Asks for it again and again: Wine gives the focus back
+/// to the desktop when the X server tells it late that another window had lost it.
 template <typename Window>
 bool eventuallyActive(Window *window)
 {
