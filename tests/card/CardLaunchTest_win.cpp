@@ -1,7 +1,7 @@
 #include "card/SingleHalconVersionFrame.h"
 #include "tests/card/BoxLines.h"
 #include "tests/card/CardButtons.h"
-#include "tests/card/HalconVariables.h"
+#include "tests/card/StartVariables.h"
 #include "tests/support/EchoChild.h"
 #include "tests/support/Installations.h"
 #include "tests/support/SystemErrors.h"
@@ -44,7 +44,7 @@ void CardLaunchTest::clickStartsHDevelop()
     EchoRecord found;
     QVERIFY(child.waitForRecord(found));
     QCOMPARE(found.executable, programs + "hdevelopxl.exe");
-    QCOMPARE(halconVariables(found), halconVariables(installation));
+    QCOMPARE(receivedVariables(found), expectedVariables(installation));
     QCOMPARE(boxLines(boxes.shown(), card), QStringList());
 }
 

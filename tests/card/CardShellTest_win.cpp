@@ -3,7 +3,7 @@
 #include "tests/card/BoxLines.h"
 #include "tests/card/CardButtons.h"
 #include "tests/card/CardStudios.h"
-#include "tests/card/HalconVariables.h"
+#include "tests/card/StartVariables.h"
 #include "tests/support/EnvironmentVariable.h"
 #include "tests/support/Messages.h"
 #include "tests/support/Rows.h"
@@ -82,7 +82,7 @@ void CardShellTest::shell()
     QVERIFY(child.waitForRecord(found));
     QCOMPARE(found.executable, interpreter());
     QCOMPARE(found.commandLine, arguments);
-    QCOMPARE(halconVariables(found), halconVariables(installation));
+    QCOMPARE(receivedVariables(found), expectedVariables(installation));
     // Only one start.
     QCOMPARE(log.lines(), QStringList{"CreateProcess: " + interpreter() + " " + arguments});
     QCOMPARE(boxLines(boxes.shown(), card), QStringList());
@@ -107,7 +107,7 @@ void CardShellTest::ide()
     // For an empty command line Windows substitutes the quoted executable: still no arguments.
     const QStringList withoutArguments{"", '"' + ide + '"'};
     QVERIFY2(withoutArguments.contains(found.commandLine), qPrintable(found.commandLine));
-    QCOMPARE(halconVariables(found), halconVariables(installation));
+    QCOMPARE(receivedVariables(found), expectedVariables(installation));
     QCOMPARE(log.lines(), QStringList{"CreateProcess: " + ide + " "});
     QCOMPARE(boxLines(boxes.shown(), card), QStringList());
 }

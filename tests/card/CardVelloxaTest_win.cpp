@@ -2,7 +2,7 @@
 #include "tests/card/Advertisement.h"
 #include "tests/card/BoxLines.h"
 #include "tests/card/CardButtons.h"
-#include "tests/card/HalconVariables.h"
+#include "tests/card/StartVariables.h"
 #include "tests/support/EchoChild.h"
 #include "tests/support/MessageBoxes.h"
 #include "tests/support/Messages.h"
@@ -81,7 +81,7 @@ void CardVelloxaTest::installed()
     QVERIFY(child.waitForRecord(found));
     QCOMPARE(found.executable, velloxa);
     QCOMPARE(found.commandLine, QString("--halconversion=20.11"));
-    QCOMPARE(halconVariables(found), halconVariables(card.installation()));
+    QCOMPARE(receivedVariables(found), expectedVariables(card.installation()));
     QVERIFY(advertisement() == nullptr);
     QCOMPARE(boxLines(boxes.shown(), card), QStringList());
 }
