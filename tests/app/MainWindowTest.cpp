@@ -144,7 +144,6 @@ void MainWindowTest::footer()
     const MainWindow window;
     const auto *browser = window.findChild<QWidget *>("centralWidget")
                               ->findChild<QTextBrowser *>("textBrowser", Qt::FindDirectChildrenOnly);
-    QVERIFY(browser != nullptr);
     QVERIFY(browser->openExternalLinks());
     QCOMPARE(browser->styleSheet(),
              QString("background-color: rgb(57, 159, 255, 100);\nmargin: 4px 10px 0 10px;"));

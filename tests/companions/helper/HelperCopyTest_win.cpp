@@ -9,7 +9,6 @@
 
 #include <memory>
 
-using HelperMachine::isReadOnly;
 using HelperMachine::makeFile;
 using HelperMachine::makeHardLink;
 using HelperMachine::run;

@@ -67,13 +67,13 @@ QString textsIn(HWND box)
 }
 
 /// Answers the helper's next message box with its button and returns its text; empty when none opens within
-/// 20 s.
+/// a minute.
 QString answerBox()
 {
-    for (int i = 0; i < 200; ++i) {
+    for (int i = 0; i < 600; ++i) {
         const HWND window = FindWindowW(L"#32770", L"Corvanta for HALCON");
         if (window != nullptr && IsWindowVisible(window) != 0) {
-            const QString text = textsIn(window);
+            QString text = textsIn(window);
             SendMessageW(window, WM_COMMAND, IDOK, 0);
             return text;
         }

@@ -25,7 +25,6 @@ using HelperMachine::run;
 using HelperMachine::values;
 using WineFiles::makeSymbolicLink;
 using WineFiles::Mapping;
-using WineFiles::onAnotherDrive;
 using WineFiles::removeSymbolicLink;
 using namespace std::chrono_literals;
 
