@@ -45,6 +45,12 @@ public:
         return result;
     }
 
+    /// Never larger than the picture.
+    QSize actualSize(const QSize &size, QIcon::Mode mode, QIcon::State state) override
+    {
+        return pixmap(size, mode, state).size();
+    }
+
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override
     {
         const qreal ratio = painter->device()->devicePixelRatioF();

@@ -1,3 +1,4 @@
+#include "card/CardIcons.h"
 #include "card/SingleHalconVersionFrame.h"
 #include "tests/card/CardButtons.h"
 #include "tests/support/EchoChild.h"
@@ -5,7 +6,10 @@
 #include "tests/support/Registry.h"
 #include "tests/support/Rows.h"
 
+#include <QPainter>
 #include <QTemporaryDir>
+
+Q_DECLARE_METATYPE(QIcon::Mode)
 
 /// Which icon the card's HDevelop buttons show. One of the programs here has an icon of its own.
 class CardIconsTest : public QObject {
@@ -15,6 +19,8 @@ private slots:
     void initTestCase();
     void icon_data();
     void icon();
+    void lateIconIsLikeAnyOther_data();
+    void lateIconIsLikeAnyOther();
 };
 
 void CardIconsTest::initTestCase()
@@ -66,6 +72,41 @@ void CardIconsTest::icon()
 
     QCOMPARE(shownIcon(*button(card, "pbHDevelop")), expected);
     QCOMPARE(shownIcon(*button(card, "pbHDevelopXL")), expected);
+}
+
+void CardIconsTest::lateIconIsLikeAnyOther_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<QIcon::Mode>("mode");
+
+    row("shown", QSize(64, 52), QIcon::Normal);
+    row("larger", QSize(100, 100), QIcon::Normal);
+    row("smaller", QSize(32, 20), QIcon::Normal);
+    row("disabled", QSize(64, 52), QIcon::Disabled);
+    row("smaller and selected", QSize(20, 32), QIcon::Selected);
+}
+
+void CardIconsTest::lateIconIsLikeAnyOther()
+{
+    QFETCH(QSize, size);
+    QFETCH(QIcon::Mode, mode);
+    const QSize shownSize(64, 52);
+    const QIcon late = shellIcon(PICTURED_PROGRAM, shownSize);
+    const QIcon other = iconOfItsOwnSize(shellPicture(PICTURED_PROGRAM), shownSize);
+
+    const QImage expected = other.pixmap(size, mode).toImage();
+    QVERIFY(!expected.isNull());
+    QCOMPARE(late.pixmap(size, mode).toImage(), expected);
+    QCOMPARE(QIcon(late).pixmap(size, mode).toImage(), expected);
+
+    QImage paintedLate(size, QImage::Format_ARGB32_Premultiplied);
+    paintedLate.fill(Qt::white);
+    QImage paintedOther = paintedLate;
+    QPainter latePainter(&paintedLate);
+    late.paint(&latePainter, paintedLate.rect(), Qt::AlignCenter, mode);
+    QPainter otherPainter(&paintedOther);
+    other.paint(&otherPainter, paintedOther.rect(), Qt::AlignCenter, mode);
+    QCOMPARE(paintedLate, paintedOther);
 }
 
 QTEST_MAIN(CardIconsTest)
