@@ -29,9 +29,21 @@ HelpMenu::HelpMenu(const QString &installDir, QWidget *card) : card(card), root(
     for (const DocumentationEntry &entry : documentation.htmlManuals) {
         root->addAction(makeAction(entry));
     }
+    leaveUnmeasured();
 }
 
 HelpMenu::~HelpMenu() = default;
+
+/// Hidden widgets await a first resize event, which makes a menu measure all of its texts. Whatever renders a
+/// widget of the window sends it to them; without it they are measured when they are opened.
+void HelpMenu::leaveUnmeasured()
+{
+    root->setAttribute(Qt::WA_PendingResizeEvent, false);
+    const QList<QMenu *> submenus = root->findChildren<QMenu *>();
+    for (QMenu *menu : submenus) {
+        menu->setAttribute(Qt::WA_PendingResizeEvent, false);
+    }
+}
 
 QAction *HelpMenu::makeAction(const DocumentationEntry &entry)
 {

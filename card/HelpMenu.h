@@ -27,6 +27,7 @@ public:
     const QList<QAction *> &actions() const { return files; }
 
 private:
+    void leaveUnmeasured();
     QAction *makeAction(const DocumentationEntry &entry);
     QMenu *submenu(QMenu *menu, const QString &title);
 

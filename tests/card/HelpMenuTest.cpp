@@ -32,6 +32,17 @@ QImage picture(const QIcon &icon)
     return icon.pixmap(32, 32).toImage();
 }
 
+class ResizeCounter : public QObject {
+public:
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        resizes += event->type() == QEvent::Resize ? 1 : 0;
+        return false;
+    }
+
+    int resizes = 0;
+};
+
 } // namespace
 
 class HelpMenuTest : public QObject {
@@ -48,6 +59,7 @@ private slots:
     void icons();
     void entriesBelongToTheCard();
     void boldEntries();
+    void measuredWhenOpened();
 
 private:
     std::unique_ptr<CaughtMessages> messages; ///< about names without a title: not this test's subject
@@ -193,6 +205,32 @@ void HelpMenuTest::boldEntries()
         }
     }
     QCOMPARE(bold, QStringList{"release_notes.html"});
+}
+
+/// To render a part of the window does not measure the menus, which takes long with many manuals; opened, each
+/// has the size of its entries.
+void HelpMenuTest::measuredWhenOpened()
+{
+    const DocumentationTree tree;
+    tree.add({"doc/pdf/manuals/quick_guide.pdf"});
+    SingleHalconVersionFrame card(installation(tree.installDir()));
+    QMenu *menu = helpMenu(card);
+    const QList<QMenu *> menus = menu->findChildren<QMenu *>() << menu;
+    QCOMPARE(menus.size(), 2);
+    ResizeCounter counter;
+    for (QMenu *each : menus) {
+        each->installEventFilter(&counter);
+    }
+    card.show();
+    card.grab();
+    QCOMPARE(counter.resizes, 0);
+
+    for (QMenu *each : menus) {
+        each->popup(QPoint());
+        QCOMPARE(each->size(), each->sizeHint());
+        each->hide();
+    }
+    QCOMPARE(counter.resizes, 2);
 }
 
 QTEST_MAIN(HelpMenuTest)
