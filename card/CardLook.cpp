@@ -1,9 +1,9 @@
 #include "card/CardLook.h"
 
+#include "card/ButtonShadow.h"
 #include "card/CardPalette.h"
 #include "card/CardStyleSheets.h"
 
-#include <QGraphicsDropShadowEffect>
 #include <QGridLayout>
 #include <QPushButton>
 #include <QVariant>
@@ -62,7 +62,7 @@ QPushButton *placeWithBadge(QPushButton &button, QGridLayout &grid, int row, con
 void addDropShadows(const QList<QPushButton *> &buttons)
 {
     for (QPushButton *button : buttons) {
-        auto *shadow = new QGraphicsDropShadowEffect(button);
+        auto *shadow = new ButtonShadow(button);
         shadow->setOffset(4, 4);
         button->setGraphicsEffect(shadow);
     }
