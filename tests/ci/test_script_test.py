@@ -14,10 +14,19 @@ FILES = {
   "version": 5,
   "configurePresets": [
     {"name": "host", "generator": "Ninja", "binaryDir": "${sourceDir}/build/host"},
+    {"name": "fuzz", "inherits": "host", "binaryDir": "${sourceDir}/build/fuzz"},
     {"name": "windows", "inherits": "host", "binaryDir": "${sourceDir}/build/windows"}
   ],
-  "buildPresets": [{"name": "host", "configurePreset": "host"}, {"name": "windows", "configurePreset": "windows"}],
-  "testPresets": [{"name": "host", "configurePreset": "host"}, {"name": "windows", "configurePreset": "windows"}]
+  "buildPresets": [
+    {"name": "host", "configurePreset": "host"},
+    {"name": "fuzz", "configurePreset": "fuzz"},
+    {"name": "windows", "configurePreset": "windows"}
+  ],
+  "testPresets": [
+    {"name": "host", "configurePreset": "host"},
+    {"name": "fuzz", "configurePreset": "fuzz", "filter": {"include": {"label": "^fuzz$"}}},
+    {"name": "windows", "configurePreset": "windows"}
+  ]
 }
 """,
     "CMakeLists.txt": """cmake_minimum_required(VERSION 3.25)
@@ -36,7 +45,10 @@ foreach(name IN ITEMS good bad unbuildable)
   add_test(NAME a.${name} COMMAND "${CMAKE_BINARY_DIR}/a/${name}")
 endforeach()
 copied(demo bin/demo-program)
-if(tier STREQUAL "windows")
+if(tier STREQUAL "fuzz")
+  add_test(NAME fuzz.good COMMAND "${CMAKE_BINARY_DIR}/a/good")
+  set_tests_properties(fuzz.good PROPERTIES LABELS fuzz)
+elseif(tier STREQUAL "windows")
   add_test(NAME b.shown COMMAND "${CMAKE_SOURCE_DIR}/shown" "${CMAKE_BINARY_DIR}/bin")
 else()
   add_test(NAME b.read COMMAND "${CMAKE_SOURCE_DIR}/good")
@@ -54,8 +66,11 @@ endif()
 
 CASES = [
     # arguments, exit code, end of the output
-    (["-R", "a.good", "host"], 0, "1 passed, 0 failed"),
-    (["-R", "good|shown"], 0, "3 passed, 0 failed"),
+    (["-R", "a.good", "host"], 0, "No fuzz test matches 'a.good'\n1 passed, 0 failed"),
+    (["-R", "good", "host"], 0, "2 passed, 0 failed"),
+    (["-R", "^fuzz"], 0, "No windows test matches '^fuzz'\n1 passed, 0 failed"),
+    (["-R", "^fuzz", "windows"], 1, "test: no test matches '^fuzz'"),
+    (["-R", "a.good|shown"], 0, "3 passed, 0 failed"),
     (["--again", "-R", "shown", "windows"], 0, "1 passed, 0 failed"),
     (["windows", "-R", "good|bad"], 1, "1 passed, 1 failed"),
     (["-R", "read"], 0, "No windows test matches 'read'\n1 passed, 0 failed"),
