@@ -10,11 +10,21 @@
 
 namespace {
 
-/// Removes from @p format what makes Qt access a file when the text is drawn, copied or hovered over. Returns
-/// whether anything was removed.
+/// Removes from @p format what makes Qt access a file when the text is drawn, copied or hovered over, and limits
+/// what would make it lay out a table forever. Returns whether anything was changed.
 bool disarm(QTextFormat &format)
 {
     bool changed = false;
+    constexpr double widestPadding = 100; // pixels
+    for (const int property : {QTextFormat::TableCellPadding, QTextFormat::TableCellTopPadding,
+                               QTextFormat::TableCellBottomPadding, QTextFormat::TableCellLeftPadding,
+                               QTextFormat::TableCellRightPadding}) {
+        const double padding = format.doubleProperty(property);
+        if (!(padding >= 0 && padding <= widestPadding)) {
+            format.setProperty(property, widestPadding);
+            changed = true;
+        }
+    }
     // A tool tip is rich text, too.
     for (const int property : {QTextFormat::BackgroundImageUrl, QTextFormat::TextToolTip}) {
         if (format.hasProperty(property)) {
@@ -90,15 +100,33 @@ void disarmFrames(QTextFrame &frame)
     }
 }
 
-// Beyond these limits Qt takes seconds or longer to parse or lay out the HTML.
+// Beyond these limits Qt takes seconds or longer to parse or lay out the HTML: it looks at all open elements
+// and at all rules of a style sheet for each element, and at the whole table for each of its cells.
 constexpr int longestHtml = 65536;
+constexpr int mostTags = 1000;
+constexpr int mostTableTags = 100;
+constexpr int mostStyling = 60000; // characters of style sheets for each tag, in all
 constexpr int deepestNesting = 8;
+
+/// How many characters of @p html may belong to style sheets.
+int styleSheetSize(const QString &html)
+{
+    const QLatin1String opening("<style");
+    const int begin = html.indexOf(opening, 0, Qt::CaseInsensitive);
+    const int end = html.lastIndexOf(QLatin1String("</style"), -1, Qt::CaseInsensitive);
+    const bool closed = end > html.lastIndexOf(opening, -1, Qt::CaseInsensitive);
+    return begin < 0 ? 0 : (closed ? end : html.size()) - begin;
+}
 
 bool isTooMuchToRead(const QString &html)
 {
-    static const QRegularExpression wideCell(QStringLiteral(R"((col|row)span\s*=\s*["']?\s*\d{3})"),
-                                             QRegularExpression::CaseInsensitiveOption);
-    return html.size() > longestHtml || html.contains(wideCell);
+    // Digits can be written as entities.
+    static const QRegularExpression wideCell(
+        QStringLiteral(R"((col|row)span\s*=\s*["']?\s*(\d{2}|[^\s"'>]*&))"),
+        QRegularExpression::CaseInsensitiveOption);
+    const int tags = html.count(QLatin1Char('<'));
+    return html.size() > longestHtml || tags > mostTags || styleSheetSize(html) * tags > mostStyling ||
+           html.count(QLatin1String("<t"), Qt::CaseInsensitive) > mostTableTags || html.contains(wideCell);
 }
 
 /// The greatest depth to which frames and tables are nested.

@@ -6,7 +6,7 @@ class QFont;
 
 /// A text document for untrusted HTML. It keeps text, formatting and links, and loads nothing: it drops
 /// images, style sheets, backgrounds and tool tips, which may name files or network shares. HTML that would
-/// take Qt seconds (too long, too deeply nested tables, very wide cells) is shown as plain text.
+/// take Qt seconds (too long, too many tags, large or deeply nested tables) is shown as plain text.
 class InertDocument : public QTextDocument {
     Q_OBJECT
 

@@ -1,3 +1,4 @@
+#include "app/InertDocument.h"
 #include "app/MessageDialog.h"
 #include "tests/support/Patience.h"
 
@@ -8,6 +9,7 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextFrame>
+#include <QTextTable>
 #include <QToolTip>
 #include <QtTest>
 
@@ -80,7 +82,10 @@ private slots:
     void nothingIsLoaded();
     void costlyHtmlIsPlainText_data();
     void costlyHtmlIsPlainText();
+    void vastPaddingIsLimited_data();
+    void vastPaddingIsLimited();
     void htmlAtTheLimitIsRead();
+    void htmlThatQtWroteIsRead();
     void formIsKept();
     void links_data();
     void links();
@@ -173,6 +178,18 @@ void ForeignHtmlTest::costlyHtmlIsPlainText_data()
     QTest::newRow("wide cell") << wide << wide;
     const QString high = "<table><tr><td ROWSPAN = '500'>a</td></tr></table>";
     QTest::newRow("high cell") << high << high;
+    const QString entity = "<table><tr><td colspan=\"&#57;&#57;\">a</td></tr></table>";
+    QTest::newRow("wide cell by entities") << entity << entity;
+    const QString cells = "<table><tr>" + QString("<td>x</td>").repeated(99) + "</tr></table>";
+    QTest::newRow("many cells") << cells << cells;
+    const QString tags = QString("<b>x</b>").repeated(1001);
+    QTest::newRow("many tags") << tags << tags;
+    const QString tagsWithStyle = QString("<b>x").repeated(29);
+    const QString sheet =
+        "<STYLE>" + QString("p,").repeated(1250) + "b { color: red }</STYLE>" + tagsWithStyle;
+    QTest::newRow("long style sheet") << sheet << sheet;
+    const QString open = "<style></style><style>" + QString("p,").repeated(1250) + tagsWithStyle;
+    QTest::newRow("long style sheet without end") << open << open;
     const QString longText = "<b>" + QString("long ").repeated(14000) + "</b>";
     QTest::newRow("long") << longText << longText;
 }
@@ -189,12 +206,46 @@ void ForeignHtmlTest::costlyHtmlIsPlainText()
     QVERIFY(browser->document()->rootFrame()->childFrames().isEmpty());
 }
 
+void ForeignHtmlTest::vastPaddingIsLimited_data()
+{
+    QTest::addColumn<QString>("html");
+
+    // Without a limit Qt would lay out these tables forever.
+    QTest::newRow("of a table") << "<table cellpadding=99999999><tr><td>in it</td></tr></table>";
+    QTest::newRow("of a cell") << "<table><tr><td style='padding: 99999999px'>in it</td></tr></table>";
+    QTest::newRow("by a style sheet")
+        << "<style>td { padding-left: 99999999px }</style><table><tr><td>in it</td></tr></table>";
+}
+
+void ForeignHtmlTest::vastPaddingIsLimited()
+{
+    QFETCH(QString, html);
+    InertDocument document(html, QFont());
+    const auto *table = qobject_cast<QTextTable *>(document.rootFrame()->childFrames().value(0));
+    QVERIFY(table);
+    const QTextTableCellFormat cell = table->cellAt(0, 0).format().toTableCellFormat();
+    for (const double padding : {table->format().cellPadding(), cell.topPadding(), cell.bottomPadding(),
+                                 cell.leftPadding(), cell.rightPadding()}) {
+        QVERIFY2(padding >= 0 && padding <= 100, qPrintable(QString::number(padding)));
+    }
+    QCOMPARE(document.toPlainText().trimmed(), QString("in it"));
+    QVERIFY(document.size().height() < 1000);
+}
+
 void ForeignHtmlTest::htmlAtTheLimitIsRead()
 {
     const int longest = 65536;
     const QString opening = "<b>";
     const MessageDialog dialog(opening + QString("x").repeated(longest - opening.size()));
     QVERIFY(!dialog.findChild<QTextBrowser *>("textBrowser")->toPlainText().contains(opening));
+}
+
+void ForeignHtmlTest::htmlThatQtWroteIsRead()
+{
+    QTextDocument message;
+    message.setHtml(QString("<p><b>word</b> word</p>").repeated(150));
+    const InertDocument document(message.toHtml(), message.defaultFont());
+    QCOMPARE(document.toPlainText(), message.toPlainText());
 }
 
 void ForeignHtmlTest::formIsKept()
