@@ -144,6 +144,9 @@ void checkUpdate(const HalconInstallation &latest, const QMap<QString, Numbers> 
                     isNewer(installed, latest) == (numbersOf(installed) > numbers),
                 "versions are compared number by number");
     }
+    HalconInstallation first = latest;
+    first.build = 0;
+    require(isNewer(latest, first) == (numbers[3] > 0), "the build counts when all else is equal");
     QString version = QString::number(numbers[0]) + '.' + QString::number(numbers[1]);
     if (numbers[2] != -1) {
         version += '.' + QString::number(numbers[2]);
