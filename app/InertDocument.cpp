@@ -10,8 +10,8 @@
 
 namespace {
 
-/// Removes from @p format what makes Qt access a file when the text is drawn, copied or hovered over, and limits
-/// what would make it lay out a table forever. Returns whether anything was changed.
+/// Removes from @p format what makes Qt access a file when the text is drawn, copied or hovered over, and
+/// limits what would make it lay out a table forever. Returns whether anything was changed.
 bool disarm(QTextFormat &format)
 {
     bool changed = false;

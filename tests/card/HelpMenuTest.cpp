@@ -207,8 +207,8 @@ void HelpMenuTest::boldEntries()
     QCOMPARE(bold, QStringList{"release_notes.html"});
 }
 
-/// To render a part of the window does not measure the menus, which takes long with many manuals; opened, each
-/// has the size of its entries.
+/// To render a part of the window does not measure the menus, which takes long with many manuals; opened,
+/// each has the size of its entries.
 void HelpMenuTest::measuredWhenOpened()
 {
     const DocumentationTree tree;

@@ -4,8 +4,8 @@
 #include "tests/fuzz/PlainNumbers.h"
 #include "tests/fuzz/QtFuzzing.h"
 
-/// A value as the registry may hold it, of a type and a text: s a string, l several, d and q numbers of 32 and
-/// 64 bits, b bytes. Any other type stands for none.
+/// A value as the registry may hold it, of a type and a text: s a string, l several, d and q numbers of 32
+/// and 64 bits, b bytes. Any other type stands for none.
 struct RegistryValue {
     char type;
     QByteArray text;

@@ -22,7 +22,8 @@ QStringList takeLog();
 /// The warnings since the last call. Qt's debug output is off.
 QStringList takeWarnings();
 
-/// Makes a new empty directory the current one, for files that an input may name; it is the same at each call.
+/// Makes a new empty directory the current one, for files that an input may name; it is the same at each
+/// call.
 QString temporaryDirectory();
 
 /// Requires that both lists are equal, and prints them if they are not.

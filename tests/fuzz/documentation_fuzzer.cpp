@@ -11,8 +11,8 @@
 
 namespace {
 
-/// Makes the files of an input below @p root, whose lines are their paths. Names that start with a point would
-/// be hidden on this machine, and not on Windows; those that cannot be made are left out.
+/// Makes the files of an input below @p root, whose lines are their paths. Names that start with a point
+/// would be hidden on this machine, and not on Windows; those that cannot be made are left out.
 QStringList makeFiles(const QString &root, const QByteArray &input)
 {
     QStringList made;

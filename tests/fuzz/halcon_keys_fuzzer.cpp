@@ -192,8 +192,8 @@ void checkOrder(QList<HalconInstallation> records)
 
 } // namespace
 
-/// Lines such as "[20.11-Progress]" name keys, the lines below them their values: names, types and values. The
-/// installations are those of a plain reading, and are ordered.
+/// Lines such as "[20.11-Progress]" name keys, the lines below them their values: names, types and values.
+/// The installations are those of a plain reading, and are ordered.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     QList<HalconKey> keys;

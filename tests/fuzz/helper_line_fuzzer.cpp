@@ -57,8 +57,8 @@ bool isClean(const std::wstring &text, std::size_t longest)
     return clean;
 }
 
-/// The names of a path, which may be separated by more than one slash or backslash. A path that ends in one has
-/// an empty last name.
+/// The names of a path, which may be separated by more than one slash or backslash. A path that ends in one
+/// has an empty last name.
 Texts namesOf(const std::wstring &path)
 {
     Texts names = cutAt(path, L"\\/");

@@ -82,8 +82,8 @@ QByteArray written(const OwnRelease &release)
 
 } // namespace
 
-/// The first line is the program's own version, the rest a file: it gives the release and log lines of a plain
-/// reading of its strings; which strings are in it is left to Qt.
+/// The first line is the program's own version, the rest a file: it gives the release and log lines of a
+/// plain reading of its strings; which strings are in it is left to Qt.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const QByteArray input = inputOf(data, size);

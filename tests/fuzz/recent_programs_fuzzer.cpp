@@ -161,8 +161,8 @@ void checkHighlight(const QString &path, const QString &searchText)
 
 } // namespace
 
-/// What precedes the first byte 0 is a search text, the rest a settings file; without one all is the file. The
-/// paths and their marks are those of a plain reading.
+/// What precedes the first byte 0 is a search text, the rest a settings file; without one all is the file.
+/// The paths and their marks are those of a plain reading.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const QByteArray input = inputOf(data, size);

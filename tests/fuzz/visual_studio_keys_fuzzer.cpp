@@ -154,8 +154,8 @@ void checkOrder(QList<VisualStudioVersion> records)
 
 } // namespace
 
-/// Lines such as "14.0|Professional|C:\VS" are the keys of Visual Studio, those of the Express editions after a
-/// first line "express". The records and log lines are those of a plain reading.
+/// Lines such as "14.0|Professional|C:\VS" are the keys of Visual Studio, those of the Express editions
+/// after a first line "express". The records and log lines are those of a plain reading.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     static const bool filesMade = makeFiles();
