@@ -34,6 +34,12 @@ QString keyName(const QByteArray &bytes)
     return textOf(bytes).replace('/', '\\');
 }
 
+/// On this machine half a surrogate pair in a path becomes another character.
+QString directoryOf(const QByteArray &bytes)
+{
+    return QString::fromUtf8("" + textOf(bytes).toUtf8());
+}
+
 /// Reads lines such as "14.0|Professional|C:\VS". One without a directory is a key without a value for it.
 Studios studiosIn(const QList<QByteArray> &lines)
 {
@@ -43,7 +49,7 @@ Studios studiosIn(const QList<QByteArray> &lines)
         const QString edition = keyName(line.split('|').value(1));
         const QByteArray rest = line.mid(line.indexOf('|', line.indexOf('|') + 1) + 1);
         if (!version.isEmpty() && !edition.isEmpty()) {
-            studios[version][edition] = line.count('|') > 1 ? "" + textOf(rest) : QString();
+            studios[version][edition] = line.count('|') > 1 ? directoryOf(rest) : QString();
         }
     }
     return studios;
