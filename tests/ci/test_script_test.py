@@ -58,7 +58,8 @@ endif()
     "bad": "#!/bin/sh\nexit 1\n",
     "demo": "#!/bin/sh\n",
     # With TEST_RESULTS set, tests that have passed would not be run.
-    "shown": "#!/bin/sh\n[ -z \"$TEST_RESULTS\" ] && exec \"$1/demo-program\"\n",
+    "shown": "#!/bin/sh\n[ -z \"$TEST_RESULTS\" ] && [ -d \"$TEST_SESSIONS\" ] && exec \"$1/demo-program\"\n",
+    "tests/support/end-wine-sessions": "#!/bin/sh\nrmdir \"$1\"\n",
     "tools/packages": "dpkg\n",
     ".gitignore": "/build/\n",
     "tools/qt-windows/build": "#!/bin/sh\necho /nonexistent\n",
@@ -94,6 +95,8 @@ class TestScriptTest(unittest.TestCase):
             file.parent.mkdir(parents=True, exist_ok=True)
             file.write_text(text)
             file.chmod(0o755)
+        self.temporary = self.tree / "build" / "temporary"
+        self.temporary.mkdir(parents=True)
         for name in ("test", "tools/common"):
             shutil.copy(ROOT / name, self.tree / name)
         # Results are only remembered in a repository.
@@ -101,6 +104,7 @@ class TestScriptTest(unittest.TestCase):
 
     def call(self, *arguments):
         environment = {name: value for name, value in os.environ.items() if name != "TEST_RESULTS"}
+        environment["TMPDIR"] = str(self.temporary)
         return subprocess.run([self.tree / "test", *arguments], env=environment, text=True, stdout=subprocess.PIPE,
                               stderr=subprocess.STDOUT)
 
@@ -110,6 +114,13 @@ class TestScriptTest(unittest.TestCase):
                 result = self.call(*arguments)
                 self.assertTrue(result.stdout.endswith(f"{said}\n"), result.stdout)
                 self.assertEqual(result.returncode, status)
+                self.assertEqual(list(self.temporary.iterdir()), [], "sessions of Wine have not been ended")
+
+    def test_common_registry(self):
+        (self.tree / "tests/support/end-wine-sessions").write_text("#!/bin/sh\nrmdir \"$1\"\nexit 1\n")
+        result = self.call("-R", "good", "windows")
+        self.assertTrue(result.stdout.endswith("test: the Windows tests disturb each other; see above\n"), result.stdout)
+        self.assertEqual(result.returncode, 1)
 
     def test_builds_what_it_runs(self):
         self.call("-R", "good")

@@ -28,11 +28,13 @@ HKEY madeKey(HKEY parent, const std::wstring &path)
     return key;
 }
 
-/// The keys that Windows itself reads in a process: without them there are no sockets and no known folders.
+/// The keys that Windows itself reads in a process: without them there are no sockets, no known folders and no
+/// variables of the machine.
 const struct {
     HKEY root;
     const wchar_t *path;
 } keptKeys[] = {
+    {HKEY_LOCAL_MACHINE, L"SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment"},
     {HKEY_LOCAL_MACHINE, L"SYSTEM\\CurrentControlSet\\Services\\Tcpip\\Parameters"},
     {HKEY_LOCAL_MACHINE, L"SYSTEM\\CurrentControlSet\\Services\\Tcpip6\\Parameters"},
     {HKEY_LOCAL_MACHINE, L"SYSTEM\\CurrentControlSet\\Services\\Winsock"},
