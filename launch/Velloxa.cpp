@@ -1,8 +1,23 @@
 #include "launch/Velloxa.h"
 
+#include "base/RegistryReader.h"
+
 #include <QFileInfo>
 
 #include <utility>
+
+namespace {
+
+QString directoryInRegistry()
+{
+    return RegistryReader(QStringLiteral(R"(HKEY_LOCAL_MACHINE\SOFTWARE\Quorvik Solutions\Velloxa)"))
+        .value(QStringLiteral("InstallDir"))
+        .toString();
+}
+
+} // namespace
+
+Velloxa::Velloxa() : Velloxa(directoryInRegistry) {}
 
 Velloxa::Velloxa(std::function<QString()> registeredDirectory)
     : registeredDirectory(std::move(registeredDirectory))

@@ -9,6 +9,9 @@
 /// directory up once for each build, at the first use, and keeps a program that it has found.
 class Velloxa {
 public:
+    /// The machine's Velloxa, in the directory that the registry names.
+    Velloxa();
+
     /// @p registeredDirectory returns where Velloxa is installed, or an empty string.
     explicit Velloxa(std::function<QString()> registeredDirectory);
 

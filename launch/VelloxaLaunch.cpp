@@ -1,21 +1,13 @@
 #include "launch/VelloxaLaunch.h"
 
-#include "base/RegistryReader.h"
 #include "launch/ProcessStart.h"
 
 namespace {
 
-QString registeredDirectory()
-{
-    return RegistryReader(QStringLiteral(R"(HKEY_LOCAL_MACHINE\SOFTWARE\Quorvik Solutions\Velloxa)"))
-        .value(QStringLiteral("InstallDir"))
-        .toString();
-}
-
-/// The machine's Velloxa; the process has only this one.
+/// The one that the program asks.
 Velloxa &installedVelloxa()
 {
-    static Velloxa velloxa(registeredDirectory);
+    static Velloxa velloxa;
     return velloxa;
 }
 

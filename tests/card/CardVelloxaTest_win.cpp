@@ -6,34 +6,35 @@
 #include "tests/support/EchoChild.h"
 #include "tests/support/MessageBoxes.h"
 #include "tests/support/Messages.h"
+#include "tests/support/Patience.h"
 #include "tests/support/Registry.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
 
-/// Velloxa is looked up once in a process: each of these cases runs in a process and a registry of its own.
+/// Velloxa's directory is looked up once in a process. It has only the 64-bit build.
 class CardVelloxaTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase();
+    void cleanup();
     void notInstalled();
     void installed();
     void noProgram();
 
 private:
-    /// Makes Velloxa's directory and registry entry, and returns its path.
-    QString install() const;
-
     QTemporaryDir directory;
+    QString velloxa; ///< the path of its program
 };
 
 namespace {
 
-HalconInstallation installation()
+HalconInstallation installation(const QString &arch = "x64-win64")
 {
     HalconInstallation result(20, 11, 1, 0);
     result.setSuffix("Progress");
-    result.arch = "x64-win64";
+    result.arch = arch;
     result.installDir = R"(C:\Program Files\HALCON 20.11)";
     result.setExampleRoot(R"(D:\Examples)");
     return result;
@@ -41,19 +42,27 @@ HalconInstallation installation()
 
 } // namespace
 
-QString CardVelloxaTest::install() const
+void CardVelloxaTest::initTestCase()
 {
     const QString installDir = QDir::toNativeSeparators(directory.filePath("Velloxa 2"));
-    if (!QDir(directory.path()).mkdir("Velloxa 2")) {
-        qFatal("could not make the directory %s", qPrintable(installDir));
-    }
+    QVERIFY(QDir(directory.path()).mkdir("Velloxa 2"));
     Registry::setString(R"(HKEY_LOCAL_MACHINE\SOFTWARE\Quorvik Solutions\Velloxa)", "InstallDir", installDir);
-    return installDir + "\\velloxa.exe";
+    velloxa = installDir + "\\velloxa.exe";
+}
+
+void CardVelloxaTest::cleanup()
+{
+    if (advertisement() != nullptr) {
+        advertisement()->close();
+    }
+    EVENTUALLY_VERIFY(advertisement() == nullptr);
+    // A running program cannot be removed.
+    EVENTUALLY_VERIFY(!QFile::exists(velloxa) || QFile::remove(velloxa));
 }
 
 void CardVelloxaTest::notInstalled()
 {
-    SingleHalconVersionFrame card(installation());
+    SingleHalconVersionFrame card(installation("x86sse2-win32"));
     card.show();
     const LogLines log;
     const MessageBoxes boxes;
@@ -68,7 +77,6 @@ void CardVelloxaTest::notInstalled()
 
 void CardVelloxaTest::installed()
 {
-    const QString velloxa = install();
     EchoChild::copyTo(velloxa);
     SingleHalconVersionFrame card(installation());
     card.show();
@@ -89,7 +97,6 @@ void CardVelloxaTest::installed()
 /// The system's error about the failed start is not shown to the user.
 void CardVelloxaTest::noProgram()
 {
-    const QString velloxa = install();
     QFile text(velloxa);
     QVERIFY(text.open(QIODevice::WriteOnly));
     text.write("not a program");

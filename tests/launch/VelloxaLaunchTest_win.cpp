@@ -10,11 +10,12 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-/// Velloxa is looked up once in a process: each of these cases runs in a process and a registry of its own.
+/// Only one case asks the program's Velloxa, which looks its directory up once; the others have their own.
 class VelloxaLaunchTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void cleanup();
     void notInstalled();
     void buildThatFits();
     void programAppearsLaterAndIsKept();
@@ -32,13 +33,14 @@ namespace {
 
 const QString velloxaKey = R"(HKEY_LOCAL_MACHINE\SOFTWARE\Quorvik Solutions\Velloxa)";
 
-/// Whether Velloxa counts as not installed for @p arch: false, no error line and no attempt to start
+/// Whether @p velloxa counts as not installed for @p arch: false, no error line and no attempt to start
 /// anything.
-bool countsAsNotInstalled(const QString &arch)
+bool countsAsNotInstalled(Velloxa &velloxa, const QString &arch)
 {
     const LogLines log;
     QStringList errors;
-    return !startVelloxa(installationIn("C:\\H", arch), &errors) && errors.isEmpty() && log.lines().isEmpty();
+    return !startVelloxa(velloxa, installationIn("C:\\H", arch), &errors) && errors.isEmpty() &&
+           log.lines().isEmpty();
 }
 
 } // namespace
@@ -53,21 +55,29 @@ void VelloxaLaunchTest::setInstallDir() const
     Registry::setString(velloxaKey, "InstallDir", QDir::toNativeSeparators(directory.filePath("Velloxa 2")));
 }
 
+void VelloxaLaunchTest::cleanup()
+{
+    Registry::removeTree(R"(HKEY_LOCAL_MACHINE\SOFTWARE\Quorvik Solutions)");
+    // A running program cannot be removed.
+    EVENTUALLY_VERIFY(QDir(directory.filePath("Velloxa 2")).removeRecursively());
+}
+
 void VelloxaLaunchTest::notInstalled()
 {
+    Velloxa velloxa;
     // Where the executables would be if their directory were an empty string.
     const FileOnCurrentDrive root64("velloxa.exe");
     const FileOnCurrentDrive root32("velloxa32.exe");
     QVERIFY(QFileInfo::exists("\\velloxa.exe"));
     QVERIFY(QFileInfo::exists("\\velloxa32.exe"));
 
-    QCOMPARE(velloxaInstallDir(), "");
-    QCOMPARE(velloxaExecutable64(), "");
-    QCOMPARE(velloxaExecutable32(), "");
-    QVERIFY(countsAsNotInstalled("x64-win64"));
-    QVERIFY(countsAsNotInstalled("x86sse2-win32"));
-    QVERIFY(countsAsNotInstalled("x86-win32"));
-    QVERIFY(!startVelloxa(installationIn("C:\\H"), nullptr));
+    QCOMPARE(velloxa.installDir(), "");
+    QCOMPARE(velloxa.executable64(), "");
+    QCOMPARE(velloxa.executable32(), "");
+    QVERIFY(countsAsNotInstalled(velloxa, "x64-win64"));
+    QVERIFY(countsAsNotInstalled(velloxa, "x86sse2-win32"));
+    QVERIFY(countsAsNotInstalled(velloxa, "x86-win32"));
+    QVERIFY(!startVelloxa(velloxa, installationIn("C:\\H"), nullptr));
     QVERIFY(!Registry::exists(R"(HKEY_LOCAL_MACHINE\SOFTWARE\Quorvik Solutions)"));
 }
 
@@ -102,24 +112,25 @@ void VelloxaLaunchTest::buildThatFits()
 void VelloxaLaunchTest::programAppearsLaterAndIsKept()
 {
     setInstallDir();
-    QVERIFY(countsAsNotInstalled("x64-win64"));
+    Velloxa velloxa;
+    QVERIFY(countsAsNotInstalled(velloxa, "x64-win64"));
 
     // The directory is known from the first use.
     Registry::setString(velloxaKey, "InstallDir", "C:\\elsewhere");
     EchoChild::copyTo(path("velloxa.exe"));
     {
         const EchoChild child;
-        QVERIFY(startVelloxa(installationIn("C:\\H"), nullptr));
+        QVERIFY(startVelloxa(velloxa, installationIn("C:\\H"), nullptr));
         EchoRecord record;
         QVERIFY(child.waitForRecord(record));
     }
 
     // A running program cannot be removed.
     QVERIFY(QTest::qWaitFor([this] { return QFile::remove(path("velloxa.exe")); }, patienceMilliseconds));
-    QCOMPARE(velloxaExecutable64(), path("velloxa.exe"));
+    QCOMPARE(velloxa.executable64(), path("velloxa.exe"));
     const LogLines log;
     QStringList errors;
-    QVERIFY(!startVelloxa(installationIn("C:\\H"), &errors));
+    QVERIFY(!startVelloxa(velloxa, installationIn("C:\\H"), &errors));
     QCOMPARE(errors, QStringList{createProcessErrorLine(WindowsError::fileNotFound)});
     QCOMPARE(log.lines(), QStringList{"CreateProcess: " + path("velloxa.exe") + " --halconversion=20.11"});
 }
@@ -131,8 +142,9 @@ void VelloxaLaunchTest::installDirOfThe32BitRegistryIsNotRead()
     EchoChild::copyTo(path("velloxa.exe"));
     EchoChild::copyTo(path("velloxa32.exe"));
 
-    QVERIFY(countsAsNotInstalled("x64-win64"));
-    QVERIFY(countsAsNotInstalled("x86-win32"));
+    Velloxa velloxa;
+    QVERIFY(countsAsNotInstalled(velloxa, "x64-win64"));
+    QVERIFY(countsAsNotInstalled(velloxa, "x86-win32"));
 }
 
 QTEST_GUILESS_MAIN(VelloxaLaunchTest)
