@@ -71,11 +71,7 @@ void DialogsTest::initTestCase()
 
 void DialogsTest::bothDialogs()
 {
-    QTest::addColumn<MakeDialog>("make");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<QStringList>("row");
-    QTest::addColumn<QString>("logLine");
+    columns<MakeDialog, QString, QSize, QStringList, QString>("make", "name", "size", "row", "logLine");
 
     const MakeDialog error = [](QWidget *parent) { return std::make_unique<ErrorDialog>(html, parent); };
     const MakeDialog message = [](QWidget *parent) { return std::make_unique<MessageDialog>(html, parent); };

@@ -1,6 +1,7 @@
 #include "app/InertDocument.h"
 #include "app/MessageDialog.h"
 #include "tests/support/Patience.h"
+#include "tests/support/Rows.h"
 
 #include <QDesktopServices>
 #include <QFile>
@@ -99,7 +100,7 @@ void ForeignHtmlTest::initTestCase()
 
 void ForeignHtmlTest::nothingIsLoaded_data()
 {
-    QTest::addColumn<QString>("html");
+    columns<QString>("html");
 
     const auto row = [](const char *name, const QString &html) {
         QTest::newRow(name) << QString(html)
@@ -165,8 +166,7 @@ void ForeignHtmlTest::nothingIsLoaded()
 
 void ForeignHtmlTest::costlyHtmlIsPlainText_data()
 {
-    QTest::addColumn<QString>("html");
-    QTest::addColumn<QString>("text");
+    columns<QString, QString>("html", "text");
 
     const auto nested = [](int depth) {
         return QString("<table><tr><td>").repeated(depth) + "in it" +
@@ -263,8 +263,7 @@ void ForeignHtmlTest::formIsKept()
 
 void ForeignHtmlTest::links_data()
 {
-    QTest::addColumn<QString>("target");
-    QTest::addColumn<bool>("opens");
+    columns<QString, bool>("target", "opens");
 
     const auto row = [](const QString &target, bool opens) {
         QTest::newRow(qPrintable(target)) << target << opens;

@@ -14,7 +14,7 @@ private slots:
 
 void ImagesTest::image_data()
 {
-    QTest::addColumn<QSize>("size");
+    columns<QSize>("size");
 
     for (const char *name :
          {"shell", "shell_no_devenv", "help", "install_license", "permanent", "uac", "velloxa"}) {

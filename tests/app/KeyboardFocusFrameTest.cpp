@@ -151,7 +151,7 @@ void KeyboardFocusFrameTest::goesWithTheFocus()
 
 void KeyboardFocusFrameTest::isBroughtIntoSight_data()
 {
-    QTest::addColumn<int>("key");
+    columns<int>("key");
 
     row("forwards", int(Qt::Key_Tab));
     row("backwards", int(Qt::Key_Backtab));

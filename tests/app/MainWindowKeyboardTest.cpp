@@ -132,7 +132,7 @@ void MainWindowKeyboardTest::controlsHaveNames()
 
 void MainWindowKeyboardTest::cardsKeepTheirShape_data()
 {
-    QTest::addColumn<QStringList>("versions");
+    columns<QStringList>("versions");
 
     row("two", QStringList{"13.0", "20.05-Progress"});
     row("eight", QStringList{"9.0", "10.0", "11.0", "12.0", "13.0", "17.12", "18.11", "20.05-Progress"});

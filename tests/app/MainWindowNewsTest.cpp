@@ -128,9 +128,7 @@ void MainWindowNewsTest::comparingAgainAddsNoSecondLine()
 
 void MainWindowNewsTest::failuresGoToTheLog_data()
 {
-    QTest::addColumn<QString>("option");
-    QTest::addColumn<WebAnswer>("answer");
-    QTest::addColumn<QStringList>("lines");
+    columns<QString, WebAnswer, QStringList>("option", "answer", "lines");
 
     row("list missing", updateCheckHalcon, WebAnswer::whole("404 Not Found", "<html>"),
         QStringList{"Could not parse HALCON versions update information file:",
@@ -196,7 +194,7 @@ void MainWindowNewsTest::dialogTellsOfANewProgram()
 
 void MainWindowNewsTest::oldProgramIsNoNews_data()
 {
-    QTest::addColumn<QByteArray>("version");
+    columns<QByteArray>("version");
 
     row("the same", QByteArray(R"("major": "1", "minor": "8")"));
     row("an older one", QByteArray(R"("major": "0", "minor": "99")"));

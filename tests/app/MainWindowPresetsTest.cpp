@@ -61,9 +61,7 @@ void MainWindowPresetsTest::init()
 
 void MainWindowPresetsTest::presetHoldsUntilTheUserChooses_data()
 {
-    QTest::addColumn<QString>("preset");
-    QTest::addColumn<QString>("own");
-    QTest::addColumn<bool>("ticked");
+    columns<QString, QString, bool>("preset", "own", "ticked");
 
     row("nothing", QString(), QString(), false);
     row("preset on", "true", QString(), true);
@@ -114,8 +112,7 @@ void MainWindowPresetsTest::presetChecksAtStart()
 
 void MainWindowPresetsTest::choiceIsStoredForTheUserAlone_data()
 {
-    QTest::addColumn<QString>("preset");
-    QTest::addColumn<QString>("chosen");
+    columns<QString, QString>("preset", "chosen");
 
     row("switched off", "true", "false");
     row("switched on", "false", "true");

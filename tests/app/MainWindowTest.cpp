@@ -178,9 +178,7 @@ void MainWindowTest::optionsAreOffAtFirst()
 
 void MainWindowTest::restoringDoesNotWrite_data()
 {
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("checkBox");
-    QTest::addColumn<QString>("otherCheckBox");
+    columns<QString, QString, QString>("key", "checkBox", "otherCheckBox");
 
     row("HALCON", updateCheckHalcon, "cbUpdateCheckHalcon", "cbUpdateCheckCorvanta");
     row("program", updateCheckCorvanta, "cbUpdateCheckCorvanta", "cbUpdateCheckHalcon");
@@ -239,9 +237,7 @@ void MainWindowTest::f12ShowsOneDebugDialog()
 
 void MainWindowTest::keyIsTaken_data()
 {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<bool>("isTaken");
+    columns<int, int, bool>("key", "modifiers", "isTaken");
 
     row("F12", int(Qt::Key_F12), int(Qt::NoModifier), true);
     row("F12 with Ctrl", int(Qt::Key_F12), int(Qt::ControlModifier), true);
@@ -303,7 +299,7 @@ void MainWindowTest::f4PutsTheListInTheMiddle()
 
 void MainWindowTest::f4LeadsToTheSearchLine_data()
 {
-    QTest::addColumn<QString>("from");
+    columns<QString>("from");
 
     for (const char *name :
          {"cbUpdateCheckHalcon", "textBrowser", "lwVsVersion", "pbHDevelop", "cbRegCom", "pbOK"}) {

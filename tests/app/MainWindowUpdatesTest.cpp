@@ -124,8 +124,7 @@ void MainWindowUpdatesTest::bothOptionsAskAtStartInOrder()
 
 void MainWindowUpdatesTest::tickingAsksAtOnce_data()
 {
-    QTest::addColumn<QString>("box");
-    QTest::addColumn<QByteArray>("target");
+    columns<QString, QByteArray>("box", "target");
 
     row("HALCON", halconBox, releaseList);
     row("program", corvantaBox, ownRelease);

@@ -68,8 +68,7 @@ void CardAccessibilityTest::controls()
 
 void CardAccessibilityTest::boxIsLabelled_data()
 {
-    QTest::addColumn<QString>("label");
-    QTest::addColumn<QString>("box");
+    columns<QString, QString>("label", "box");
 
     row("HALCON/COM", "lRegCom", "cbRegCom");
     row("HDevEngine/COM", "lRegComEngine", "cbRegComEngine");

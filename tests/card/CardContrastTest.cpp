@@ -2,6 +2,7 @@
 #include "tests/card/CardShape.h"
 #include "tests/card/Contrast.h"
 #include "tests/support/Patience.h"
+#include "tests/support/Rows.h"
 
 #include <QMenu>
 #include <QMessageBox>
@@ -131,8 +132,7 @@ void CardContrastTest::cleanup()
 
 void CardContrastTest::readable_data()
 {
-    QTest::addColumn<QPalette>("colours");
-    QTest::addColumn<int>("major");
+    columns<QPalette, int>("colours", "major");
 
     const struct {
         const char *name;

@@ -21,8 +21,7 @@ private slots:
 
 void CardDetailsTest::directories_data()
 {
-    QTest::addColumn<QStringList>("there");
-    QTest::addColumn<QStringList>("paths");
+    columns<QStringList, QStringList>("there", "paths");
 
     const QStringList installDir{"\"\nInstallDir: \"",
                                  "\"D:/HALCON\" bold underlined #0000ff -> file:///installDir"};
@@ -83,7 +82,7 @@ void CardDetailsTest::release()
 
 void CardDetailsTest::otherLinks_data()
 {
-    QTest::addColumn<QUrl>("link");
+    columns<QUrl>("link");
 
     row("web", QUrl("http://corvanta.invalid/a%20b?c#d"));
     row("another word", QUrl("file:///licenseDir"));

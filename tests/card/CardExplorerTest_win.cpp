@@ -77,10 +77,7 @@ void CardExplorerTest::cleanupTestCase()
 
 void CardExplorerTest::directoryLinks_data()
 {
-    QTest::addColumn<QString>("link");
-    QTest::addColumn<QString>("installDir");
-    QTest::addColumn<QString>("exampleRoot");
-    QTest::addColumn<QString>("opened");
+    columns<QString, QString, QString, QString>("link", "installDir", "exampleRoot", "opened");
 
     row("installation", "file:///installDir", "C:\\windows", "C:\\users", "C:\\windows");
     row("examples, with spaces and a backslash at the end", "file:///exampleRoot", "C:\\windows",
@@ -116,7 +113,7 @@ void CardExplorerTest::directoryLinks()
 
 void CardExplorerTest::clickOnLink_data()
 {
-    QTest::addColumn<QString>("directory");
+    columns<QString>("directory");
 
     row("installation", "HALCON 20.11");
     row("examples", "HALCON 20.11 examples");

@@ -31,10 +31,9 @@ void CardIconsTest::initTestCase()
 
 void CardIconsTest::icon_data()
 {
-    QTest::addColumn<QString>("pictured");
-    QTest::addColumn<QString>("plain"); // a program without an icon of its own
-    QTest::addColumn<QString>("arch");
-    QTest::addColumn<QString>("shown"); // whose icon
+    // plain: a program without an icon of its own
+    // shown: whose icon
+    columns<QString, QString, QString, QString>("pictured", "plain", "arch", "shown");
 
     const QString program = "bin/x64-win64/hdevelop.exe";
     const QString xl = "bin/x64-win64/hdevelopxl.exe";
@@ -76,8 +75,7 @@ void CardIconsTest::icon()
 
 void CardIconsTest::lateIconIsLikeAnyOther_data()
 {
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<QIcon::Mode>("mode");
+    columns<QSize, QIcon::Mode>("size", "mode");
 
     row("shown", QSize(64, 52), QIcon::Normal);
     row("larger", QSize(100, 100), QIcon::Normal);

@@ -24,8 +24,7 @@ private slots:
 
 void CardLaunchTest::hdevelopButtons_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("executable");
+    columns<QString, QString>("name", "executable");
 
     const QString plain = R"(C:\H\bin\x64-win64\hdevelop.exe)";
     const QString xl = R"(C:\H\bin\x64-win64\hdevelopxl.exe)";

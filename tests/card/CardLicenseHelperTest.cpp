@@ -53,7 +53,7 @@ void CardLicenseHelperTest::helperCopiesNothing()
 
 void CardLicenseHelperTest::helperFails_data()
 {
-    QTest::addColumn<bool>("dropped"); // and vanished
+    columns<bool>("dropped"); // and vanished
 
     row("chosen file", false);
     row("dropped file", true);

@@ -60,7 +60,7 @@ void CardLicenseTest::dialog()
 
 void CardLicenseTest::notAccepted_data()
 {
-    QTest::addColumn<bool>("byKey");
+    columns<bool>("byKey");
 
     row("Cancel", false);
     row("Escape", true);
@@ -89,7 +89,7 @@ void CardLicenseTest::notAccepted()
 
 void CardLicenseTest::chosenFile_data()
 {
-    QTest::addColumn<QString>("name");
+    columns<QString>("name");
 
     row("plain", "license_1234567.dat");
     row("spaces and signs", "R & D/100% %1 %2 & (x).dat");
@@ -127,7 +127,7 @@ void CardLicenseTest::existingFileIsOverwritten()
 
 void CardLicenseTest::existingFileIsKept_data()
 {
-    QTest::addColumn<QMessageBox::StandardButton>("answer");
+    columns<QMessageBox::StandardButton>("answer");
 
     row("Cancel", QMessageBox::Cancel);
     row("Escape", QMessageBox::NoButton);
@@ -148,7 +148,7 @@ void CardLicenseTest::existingFileIsKept()
 
 void CardLicenseTest::droppedFile_data()
 {
-    QTest::addColumn<bool>("stays");
+    columns<bool>("stays");
 
     row("still there", true);
     row("vanished after the drop", false);

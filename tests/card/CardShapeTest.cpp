@@ -3,6 +3,7 @@
 #include "card/CardIcons.h"
 #include "card/SingleHalconVersionFrame.h"
 #include "tests/card/CardMachine.h"
+#include "tests/support/Rows.h"
 
 #include <QScreen>
 #include <QScrollArea>
@@ -64,9 +65,7 @@ void CardShapeTest::initTestCase()
 
 void CardShapeTest::nothingIsSqueezed_data()
 {
-    QTest::addColumn<int>("cards");
-    QTest::addColumn<QSize>("screen");
-    QTest::addColumn<int>("letters");
+    columns<int, QSize, int>("cards", "screen", "letters");
 
     constexpr int usual = 11;
     constexpr int large = 14; // for lines of 16 pixels, the tallest of Windows' own font at 9 points

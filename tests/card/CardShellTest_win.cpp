@@ -43,9 +43,7 @@ void CardShellTest::initTestCase()
 
 void CardShellTest::shell_data()
 {
-    QTest::addColumn<QString>("arch");
-    QTest::addColumn<int>("clicked");
-    QTest::addColumn<bool>("twice");
+    columns<QString, int, bool>("arch", "clicked", "twice");
 
     row("button, first row without a click", "x64-win64", -1, false);
     row("button, second row", "x64-win64", 1, false);

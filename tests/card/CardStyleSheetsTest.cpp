@@ -14,8 +14,7 @@ private slots:
 
 void CardStyleSheetsTest::colour_data()
 {
-    QTest::addColumn<int>("major");
-    QTest::addColumn<QString>("colour");
+    columns<int, QString>("major", "colour");
 
     row("6", 6, "#ffebbd");
     row("7", 7, "#ffebbd");
@@ -52,8 +51,7 @@ void CardStyleSheetsTest::card()
 
 void CardStyleSheetsTest::badge_data()
 {
-    QTest::addColumn<QString>("styleSheet");
-    QTest::addColumn<QString>("expected");
+    columns<QString, QString>("styleSheet", "expected");
 
     const QString properties = "background-color: #CC%1; border: 1px solid #FF%1; color: white; font: bold; "
                                "margin: 5px; padding: 1px 3px; ";

@@ -122,8 +122,8 @@ void CardSwitchRunTest::initTestCase()
 
 void CardSwitchRunTest::confirmed_data()
 {
-    QTest::addColumn<QStringList>("clicked");
-    QTest::addColumn<QStringList>("libraries"); // to register; both boxes are ticked at first
+    // libraries: to register; both boxes are ticked at first
+    columns<QStringList, QStringList>("clicked", "libraries");
 
     row("as they are at first", QStringList(), halconCom + engineCom);
     row("without HALCON COM", QStringList{"cbRegCom"}, engineCom);

@@ -96,7 +96,7 @@ void CardSwitchTest::confirmed()
 
 void CardSwitchTest::notConfirmed_data()
 {
-    QTest::addColumn<QMessageBox::StandardButton>("answer");
+    columns<QMessageBox::StandardButton>("answer");
 
     row("Cancel", QMessageBox::Cancel);
     row("Escape", QMessageBox::NoButton);
@@ -119,8 +119,8 @@ void CardSwitchTest::notConfirmed()
 
 void CardSwitchTest::checkBoxes_data()
 {
-    QTest::addColumn<QStringList>("clicked");
-    QTest::addColumn<QString>("asked"); // after the variables
+    // asked: after the variables
+    columns<QStringList, QString>("clicked", "asked");
 
     row("as they are at first", QStringList(), "--x64");
     row("without HALCON COM", QStringList{"cbRegCom"}, "--x64");
@@ -154,9 +154,8 @@ void CardSwitchTest::checkBoxes()
 
 void CardSwitchTest::failure_data()
 {
-    QTest::addColumn<int>("exitCode");
-    QTest::addColumn<bool>("broadcastSucceeds");
-    QTest::addColumn<QStringList>("said"); // in the second run, after the plan
+    // said: in the second run, after the plan
+    columns<int, bool, QStringList>("exitCode", "broadcastSucceeds", "said");
 
     const QString broadcast = "broadcast environment updated message (WM_SETTINGCHANGE)";
     const QString failed = "helper process returned with value %1. This indicates an error in the execution!";

@@ -49,7 +49,7 @@ void CardTest::styleSheets()
 
 void CardTest::icons_data()
 {
-    QTest::addColumn<QString>("picture");
+    columns<QString>("picture");
 
     row("pbHelp", ":/help.png");
     row("pbPerm", ":/permanent.png");
@@ -113,9 +113,7 @@ void CardTest::bigNumberFont()
 
 void CardTest::comBox_data()
 {
-    QTest::addColumn<QString>("box");
-    QTest::addColumn<QString>("otherBox");
-    QTest::addColumn<int>("button");
+    columns<QString, QString, int>("box", "otherBox", "button");
 
     row("pbUac", "cbRegCom", "cbRegComEngine", int(Qt::LeftButton));
     row("pbUaCEngine", "cbRegComEngine", "cbRegCom", int(Qt::LeftButton));

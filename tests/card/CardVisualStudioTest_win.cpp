@@ -52,8 +52,7 @@ private:
 
 void CardVisualStudioTest::rows_data()
 {
-    QTest::addColumn<QString>("arch");
-    QTest::addColumn<QStringList>("texts");
+    columns<QString, QStringList>("arch", "texts");
 
     const QStringList rows32{"Visual Studio 14.0 (Professional) (x86)",
                              "Visual Studio 12.0 (Professional) (x86)",
@@ -106,8 +105,7 @@ void CardVisualStudioTest::clickSeesWhatIsOnDiskNow()
 
 void CardVisualStudioTest::rowNumbers_data()
 {
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("state");
+    columns<int, QString>("number", "state");
 
     row("none", -1, "row 0: shell");
     row("first, with an IDE", 0, "row 0: shell, IDE");

@@ -12,9 +12,7 @@ private slots:
 
 void DetailsHtmlTest::directories_data()
 {
-    QTest::addColumn<bool>("installDirExists");
-    QTest::addColumn<bool>("exampleRootExists");
-    QTest::addColumn<QString>("html");
+    columns<bool, bool, QString>("installDirExists", "exampleRootExists", "html");
 
     const QString head = "<b>Details:</b><br>Version: <b>20.11.1 Progress</b><br>InstallDir: ";
     const QString link =

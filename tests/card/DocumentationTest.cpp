@@ -121,9 +121,7 @@ void DocumentationTest::noInstallation()
 
 void DocumentationTest::pdf_data()
 {
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("place");
-    QTest::addColumn<QStringList>("warnings");
+    columns<QString, QString, QStringList>("file", "place", "warnings");
 
     const QStringList none;
     row("known", "manuals/quick_guide.pdf", "Manuals > Quick Guide", none);
@@ -162,9 +160,7 @@ void DocumentationTest::pdf()
 
 void DocumentationTest::releaseNotes_data()
 {
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<bool>("bold");
-    QTest::addColumn<QString>("baseName");
+    columns<QString, bool, QString>("title", "bold", "baseName");
 
     row("release_notes.html", "Release Notes", true, "release_notes");
     row("release_notes_20_11.html", "Release Notes 20.11", false, "release_notes_20_11");
@@ -202,9 +198,7 @@ void DocumentationTest::releaseNotes()
 
 void DocumentationTest::selection_data()
 {
-    QTest::addColumn<QStringList>("files");
-    QTest::addColumn<QStringList>("lines");
-    QTest::addColumn<QStringList>("warnings");
+    columns<QStringList, QStringList, QStringList>("files", "lines", "warnings");
 
     const QStringList none;
     row("no documentation", QStringList{"bin/x64-win64/hdevelop.exe"}, none, none);
@@ -253,7 +247,7 @@ void DocumentationTest::selection()
 
 void DocumentationTest::namesOfTheInstallation_data()
 {
-    QTest::addColumn<QString>("name");
+    columns<QString>("name");
 
     row("spaces", "Program Files/HALCON 20.11");
     row("parentheses", "Program Files (x86)/HALCON");

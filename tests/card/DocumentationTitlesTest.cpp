@@ -19,7 +19,7 @@ private slots:
 
 void DocumentationTitlesTest::directory_data()
 {
-    QTest::addColumn<QString>("title");
+    columns<QString>("title");
 
     row("manuals", "Manuals");
     row("reference", "Reference");
@@ -35,7 +35,7 @@ void DocumentationTitlesTest::directory()
 
 void DocumentationTitlesTest::file_data()
 {
-    QTest::addColumn<QString>("title");
+    columns<QString>("title");
 
     row("extension_package_programmers_manual", "Extension Package Interface Programmer's Manual");
     row("gray_value_interpolation", "Gray Value Interpolation");
@@ -64,7 +64,7 @@ void DocumentationTitlesTest::file()
 
 void DocumentationTitlesTest::unknown_data()
 {
-    QTest::addColumn<QString>("quotedName");
+    columns<QString>("quotedName");
 
     for (const char *name :
          {"examples", "reference_c", "release_notes", "Manuals", "SOLUTION_GUIDE", "Quick_Guide",

@@ -67,8 +67,7 @@ private:
 
 void HelpMenuTest::contents_data()
 {
-    QTest::addColumn<QStringList>("files");
-    QTest::addColumn<QString>("lines");
+    columns<QStringList, QString>("files", "lines");
 
     const QString notes = "Release Notes >";
     row("no documentation", QStringList(), notes);

@@ -71,10 +71,7 @@ private slots:
 
 void LaunchConversationTest::started_data()
 {
-    QTest::addColumn<Tool>("tool");
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("executable");
-    QTest::addColumn<QString>("arguments");
+    columns<Tool, int, QString, QString>("tool", "index", "executable", "arguments");
 
     row("HDevelop", Tool::HDevelop, 0, R"(C:\H\bin\x64-win64\hdevelop.exe)", "");
     row("HDevelop XL", Tool::HDevelopXL, 0, R"(C:\H\bin\x64-win64\hdevelopxl.exe)", "");
@@ -103,8 +100,7 @@ void LaunchConversationTest::started()
 
 void LaunchConversationTest::notStarted_data()
 {
-    QTest::addColumn<Tool>("tool");
-    QTest::addColumn<QString>("heading");
+    columns<Tool, QString>("tool", "heading");
 
     row("HDevelop", Tool::HDevelop, "There were errors when launching HDevelop 20.11.1.3 (x64-win64):");
     row("HDevelop XL", Tool::HDevelopXL, "There were errors when launching HDevelop 20.11.1.3 (x64-win64):");
@@ -131,9 +127,7 @@ void LaunchConversationTest::notStarted()
 
 void LaunchConversationTest::noSuchRow_data()
 {
-    QTest::addColumn<Tool>("tool");
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("text");
+    columns<Tool, int, QString>("tool", "index", "text");
 
     row("shell, none", Tool::Shell, -1, noRowForShell);
     row("shell, as many as there are", Tool::Shell, 2, noRowForShell);
@@ -158,7 +152,7 @@ void LaunchConversationTest::noSuchRow()
 
 void LaunchConversationTest::noVisualStudio_data()
 {
-    QTest::addColumn<Tool>("tool");
+    columns<Tool>("tool");
 
     row("shell", Tool::Shell);
     row("IDE", Tool::Ide);
@@ -181,9 +175,7 @@ void LaunchConversationTest::noVisualStudio()
 
 void LaunchConversationTest::translated_data()
 {
-    QTest::addColumn<Tool>("tool");
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("begin");
+    columns<Tool, int, QString>("tool", "index", "begin");
 
     row("HDevelop", Tool::HDevelop, 0, "[There were errors when launching HDevelop ");
     row("shell", Tool::Shell, 0, "[There were errors in launching a CMD shell for HALCON ");

@@ -13,10 +13,7 @@ private slots:
 
 void VersionTextsTest::major_data()
 {
-    QTest::addColumn<int>("major");
-    QTest::addColumn<int>("minor");
-    QTest::addColumn<QString>("suffix");
-    QTest::addColumn<QString>("text");
+    columns<int, int, QString, QString>("major", "minor", "suffix", "text");
 
     row("old", 12, 0, "", "12");
     row("old Progress", 13, 0, "Progress", "13.0");
@@ -41,8 +38,7 @@ void VersionTextsTest::major()
 
 void VersionTextsTest::badge_data()
 {
-    QTest::addColumn<QString>("arch");
-    QTest::addColumn<QString>("text");
+    columns<QString, QString>("arch", "text");
 
     row("64-bit", "x64-win64", "x64");
     row("SSE2", "x86sse2-win32", "x86sse2");

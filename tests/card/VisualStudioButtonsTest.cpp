@@ -16,10 +16,7 @@ private slots:
 
 void VisualStudioButtonsTest::shown_data()
 {
-    QTest::addColumn<QString>("architecture");
-    QTest::addColumn<QString>("ide");
-    QTest::addColumn<bool>("shellIsShown");
-    QTest::addColumn<bool>("ideIsShown");
+    columns<QString, QString, bool, bool>("architecture", "ide", "shellIsShown", "ideIsShown");
 
     row("both", "amd64", "devenv.exe", true, true);
     row("no build environment", "", "devenv.exe", false, true);

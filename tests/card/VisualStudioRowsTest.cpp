@@ -27,8 +27,7 @@ private slots:
 
 void VisualStudioRowsTest::ofAnArchitecture_data()
 {
-    QTest::addColumn<QString>("arch");
-    QTest::addColumn<QString>("editions");
+    columns<QString, QString>("arch", "editions");
 
     row("64-bit", "x64-win64", "bd");
     row("32-bit", "x86-win32", "ae");

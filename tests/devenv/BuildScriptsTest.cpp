@@ -32,9 +32,8 @@ void BuildScriptsTest::init()
 
 void BuildScriptsTest::bothAreLookedForBeforeTheReports_data()
 {
-    QTest::addColumn<bool>("before"); // whether the 32-bit script exists before the first report
-    QTest::addColumn<QString>("report");
-    QTest::addColumn<QStringList>("names");
+    // before: whether the 32-bit script exists before the first report
+    columns<bool, QString, QStringList>("before", "report", "names");
 
     row("goes with the first report", true, "32.bat found",
         QStringList{"Visual Studio 14.0 (A) (amd64)", "Visual Studio 14.0 (A) (x86)",

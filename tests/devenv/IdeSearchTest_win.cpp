@@ -49,11 +49,10 @@ private slots:
 
 void IdeSearchTest::candidates_data()
 {
-    QTest::addColumn<bool>("express");
-    QTest::addColumn<QStringList>("installed");
-    QTest::addColumn<QString>("ide");         // empty when none is found
-    QTest::addColumn<QStringList>("missing"); // those that are tried before
-    const auto row = ::row<bool, QStringList, QString, QStringList>;
+    // ide: empty when none is found
+    // missing: those that are tried before
+    const auto row =
+        columns<bool, QStringList, QString, QStringList>("express", "installed", "ide", "missing");
 
     const QStringList none;
     row("devenv", false, {"devenv.exe"}, "devenv", none);
@@ -141,7 +140,7 @@ void IdeSearchTest::otherFieldsStay()
 
 void IdeSearchTest::spellingsOfTheDirectory_data()
 {
-    QTest::addColumn<QString>("pattern"); // %1 is the directory above the product's
+    columns<QString>("pattern"); // %1 is the directory above the product's
     row("backslashes", "%1\\VS");
     row("trailing backslash", "%1\\VS\\");
     row("up and down again", "%1\\VC\\..\\VS");

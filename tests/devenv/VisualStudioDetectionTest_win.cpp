@@ -36,8 +36,7 @@ void VisualStudioDetectionTest::noVisualStudio()
 
 void VisualStudioDetectionTest::everyRoot_data()
 {
-    QTest::addColumn<QString>("root");
-    QTest::addColumn<bool>("express");
+    columns<QString, bool>("root", "express");
 
     row("32-bit view", Roots::studio32, false);
     row("64-bit view", Roots::studio64, false);

@@ -63,8 +63,7 @@ void VisualStudioRegistryTest::missingRoot()
 
 void VisualStudioRegistryTest::scripts_data()
 {
-    QTest::addColumn<bool>("has64");
-    QTest::addColumn<bool>("has32");
+    columns<bool, bool>("has64", "has32");
 
     row("both", true, true);
     row("64-bit only", true, false);
@@ -137,8 +136,7 @@ void VisualStudioRegistryTest::severalEditions()
 
 void VisualStudioRegistryTest::versionNames_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("counts");
+    columns<QString, bool>("name", "counts");
 
     row("two numbers", "14.0", true);
     row("configuration", "14.0_Config", true);
@@ -180,8 +178,9 @@ void VisualStudioRegistryTest::keysThatDoNotCount()
 
 void VisualStudioRegistryTest::directoryNames_data()
 {
-    QTest::addColumn<QString>("name");      // as registered
-    QTest::addColumn<QString>("slashName"); // as the search for the IDE names it
+    // name: as registered
+    // slashName: as the search for the IDE names it
+    columns<QString, QString>("name", "slashName");
 
     row("non-ASCII", "Pr\u00fcfung \u691c\u67fb", "Pr\u00fcfung \u691c\u67fb");
     row("trailing backslash", "VS 14.0\\", "VS 14.0");
@@ -271,8 +270,7 @@ void VisualStudioRegistryTest::expressProduct()
 
 void VisualStudioRegistryTest::expressDirectory_data()
 {
-    QTest::addColumn<QString>("registered");
-    QTest::addColumn<QString>("productDir");
+    columns<QString, QString>("registered", "productDir");
 
     // Its parent would be the root of the drive.
     row("empty", "", "");

@@ -38,10 +38,7 @@ private slots:
 
 void VisualStudioVersionTest::displayName_data()
 {
-    QTest::addColumn<QString>("version");
-    QTest::addColumn<QString>("edition");
-    QTest::addColumn<QString>("architecture");
-    QTest::addColumn<QString>("expected");
+    columns<QString, QString, QString, QString>("version", "edition", "architecture", "expected");
 
     row("64-bit", "14.0", "Professional", "amd64", "Visual Studio 14.0 (Professional) (amd64)");
     row("32-bit Express", "12.0", "Express Edition", "x86", "Visual Studio 12.0 (Express Edition) (x86)");
@@ -61,9 +58,7 @@ void VisualStudioVersionTest::displayName()
 
 void VisualStudioVersionTest::matchesArchitecture_data()
 {
-    QTest::addColumn<QString>("architecture");
-    QTest::addColumn<QString>("halconArch");
-    QTest::addColumn<bool>("expected");
+    columns<QString, QString, bool>("architecture", "halconArch", "expected");
 
     row("x86 for 32-bit", "x86", "x86-win32", true);
     row("x86 for 64-bit", "x86", "x64-win64", false);
@@ -85,9 +80,7 @@ void VisualStudioVersionTest::matchesArchitecture()
 
 void VisualStudioVersionTest::order_data()
 {
-    QTest::addColumn<QList<VisualStudioVersion>>("versions");
-    QTest::addColumn<QStringList>("expected");
-    const auto row = ::row<QList<VisualStudioVersion>, QStringList>;
+    const auto row = columns<QList<VisualStudioVersion>, QStringList>("versions", "expected");
 
     using List = QList<VisualStudioVersion>;
     row("none", List(), {});

@@ -49,11 +49,7 @@ ReportedStudio VswhereDetectionTest::install(const VisualStudioMachine &machine,
 
 void VswhereDetectionTest::filesOfAnInstallation_data()
 {
-    QTest::addColumn<bool>("ide");
-    QTest::addColumn<bool>("script64");
-    QTest::addColumn<bool>("script32");
-    QTest::addColumn<QStringList>("architectures");
-    const auto row = ::row<bool, bool, bool, QStringList>;
+    const auto row = columns<bool, bool, bool, QStringList>("ide", "script64", "script32", "architectures");
 
     row("all", true, true, true, {"amd64", "x86", ""});
     row("64-bit script only", true, true, false, {"amd64", ""});

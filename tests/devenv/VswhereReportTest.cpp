@@ -91,7 +91,7 @@ catalog_productSemanticVersion: 16.11.20+32929.386
 
 void VswhereReportTest::anyOrderOfLines_data()
 {
-    QTest::addColumn<QStringList>("order");
+    columns<QStringList>("order");
 
     QStringList order{"displayName", "installationPath", "installationVersion"};
     do {
@@ -124,8 +124,7 @@ void VswhereReportTest::anyOrderOfLines()
 
 void VswhereReportTest::blocks_data()
 {
-    QTest::addColumn<QByteArray>("report");
-    QTest::addColumn<QStringList>("expected");
+    columns<QByteArray, QStringList>("report", "expected");
 
     const auto row = [](const char *name, const QByteArray &report, const VswhereReport &expected) {
         ::row(name, report, description(expected));
@@ -221,8 +220,8 @@ void VswhereReportTest::blocks()
 
 void VswhereReportTest::keys_data()
 {
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("line"); // must not be taken for the key's line
+    // line: must not be taken for the key's line
+    columns<QString, QString>("key", "line");
 
     const QMap<QString, QString> values{
         {"installationPath", "C:\\A"}, {"displayName", "A"}, {"installationVersion", "17.4"}};
@@ -255,11 +254,9 @@ void VswhereReportTest::keys()
 
 void VswhereReportTest::values_data()
 {
-    QTest::addColumn<QByteArray>("path"); // as after the colons
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<QString>("readPath");
-    QTest::addColumn<QString>("readName");
-    const auto row = ::row<QByteArray, QByteArray, QString, QString>;
+    // path: as after the colons
+    const auto row =
+        columns<QByteArray, QByteArray, QString, QString>("path", "name", "readPath", "readName");
 
     row("no space after the colon", "C:\\A", "A", "C:\\A", "A");
     row("white space around", " \t C:\\A \t ", "   A\v\f ", "C:\\A", "A");
@@ -280,9 +277,9 @@ void VswhereReportTest::values()
 
 void VswhereReportTest::versionNumbers_data()
 {
-    QTest::addColumn<QByteArray>("text");     // as after the colon
-    QTest::addColumn<QString>("readVersion"); // empty when it is not a version
-    const auto row = ::row<QByteArray, QString>;
+    // text: as after the colon
+    // readVersion: empty when it is not a version
+    const auto row = columns<QByteArray, QString>("text", "readVersion");
 
     row("four numbers", " 17.4.33205.214", "17.4");
     row("two digits after the point", " 16.11.32929.386", "16.11");

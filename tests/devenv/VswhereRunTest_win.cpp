@@ -97,7 +97,7 @@ void VswhereRunTest::arguments()
 
 void VswhereRunTest::reportCounts_data()
 {
-    QTest::addColumn<VswhereConduct>("conduct");
+    columns<VswhereConduct>("conduct");
 
     const QByteArray report = community.block() + buildTools.block();
     row("carriage returns and a byte order mark",
@@ -133,7 +133,7 @@ void VswhereRunTest::longReport()
 
 void VswhereRunTest::nothingReported_data()
 {
-    QTest::addColumn<VswhereConduct>("conduct");
+    columns<VswhereConduct>("conduct");
 
     VswhereConduct silent;
     silent.exitCode = 87;
@@ -156,7 +156,7 @@ void VswhereRunTest::limit()
 
 void VswhereRunTest::neverEnds_data()
 {
-    QTest::addColumn<VswhereConduct>("conduct");
+    columns<VswhereConduct>("conduct");
 
     VswhereConduct conduct{community.block(), {}};
     conduct.linger = tooLong;
@@ -183,8 +183,8 @@ void VswhereRunTest::neverEnds()
 
 void VswhereRunTest::cannotBeStarted_data()
 {
-    QTest::addColumn<QByteArray>("content"); // null for a directory
-    const auto row = ::row<QByteArray>;
+    // null for a directory
+    const auto row = columns<QByteArray>("content");
 
     row("text file with a report", community.block());
     row("directory", {});

@@ -64,12 +64,7 @@ void HalconInstallationTest::freshRecord()
 
 void HalconInstallationTest::versionText_data()
 {
-    QTest::addColumn<int>("major");
-    QTest::addColumn<int>("minor");
-    QTest::addColumn<int>("revision");
-    QTest::addColumn<int>("build");
-    QTest::addColumn<QString>("suffix");
-    QTest::addColumn<QString>("text");
+    columns<int, int, int, int, QString, QString>("major", "minor", "revision", "build", "suffix", "text");
 
     row("unknown revision and build", 20, 11, -1, -1, "Progress", "20.11 Progress");
     row("no suffix", 18, 11, 2, 0, "", "18.11.2");
@@ -103,8 +98,7 @@ void HalconInstallationTest::versionText()
 
 void HalconInstallationTest::archRank_data()
 {
-    QTest::addColumn<QString>("arch");
-    QTest::addColumn<int>("rank");
+    columns<QString, int>("arch", "rank");
 
     row("64-bit", x64, 3);
     row("SSE2", sse2, 2);
@@ -122,8 +116,7 @@ void HalconInstallationTest::archRank()
 
 void HalconInstallationTest::ordering_data()
 {
-    QTest::addColumn<QStringList>("found");
-    QTest::addColumn<QStringList>("expected");
+    columns<QStringList, QStringList>("found", "expected");
 
     using List = QStringList;
     row("none", List(), List());

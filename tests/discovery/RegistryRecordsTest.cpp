@@ -50,8 +50,7 @@ private slots:
 
 void RegistryRecordsTest::componentValue_data()
 {
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<bool>("installed");
+    columns<QVariant, bool>("value", "installed");
 
     row("number 1", dword(1), true);
     row("64-bit number 1", qword(1), true);
@@ -101,8 +100,7 @@ void RegistryRecordsTest::componentsBelow()
 
 void RegistryRecordsTest::numbers_data()
 {
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<int>("expected");
+    columns<QVariant, int>("value", "expected");
 
     constexpr int greatest = std::numeric_limits<int>::max();
     row("number", dword(3), 3);
@@ -137,8 +135,7 @@ void RegistryRecordsTest::numbers()
 
 void RegistryRecordsTest::directories_data()
 {
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QString>("expected");
+    columns<QVariant, QString>("value", "expected");
 
     for (const char *text : {"C:\\Program Files\\HALCON\\", "C:/HALCON", "\\\\server\\share", "\"quoted\"",
                              "%ProgramFiles%", "Prüfung 検査", ""}) {
@@ -179,8 +176,7 @@ void RegistryRecordsTest::withoutRuntime()
 
 void RegistryRecordsTest::installLocation_data()
 {
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QString>("expected");
+    columns<QVariant, QString>("value", "expected");
 
     row<QVariant, QString>("plain", "C:\\Program Files\\MVTec", "C:\\Program Files\\MVTec");
     row<QVariant, QString>("quoted", "\"C:\\Program Files\\MVTec\\\"", "C:\\Program Files\\MVTec\\");

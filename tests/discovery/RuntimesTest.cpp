@@ -18,9 +18,7 @@ private slots:
 
 void RuntimesTest::runtimes_data()
 {
-    QTest::addColumn<QStringList>("components");
-    QTest::addColumn<QStringList>("architectures");
-    QTest::addColumn<QStringList>("logLines");
+    columns<QStringList, QStringList, QStringList>("components", "architectures", "logLines");
 
     using List = QStringList;
     row("32-bit", List{"RuntimeX86"}, List{"x86-win32"}, List{"hasX86"});
@@ -52,10 +50,8 @@ void RuntimesTest::runtimes()
 
 void RuntimesTest::componentsPerArchitecture_data()
 {
-    QTest::addColumn<QStringList>("others"); // beside the three runtimes
-    QTest::addColumn<QStringList>("of32Bit");
-    QTest::addColumn<QStringList>("ofSse2");
-    QTest::addColumn<QStringList>("of64Bit");
+    // others: beside the three runtimes
+    columns<QStringList, QStringList, QStringList, QStringList>("others", "of32Bit", "ofSse2", "of64Bit");
 
     using List = QStringList;
     const List inside{"Documentation", "X64Tool", "SSE2Tool", "X86Tool"};

@@ -29,7 +29,7 @@ void UninstallKeysTest::missingKey()
 
 void UninstallKeysTest::wholeKey_data()
 {
-    QTest::addColumn<QString>("key");
+    columns<QString>("key");
 
     row("of the user", Keys::uninstallOfUser);
     row("of the machine", Keys::uninstallOfMachine);

@@ -35,8 +35,7 @@ private slots:
 
 void VersionNamesTest::productKeyName_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("expected");
+    columns<QString, QString>("name", "expected");
 
     row("hyphen and suffix", "20.11-Progress", "20 | 11 | Progress");
     row("numbers only", "13.0", "13 | 0 | ");
@@ -76,8 +75,7 @@ void VersionNamesTest::productKeyName()
 
 void VersionNamesTest::uninstallKeyName_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("expected");
+    columns<QString, QString>("name", "expected");
 
     row("space and suffix", "MVTec HALCON 20.11 Progress", "20 | 11 | Progress");
     row("hyphen and suffix", "MVTec HALCON 20.11-Progress", "20 | 11 | Progress");

@@ -170,8 +170,7 @@ void CommandShellRunTest::run(const QStringList &lines)
 
 void CommandShellRunTest::colourTellsArchitecture_data()
 {
-    QTest::addColumn<QString>("arch");
-    QTest::addColumn<int>("colour");
+    columns<QString, int>("arch", "colour");
 
     constexpr int intense = 8;
     row("64-bit: red", "x64-win64", (4 | intense));
@@ -202,7 +201,7 @@ void CommandShellRunTest::colourTellsArchitecture()
 
 void CommandShellRunTest::nameOfDirectory_data()
 {
-    QTest::addColumn<QString>("name");
+    columns<QString>("name");
 
     row("spaces, parentheses, ampersands", "HALCON (x64)  Black & White&Co");
     row("percent signs", "100% %NO SUCH NAME% HALCON");
@@ -227,7 +226,7 @@ void CommandShellRunTest::nameOfDirectory()
 
 void CommandShellRunTest::nameOfScript_data()
 {
-    QTest::addColumn<QString>("name");
+    columns<QString>("name");
 
     row("spaces, parentheses, ampersands", "Program Files (x86)/Black & White&Co/vc & vars(64).bat");
     row("percent sign, caret, apostrophe, exclamation marks", "100% V^C it's !PATH!/vc^vars.bat");
@@ -248,8 +247,7 @@ void CommandShellRunTest::nameOfScript()
 
 void CommandShellRunTest::editionInBanner_data()
 {
-    QTest::addColumn<QString>("edition");
-    QTest::addColumn<QString>("shown");
+    columns<QString, QString>("edition", "shown");
 
     row("signs that stay", "Developer's (2022) 100% free a!PATH!", "Developer's (2022) 100% free a!PATH!");
     row("not ASCII", "Größe 寸法 Размер 😀", "Größe 寸法 Размер 😀");
@@ -269,7 +267,7 @@ void CommandShellRunTest::editionInBanner()
 
 void CommandShellRunTest::nothingThere_data()
 {
-    QTest::addColumn<QString>("script");
+    columns<QString>("script");
 
     row("missing script", "C:\\missing\\vcvars.bat");
     row("no script", "");

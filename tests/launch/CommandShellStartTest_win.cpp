@@ -43,7 +43,7 @@ private:
 
 void CommandShellStartTest::started_data()
 {
-    QTest::addColumn<QString>("name");
+    columns<QString>("name");
 
     row("another name", "a shell/shell & (co).exe");
     row("8-bit letters", "Größe/cmdé.exe");
@@ -78,8 +78,7 @@ void CommandShellStartTest::started()
 
 void CommandShellStartTest::failure_data()
 {
-    QTest::addColumn<QString>("interpreter");
-    QTest::addColumn<quint32>("code");
+    columns<QString, quint32>("interpreter", "code");
 
     constexpr quint32 pathNotFound = 3;
     row("no ComSpec", "", pathNotFound);

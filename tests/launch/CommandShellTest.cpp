@@ -59,8 +59,7 @@ void CommandShellTest::wholeLine()
 
 void CommandShellTest::colourTellsArchitecture_data()
 {
-    QTest::addColumn<QString>("arch");
-    QTest::addColumn<QString>("colour");
+    columns<QString, QString>("arch", "colour");
 
     row("64-bit", "x64-win64", "--fgred");
     row("SSE2", "x86sse2-win32", "--fggreen");
@@ -81,7 +80,7 @@ void CommandShellTest::colourTellsArchitecture()
 
 void CommandShellTest::namesOfFiles_data()
 {
-    QTest::addColumn<QString>("name");
+    columns<QString>("name");
 
     row("spaces and parentheses", "C:\\Program Files (x86)\\a");
     row("signs that mean something to a shell", "C:\\Black & White ^ 100% %PATH% %1 it's");
@@ -102,11 +101,7 @@ void CommandShellTest::namesOfFiles()
 
 void CommandShellTest::bannerTexts_data()
 {
-    QTest::addColumn<QString>("suffix");
-    QTest::addColumn<QString>("ideName");
-    QTest::addColumn<QString>("edition");
-    QTest::addColumn<QString>("halcon");
-    QTest::addColumn<QString>("studio");
+    columns<QString, QString, QString, QString, QString>("suffix", "ideName", "edition", "halcon", "studio");
 
     row("edition of HALCON", "Progress", "devenv", "Professional", "20.11.1.3 Progress (x64-win64)",
         "Visual Studio 14.0 (Professional) (amd64)");

@@ -95,7 +95,7 @@ private slots:
 
 void CreateProcessCallTest::everyArgument_data()
 {
-    QTest::addColumn<QString>("arguments");
+    columns<QString>("arguments");
 
     row("empty, not the executable's name", "");
     row("one", "--halconversion=13.0");

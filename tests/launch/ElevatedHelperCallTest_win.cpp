@@ -58,13 +58,9 @@ private slots:
 
 void ElevatedHelperCallTest::call_data()
 {
-    QTest::addColumn<QString>("arguments");
-    QTest::addColumn<bool>("show");
-    QTest::addColumn<bool>("wait");
-    QTest::addColumn<bool>("started"); // without a process
-    QTest::addColumn<int>("result");
-    QTest::addColumn<QString>("parameters");
-    QTest::addColumn<int>("showCommand");
+    // started: without a process
+    columns<QString, bool, bool, bool, int, QString, int>("arguments", "show", "wait", "started", "result",
+                                                          "parameters", "showCommand");
 
     row("declined, waiting", "--x64 \"a b\"", true, true, false, -1, "\"--x64 \"a b\"\"", 5);
     row("declined, without waiting", "--x64", false, false, false, -1, "\"--x64\"", 0);

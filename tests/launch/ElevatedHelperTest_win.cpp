@@ -67,8 +67,7 @@ void ElevatedHelperTest::pathBesideTheProgram()
 
 void ElevatedHelperTest::exitCode_data()
 {
-    QTest::addColumn<quint32>("exitCode");
-    QTest::addColumn<int>("result");
+    columns<quint32, int>("exitCode", "result");
 
     row<quint32>("success", 0, 0);
     row<quint32>("failure", 3, 3);
@@ -91,8 +90,7 @@ void ElevatedHelperTest::exitCode()
 
 void ElevatedHelperTest::notStartable_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("wait");
+    columns<QString, bool>("name", "wait");
 
     row("missing", "missing/tool.exe", true);
     row("missing, not waited for", "missing/tool.exe", false);
@@ -134,7 +132,7 @@ void ElevatedHelperTest::withoutWaiting()
 
 void ElevatedHelperTest::argumentsAsTheyStand_data()
 {
-    QTest::addColumn<QString>("arguments");
+    columns<QString>("arguments");
 
     row("switch", R"(--env HALCONROOT="C:\Program Files\H" --env A="C:\x\" --x64 "C:\H\halconx.dll")");
     row("copy", R"(--copy="C:\H\license\a b.dat" "D:\my licences\a b.dat")");
@@ -160,7 +158,7 @@ void ElevatedHelperTest::argumentsAsTheyStand()
 
 void ElevatedHelperTest::executableInAnyDirectory_data()
 {
-    QTest::addColumn<QString>("name");
+    columns<QString>("name");
 
     row("spaces, ampersand and parentheses", "Black & White (x86)/my helper.exe");
     row("percent signs and carets", "100% %PATH% ^/helper.exe");

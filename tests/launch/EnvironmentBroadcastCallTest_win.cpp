@@ -60,8 +60,7 @@ private slots:
 
 void EnvironmentBroadcastCallTest::call_data()
 {
-    QTest::addColumn<int>("answered");
-    QTest::addColumn<bool>("expected");
+    columns<int, bool>("answered", "expected");
 
     row("failure", 0, false);
     row("success", 1, true);

@@ -43,7 +43,7 @@ void EnvironmentBroadcastTest::otherProcessesHearEveryCall()
 /// still answer gets the time to do so; one that is known to hang is skipped.
 void EnvironmentBroadcastTest::windowThatHangs_data()
 {
-    QTest::addColumn<bool>("known");
+    columns<bool>("known");
 
     row("just now", false);
     row("known to hang", true);

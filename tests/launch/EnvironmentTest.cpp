@@ -18,8 +18,7 @@ private slots:
 
 void EnvironmentTest::entries_data()
 {
-    QTest::addColumn<QStringList>("given");
-    QTest::addColumn<QStringList>("ordered");
+    columns<QStringList, QStringList>("given", "ordered");
 
     using List = QStringList;
     row("by name, whatever its case", List{"zz=1", "AAB=2", "Path=3", "aaa=4"},
@@ -43,9 +42,7 @@ void EnvironmentTest::entries()
 
 void EnvironmentTest::set_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<QStringList>("afterwards");
+    columns<QString, QString, QStringList>("name", "value", "afterwards");
 
     using List = QStringList;
     row("new", "A", "1", List{"=C:=C:\\", "A=1", "Path=C:\\W"});

@@ -17,10 +17,7 @@ private slots:
 
 void HDevelopLaunchTest::started_data()
 {
-    QTest::addColumn<QString>("installDir");
-    QTest::addColumn<QString>("arch");
-    QTest::addColumn<bool>("xl");
-    QTest::addColumn<QString>("executable");
+    columns<QString, QString, bool, QString>("installDir", "arch", "xl", "executable");
 
     row("64-bit", "C:\\H", "x64-win64", false, "C:\\H\\bin\\x64-win64\\hdevelop.exe");
     row("64-bit XL", "C:\\H", "x64-win64", true, "C:\\H\\bin\\x64-win64\\hdevelopxl.exe");

@@ -31,7 +31,7 @@ private:
 
 void IdeLaunchTest::started_data()
 {
-    QTest::addColumn<QString>("idePath");
+    columns<QString>("idePath");
 
     row("spaces are not quoted", "C:/Program Files (x86)/VS 14.0/Common7/IDE/devenv.exe");
     row("percent signs are no placeholders", "C:/%1 %PATH%/Common7/IDE/devenv.exe");

@@ -55,8 +55,7 @@ void MissingHelperTest::cleanup()
 
 void MissingHelperTest::reasonIsGiven_data()
 {
-    QTest::addColumn<QStringList>("files");
-    QTest::addColumn<QString>("given");
+    columns<QStringList, QString>("files", "given");
 
     row("no helper and nothing in its place", QStringList(), "");
     row("helper", QStringList{besideTheProgram.at(0)}, "");

@@ -19,12 +19,8 @@ private slots:
 
 void PermanentSwitchArgumentsTest::libraries_data()
 {
-    QTest::addColumn<QString>("arch");
-    QTest::addColumn<bool>("registerHalconCom");
-    QTest::addColumn<bool>("registerEngineCom");
-    QTest::addColumn<QStringList>("present");
-    QTest::addColumn<QString>("option");
-    QTest::addColumn<QStringList>("registered");
+    columns<QString, bool, bool, QStringList, QString, QStringList>(
+        "arch", "registerHalconCom", "registerEngineCom", "present", "option", "registered");
 
     using List = QStringList;
     const List halcon{"halconx.dll", "halconxxl.dll"};
@@ -73,10 +69,8 @@ void PermanentSwitchArgumentsTest::libraries()
 
 void PermanentSwitchArgumentsTest::variables_data()
 {
-    QTest::addColumn<QString>("installDir");
-    QTest::addColumn<QString>("arch");
-    QTest::addColumn<QString>("exampleRoot");
-    QTest::addColumn<QString>("arguments"); // end in a space, because nothing is registered
+    // arguments: end in a space, because nothing is registered
+    columns<QString, QString, QString, QString>("installDir", "arch", "exampleRoot", "arguments");
 
     row("no examples: their variables are emptied", R"(C:\H)", "x64-win64", "",
         R"(--env HALCONROOT="C:\H" --env HALCONARCH="x64-win64" --env HALCONIMAGES="" )"

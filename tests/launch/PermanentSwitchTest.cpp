@@ -76,10 +76,8 @@ void PermanentSwitchTest::dryRunDoesNothing()
 
 void PermanentSwitchTest::run_data()
 {
-    QTest::addColumn<int>("exitCode");
-    QTest::addColumn<bool>("broadcastSucceeds");
-    QTest::addColumn<bool>("succeeds");
-    QTest::addColumn<QStringList>("said"); // after the plan
+    // said: after the plan
+    columns<int, bool, bool, QStringList>("exitCode", "broadcastSucceeds", "succeeds", "said");
 
     const QString failed = "helper process returned with value %1. This indicates an error in the execution!";
     const QString broadcastFailed = "Error in broadcasting environment updated message: the window is gone";
@@ -124,9 +122,7 @@ void PermanentSwitchTest::runWithoutAList()
 
 void PermanentSwitchTest::planIsCarriedOut_data()
 {
-    QTest::addColumn<bool>("registerHalconCom");
-    QTest::addColumn<bool>("registerEngineCom");
-    QTest::addColumn<QStringList>("libraries");
+    columns<bool, bool, QStringList>("registerHalconCom", "registerEngineCom", "libraries");
 
     row("HALCON COM", true, false, QStringList{"halconx.dll"});
     row("engine COM", false, true, QStringList{"hdevenginex.dll"});

@@ -134,8 +134,7 @@ void PermanentSwitchTest::dryRunDoesNothing()
 
 void PermanentSwitchTest::run_data()
 {
-    QTest::addColumn<quint32>("exitCode");
-    QTest::addColumn<QStringList>("failure");
+    columns<quint32, QStringList>("exitCode", "failure");
 
     const auto line = [](const QString &value) {
         return QStringList{"helper process returned with value " + value +

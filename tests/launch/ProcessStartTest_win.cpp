@@ -33,7 +33,7 @@ private:
 
 void ProcessStartTest::commandLineIsTheArgumentsAlone_data()
 {
-    QTest::addColumn<QString>("arguments");
+    columns<QString>("arguments");
 
     row("quotes", "/K \"\"C:\\Program Files\\a.bat\" x64\" \"b\"");
     row("odd quote, backslashes", "a\"b \"C:\\a\\\\\" b\\");
@@ -69,7 +69,7 @@ void ProcessStartTest::commandLineIsTheArgumentsAlone()
 
 void ProcessStartTest::executableInAnyDirectory_data()
 {
-    QTest::addColumn<QString>("name");
+    columns<QString>("name");
 
     row("parentheses and ampersand", "Program Files (x86)/Black & White/h develop.exe");
     row("percent signs, caret and apostrophe", "100% %PATH% ^ it's/tool.exe");
@@ -97,8 +97,7 @@ void ProcessStartTest::executableInAnyDirectory()
 
 void ProcessStartTest::failure_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<quint32>("code");
+    columns<QString, quint32>("name", "code");
 
     row("missing executable", "missing.exe", WindowsError::fileNotFound);
     row("no executable", "text.exe", WindowsError::badExeFormat);

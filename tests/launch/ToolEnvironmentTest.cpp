@@ -33,10 +33,7 @@ private slots:
 
 void ToolEnvironmentTest::overrides_data()
 {
-    QTest::addColumn<QString>("installDir");
-    QTest::addColumn<QString>("exampleRoot");
-    QTest::addColumn<QString>("arch");
-    QTest::addColumn<Variables>("variables");
+    columns<QString, QString, QString, Variables>("installDir", "exampleRoot", "arch", "variables");
 
     row("with examples", "C:\\H", "C:\\E", "x64-win64",
         Variables{{"HALCONARCH", "x64-win64"},
@@ -71,7 +68,7 @@ void ToolEnvironmentTest::overrides()
 
 void ToolEnvironmentTest::directoryInFrontOfThePath_data()
 {
-    QTest::addColumn<QByteArray>("path");
+    columns<QByteArray>("path");
 
     row<QByteArray>("several directories", "C:\\W;C:\\W\\System32;");
     row<QByteArray>("already there", "C:\\H\\bin\\x64-win64;C:\\W;C:\\H\\bin\\x64-win64");

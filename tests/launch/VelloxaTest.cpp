@@ -45,9 +45,8 @@ void VelloxaTest::init()
 
 void VelloxaTest::buildThatFits_data()
 {
-    QTest::addColumn<QStringList>("installed");
-    QTest::addColumn<QString>("arch");
-    QTest::addColumn<QString>("program"); // empty: none is started
+    // program: empty: none is started
+    columns<QStringList, QString, QString>("installed", "arch", "program");
 
     using List = QStringList;
     row("64-bit", List{name64, name32}, "x64-win64", name64);

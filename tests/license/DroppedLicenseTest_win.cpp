@@ -42,9 +42,8 @@ void DroppedLicenseTest::fileThatNobodyElseMayRead()
 
 void DroppedLicenseTest::fileThatVanished_data()
 {
-    QTest::addColumn<QByteArray>("dropped");
-    QTest::addColumn<QByteArray>("installedFromMemory"); // when the file itself has vanished
-    const auto row = ::row<QByteArray, QByteArray>;
+    // installedFromMemory: when the file itself has vanished
+    const auto row = columns<QByteArray, QByteArray>("dropped", "installedFromMemory");
 
     row("CR LF", "one\r\ntwo\r\n", "one\r\ntwo\r\n");
     row("mixed", "one\ntwo\r\n", "one\r\ntwo\r\n");

@@ -151,7 +151,7 @@ void InstallLicenseDialogTest::appearance()
 
 void InstallLicenseDialogTest::explanation_data()
 {
-    QTest::addColumn<QString>("targetDirectory");
+    columns<QString>("targetDirectory");
 
     row("spaces", "C:\\Program Files\\HALCON 20.11\\license");
     row("ampersand", "C:\\Black & White\\license");
@@ -175,8 +175,7 @@ void InstallLicenseDialogTest::explanation()
 
 void InstallLicenseDialogTest::setPath_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("directoryName");
+    columns<QString, QString>("name", "directoryName");
 
     row("plain", "licences/license.dat", "licences");
     row("signs", "a & <b>/%1 &amp; <c>.dat", "a & <b>");
@@ -200,8 +199,7 @@ void InstallLicenseDialogTest::setPath()
 
 void InstallLicenseDialogTest::fileDialogStartsInTheLastDirectory_data()
 {
-    QTest::addColumn<bool>("stored");
-    QTest::addColumn<bool>("exists");
+    columns<bool, bool>("stored", "exists");
 
     row("stored", true, true);
     row("none", false, false);

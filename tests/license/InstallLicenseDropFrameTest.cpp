@@ -31,10 +31,7 @@ private:
 
 void InstallLicenseDropFrameTest::enter_data()
 {
-    QTest::addColumn<QByteArray>("format");
-    QTest::addColumn<QByteArray>("data");
-    QTest::addColumn<bool>("accepted");
-    const auto row = ::row<QByteArray, QByteArray, bool>;
+    const auto row = columns<QByteArray, QByteArray, bool>("format", "data", "accepted");
 
     row("a file", "text/uri-list", "file:///C:/license.dat\r\n", true);
     row("a page of the web", "text/uri-list", "http://corvanta.invalid/license.dat\r\n", true);
@@ -63,7 +60,7 @@ void InstallLicenseDropFrameTest::enter()
 
 void InstallLicenseDropFrameTest::drop_data()
 {
-    QTest::addColumn<QString>("name");
+    columns<QString>("name");
 
     row("spaces", "my licences/license 1.dat");
     row("signs that a link encodes", "100%/a#b%20c&d+e.dat");
@@ -84,8 +81,7 @@ void InstallLicenseDropFrameTest::drop()
 
 void InstallLicenseDropFrameTest::answer_data()
 {
-    QTest::addColumn<Qt::DropActions>("offered");
-    QTest::addColumn<bool>("taken");
+    columns<Qt::DropActions, bool>("offered", "taken");
 
     row("a copy", Qt::DropActions(Qt::CopyAction), true);
     row("a copy or a move", copyOrMove, true);
@@ -140,9 +136,9 @@ void InstallLicenseDropFrameTest::firstOfSeveralFiles()
 
 void InstallLicenseDropFrameTest::nothingToRead_data()
 {
-    QTest::addColumn<QString>("name"); // in the test's directory
-    QTest::addColumn<QUrl>("other");   // instead of it
-    const auto row = ::row<QString, QUrl>;
+    // name: in the test's directory
+    // other: instead of it
+    const auto row = columns<QString, QUrl>("name", "other");
 
     row("missing", "missing.dat", QUrl());
     row("directory", ".", QUrl());
@@ -183,9 +179,7 @@ void InstallLicenseDropFrameTest::urlsThatAreGoneAtTheDrop()
 
 void InstallLicenseDropFrameTest::textOfAFile_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("text");
-    const auto row = ::row<QByteArray, QString>;
+    const auto row = columns<QByteArray, QString>("bytes", "text");
 
     row("empty", {}, {});
     row("CR LF", "one\r\ntwo\r\n", "one\ntwo\n");
@@ -212,8 +206,7 @@ void InstallLicenseDropFrameTest::textOfAFile()
 
 void InstallLicenseDropFrameTest::size_data()
 {
-    QTest::addColumn<qint64>("bytes");
-    QTest::addColumn<bool>("taken");
+    columns<qint64, bool>("bytes", "taken");
 
     row("largest", qint64(1048576), true);
     row("too large", qint64(1048577), false);

@@ -78,9 +78,7 @@ void LicenseCopyFallbackTest::helperIsNotNeeded()
 
 void LicenseCopyFallbackTest::missingTargetDirectory_data()
 {
-    QTest::addColumn<int>("exitCode");
-    QTest::addColumn<QStringList>("failure");
-    const auto row = ::row<int, QStringList>;
+    const auto row = columns<int, QStringList>("exitCode", "failure");
 
     const QString line = "helper process returned with value %1. This indicates an error in its execution!";
     row("helper succeeds", 0, {});
@@ -130,7 +128,7 @@ void LicenseCopyFallbackTest::targetThatCannotBeRemoved()
 
 void LicenseCopyFallbackTest::vanishedSource_data()
 {
-    QTest::addColumn<int>("exitCode");
+    columns<int>("exitCode");
 
     row("helper succeeds", 0);
     row("helper fails", 3);
@@ -174,7 +172,7 @@ void LicenseCopyFallbackTest::sourceThatCannotBeRead()
 
 void LicenseCopyFallbackTest::temporaryFileIsNotWhole_data()
 {
-    QTest::addColumn<int>("size"); // for which the disk has room
+    columns<int>("size"); // for which the disk has room
 
     row("no room", 0);
     row("one byte missing", 99999);

@@ -35,8 +35,7 @@ private slots:
 
 void LicenseCopyHelperTest::startOfTheHelper_data()
 {
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<QString>("target");
+    columns<QString, QString>("source", "target");
 
     row("signs", "a & b/100% %1 ^.dat", "H %2 & Co/license/100% %1 ^.dat");
     row("not ASCII", "Gr\u00f6\u00dfe/\u691c.dat", "\u0420\u0430\u0437\u043c\u0435\u0440/license/\u691c.dat");
@@ -128,7 +127,7 @@ void LicenseCopyHelperTest::writeProtectedSource()
 
 void LicenseCopyHelperTest::helperCopiesWhatVanished_data()
 {
-    QTest::addColumn<bool>("copied");
+    columns<bool>("copied");
 
     row("copied", true);
     // The helper could not create the directory either.

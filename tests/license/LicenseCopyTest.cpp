@@ -39,8 +39,7 @@ private slots:
 
 void LicenseCopyTest::byteIdentical_data()
 {
-    QTest::addColumn<QByteArray>("contents");
-    const auto row = ::row<QByteArray>;
+    const auto row = columns<QByteArray>("contents");
 
     row("empty", {});
     row("every byte", allBytes());
@@ -96,7 +95,7 @@ void LicenseCopyTest::existingTarget()
 
 void LicenseCopyTest::fromItsOwnPlace_data()
 {
-    QTest::addColumn<QString>("source"); // a path to the file H/license/license.dat
+    columns<QString>("source"); // a path to the file H/license/license.dat
 
     row("same path", "H/license/license.dat");
     row("over the parent directory", "H/license/../license/license.dat");
@@ -124,8 +123,7 @@ void LicenseCopyTest::fromItsOwnPlace()
 
 void LicenseCopyTest::vanishedSource_data()
 {
-    QTest::addColumn<QString>("contents");
-    QTest::addColumn<bool>("withErrors");
+    columns<QString, bool>("contents", "withErrors");
 
     row("contents", "one line", true);
     row("contents, no list", "one line", false);

@@ -79,8 +79,7 @@ private:
 
 void LicenseOwnPlaceTest::stays_data()
 {
-    QTest::addColumn<QString>("way");
-    QTest::addColumn<bool>("toTheTarget");
+    columns<QString, bool>("way", "toTheTarget");
 
     for (const char *way : {"capitals", "drive letter", "drive of the whole file system", "share",
                             "linked directory", "short names"}) {

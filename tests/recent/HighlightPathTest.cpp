@@ -26,8 +26,7 @@ private slots:
 
 void HighlightPathTest::withoutSearch_data()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("html");
+    columns<QString, QString>("path", "html");
 
     row("both kinds of separators", R"(C:/Programs\b/a.hdev)", R"(C:\Programs\b\a.hdev)");
     row("ampersand", R"(C:\R&D\a.hdev)", R"(C:\R&amp;D\a.hdev)");
@@ -45,10 +44,7 @@ void HighlightPathTest::withoutSearch()
 
 void HighlightPathTest::matches_data()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("search");
-    QTest::addColumn<QString>("html");
-    QTest::addColumn<int>("score");
+    columns<QString, QString, QString, int>("path", "search", "html", "score");
 
     const QString path = R"(C:\Programs\gauge.hdev)";
     row("none", path, "xyz", path, 0);

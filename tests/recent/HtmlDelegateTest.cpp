@@ -196,8 +196,7 @@ void HtmlDelegateTest::sameAsTheDocument()
 
 void HtmlDelegateTest::textColour_data()
 {
-    QTest::addColumn<QStyle::State>("state");
-    QTest::addColumn<bool>("highlighted");
+    columns<QStyle::State, bool>("state", "highlighted");
 
     const QStyle::State enabled = QStyle::State_Enabled;
     row("plain", enabled, false);
@@ -272,7 +271,7 @@ void HtmlDelegateTest::applicationStyleWithoutAWidget()
 
 void HtmlDelegateTest::nothingOutsideTheItem_data()
 {
-    QTest::addColumn<QString>("html");
+    columns<QString>("html");
 
     row("too wide", QString(300, 'M'));
     row("too high", "M<br>M<br>M<br>M<br>M<br>M");
@@ -314,8 +313,7 @@ void HtmlDelegateTest::painterIsRestored()
 
 void HtmlDelegateTest::sizeHint_data()
 {
-    QTest::addColumn<QString>("html");
-    QTest::addColumn<int>("width");
+    columns<QString, int>("html", "width");
 
     for (const int width : {40, 1000}) {
         const auto row = [&](const char *name, const QString &html) {

@@ -41,7 +41,7 @@ private slots:
 
 void RecentProgramsFileTest::codePage_data()
 {
-    QTest::addColumn<QString>("path");
+    columns<QString>("path");
 
     row("umlauts", "C:\\Gr\u00f6\u00dfe\\\u00dcbung.hdev");
     row("Euro sign", "C:\\100 \u20ac.hdev");

@@ -116,11 +116,8 @@ void RecentProgramsFrameTest::searchLineHasTheFocus()
 
 void RecentProgramsFrameTest::rows_data()
 {
-    QTest::addColumn<QByteArray>("contents");
-    QTest::addColumn<QStringList>("paths");
-    QTest::addColumn<QStringList>("texts");
-    QTest::addColumn<QStringList>("keys");
-    const auto row = ::row<QByteArray, QStringList, QStringList, QStringList>;
+    const auto row =
+        columns<QByteArray, QStringList, QStringList, QStringList>("contents", "paths", "texts", "keys");
 
     row("several", "RecentPrograms=C:\\a.hdev, D:/b.hdev,\"C:\\c, d.hdev\"\r\n",
         {"C:\\a.hdev", "D:/b.hdev", "C:\\c, d.hdev"}, {"C:\\a.hdev", "D:\\b.hdev", "C:\\c, d.hdev"},
@@ -147,7 +144,7 @@ void RecentProgramsFrameTest::rows()
 
 void RecentProgramsFrameTest::longPathsFit_data()
 {
-    QTest::addColumn<bool>("inCapitals");
+    columns<bool>("inCapitals");
 
     row("searched for as it is", false);
     row("searched for in capitals", true);

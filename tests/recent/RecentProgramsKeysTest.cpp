@@ -84,11 +84,7 @@ void RecentProgramsKeysTest::cleanup()
 
 void RecentProgramsKeysTest::keysThatLeadToTheList_data()
 {
-    QTest::addColumn<QString>("from");
-    QTest::addColumn<int>("key");
-    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-    QTest::addColumn<int>("before");
-    QTest::addColumn<int>("after");
+    columns<QString, int, Qt::KeyboardModifiers, int, int>("from", "key", "modifiers", "before", "after");
 
     for (const char *from : {"leSearchRecent", "pbOK"}) {
         const auto row = [&](const char *name, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
@@ -128,9 +124,7 @@ void RecentProgramsKeysTest::keysThatLeadToTheList()
 
 void RecentProgramsKeysTest::keysThatTheSearchLineKeeps_data()
 {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("cursor");
+    columns<int, QString, int>("key", "text", "cursor");
 
     row("Home", int(Qt::Key_Home), "hdev", 0);
     row("End", int(Qt::Key_End), "hdev", 4);
@@ -157,8 +151,7 @@ void RecentProgramsKeysTest::keysThatTheSearchLineKeeps()
 
 void RecentProgramsKeysTest::keysThatTheButtonKeeps_data()
 {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("clicks");
+    columns<int, int>("key", "clicks");
 
     row("Home", int(Qt::Key_Home), 0);
     row("letter", int(Qt::Key_X), 0);
@@ -183,9 +176,7 @@ void RecentProgramsKeysTest::keysThatTheButtonKeeps()
 
 void RecentProgramsKeysTest::keysThatMoveInTheList_data()
 {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("lowest");
-    QTest::addColumn<int>("highest");
+    columns<int, int, int>("key", "lowest", "highest");
 
     // How many rows a page has differs between machines.
     row("Up", int(Qt::Key_Up), 39, 39);
@@ -213,8 +204,7 @@ void RecentProgramsKeysTest::keysThatMoveInTheList()
 
 void RecentProgramsKeysTest::keysThatLeadOutOfTheList_data()
 {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    columns<int, Qt::KeyboardModifiers>("key", "modifiers");
 
     const auto row = [](const char *name, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         ::row(name, key, modifiers);
@@ -293,7 +283,7 @@ void RecentProgramsKeysTest::otherEventsPass()
 
 void RecentProgramsKeysTest::escapeHidesTheFrame_data()
 {
-    QTest::addColumn<QString>("from");
+    columns<QString>("from");
 
     row("search line", "leSearchRecent");
     row("button", "pbOK");

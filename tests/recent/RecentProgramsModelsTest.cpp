@@ -82,7 +82,7 @@ void RecentProgramsModelsTest::initTestCase()
 
 void RecentProgramsModelsTest::numbersOfPrograms()
 {
-    QTest::addColumn<int>("number");
+    columns<int>("number");
 
     row("one", 1);
     row("many", 500);

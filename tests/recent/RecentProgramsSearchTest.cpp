@@ -33,11 +33,8 @@ private:
 
 void RecentProgramsSearchTest::order_data()
 {
-    QTest::addColumn<QStringList>("paths");
-    QTest::addColumn<QString>("search");
-    QTest::addColumn<QStringList>("shown");
-    QTest::addColumn<QStringList>("keys");
-    const auto row = ::row<QStringList, QString, QStringList, QStringList>;
+    const auto row =
+        columns<QStringList, QString, QStringList, QStringList>("paths", "search", "shown", "keys");
 
     row("two matches above one, none below, in the order of the settings",
         {"C:/z.txt", "C:/a.hdev", "C:/hdev/a.hdev", "C:/a.txt"}, "hdev",

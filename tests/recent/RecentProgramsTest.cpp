@@ -22,9 +22,7 @@ private slots:
 
 void RecentProgramsTest::split_data()
 {
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<QStringList>("paths");
-    const auto row = ::row<QString, QStringList>;
+    const auto row = columns<QString, QStringList>("value", "paths");
 
     row("quoted comma and space, three spaces", R"(C:\a.hdev,"C:\My Programs\b, c.hdev",   C:\d.hdev)",
         {R"(C:\a.hdev)", R"(C:\My Programs\b, c.hdev)", R"(C:\d.hdev)"});
@@ -70,12 +68,10 @@ void RecentProgramsTest::split()
 
 void RecentProgramsTest::read_data()
 {
-    QTest::addColumn<QByteArray>("contents");
-    QTest::addColumn<QStringList>("paths");
+    const auto row = columns<QByteArray, QStringList>("contents", "paths");
 
     const QStringList two{R"(C:\a.hdev)", R"(D:\b.hdev)"};
     const QStringList emptyRow{""};
-    const auto row = ::row<QByteArray, QStringList>;
     row("among other settings",
         "[General]\r\nFont=Courier\r\n"
         "RecentPrograms=C:\\a.hdev,D:\\b.hdev\r\nWindow=1,2\r\n",
@@ -141,7 +137,7 @@ void RecentProgramsTest::directoryInPlaceOfTheFile()
 
 void RecentProgramsTest::noVariable_data()
 {
-    QTest::addColumn<bool>("isSet");
+    columns<bool>("isSet");
 
     row("missing", false);
     row("empty", true);

@@ -40,8 +40,8 @@ private slots:
 
 void HalconComparisonTest::suffixes_data()
 {
-    QTest::addColumn<QString>("suffix");
-    QTest::addColumn<int>("revision"); // 1: in the table of the continuous releases, 2: in the other
+    // revision: 1: in the table of the continuous releases, 2: in the other
+    columns<QString, int>("suffix", "revision");
 
     row("Progress", "Progress", 1);
     row("progress", "progress", 2);
@@ -64,9 +64,7 @@ void HalconComparisonTest::suffixes()
 
 void HalconComparisonTest::keys_data()
 {
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<Record>("installed");
-    QTest::addColumn<bool>("matches");
+    columns<QString, Record, bool>("key", "installed", "matches");
 
     row("same", "20.11", Record(20, 11, 2, 0), true);
     row("revision and build do not count", "20.11", Record(20, 11, -1, -1), true);
@@ -100,9 +98,7 @@ void HalconComparisonTest::keys()
 
 void HalconComparisonTest::newer_data()
 {
-    QTest::addColumn<Record>("release");
-    QTest::addColumn<Record>("installed");
-    QTest::addColumn<bool>("isNewer");
+    columns<Record, Record, bool>("release", "installed", "isNewer");
 
     row("same", Record(20, 11, 2, 3), Record(20, 11, 2, 3), false);
     row("higher build", Record(20, 11, 2, 4), Record(20, 11, 2, 3), true);
@@ -129,10 +125,8 @@ void HalconComparisonTest::newer()
 
 void HalconComparisonTest::fromFileToInstallation_data()
 {
-    QTest::addColumn<QByteArray>("elements");
-    QTest::addColumn<Record>("installed");
-    QTest::addColumn<QString>("latest"); // empty when none is newer
-    const auto row = ::row<QByteArray, Record, QString>;
+    // latest: empty when none is newer
+    const auto row = columns<QByteArray, Record, QString>("elements", "installed", "latest");
 
     row("newer", R"({"version": "20.11", "revision": "2", "build": "3"})", {20, 11, 1, 0}, "20.11.2.3");
     row("revision not known", R"({"version": "20.11", "revision": "0", "build": "0"})", {20, 11, -1, -1},
@@ -165,9 +159,7 @@ void HalconComparisonTest::fromFileToInstallation()
 
 void HalconComparisonTest::lines_data()
 {
-    QTest::addColumn<Record>("latest");
-    QTest::addColumn<QString>("page");
-    QTest::addColumn<QString>("line");
+    columns<Record, QString, QString>("latest", "page", "line");
 
     const QString link = "<a href=\"%1\"><span style=\"text-decoration: underline; color:#ff0000; "
                          "font-size:12pt;\"><b>Update available!</b></span></a><br>";
@@ -191,9 +183,7 @@ void HalconComparisonTest::lines()
 
 void HalconComparisonTest::lastLine_data()
 {
-    QTest::addColumn<QString>("html");
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("result");
+    columns<QString, QString, QString>("html", "line", "result");
 
     row("document", "<html><body><p>a</p></body></html>", "b<br>", "<html><body><p>a</p>b<br></body></html>");
     row("empty body", "<body></body>", "b", "<body>b</body>");

@@ -99,10 +99,7 @@ private slots:
 
 void HalconReleasesTest::files_data()
 {
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<QStringList>("releases");
-    QTest::addColumn<QStringList>("log");
-    const auto row = ::row<QByteArray, QStringList, QStringList>;
+    const auto row = columns<QByteArray, QStringList, QStringList>("file", "releases", "log");
 
     const QByteArray entry = element("20.11", "2", "3", "steady");
     const QStringList entryRecord{"regular \"20.11\": 20.11.2.3"};
@@ -146,9 +143,8 @@ void HalconReleasesTest::files()
 
 void HalconReleasesTest::versions_data()
 {
-    QTest::addColumn<QString>("version");
-    QTest::addColumn<QString>("numbers"); // empty when the version is ignored
-    QTest::addColumn<QStringList>("log");
+    // numbers: empty when the version is ignored
+    columns<QString, QString, QStringList>("version", "numbers", "log");
 
     const auto taken = [](const char *name, const QString &version, const QString &numbers) {
         row(name, version, numbers, found(version, "2", "3", "steady"));
@@ -193,9 +189,7 @@ void HalconReleasesTest::versions()
 
 void HalconReleasesTest::editions_data()
 {
-    QTest::addColumn<QByteArray>("edition");
-    QTest::addColumn<QString>("table");
-    const auto row = ::row<QByteArray, QString>;
+    const auto row = columns<QByteArray, QString>("edition", "table");
 
     row("progress", "progress", "progress");
     row("upper case", "Progress", "regular");
@@ -216,10 +210,8 @@ void HalconReleasesTest::editions()
 
 void HalconReleasesTest::otherValues_data()
 {
-    QTest::addColumn<QByteArray>("element");
-    QTest::addColumn<QString>("release"); // empty when there is none
-    QTest::addColumn<QStringList>("log");
-    const auto row = ::row<QByteArray, QString, QStringList>;
+    // release: empty when there is none
+    const auto row = columns<QByteArray, QString, QStringList>("element", "release", "log");
 
     const QStringList ignored(unread("major/minor", "", ""));
     row("version", R"({"version": 20.11, "revision": "2", "build": "3"})", {},
@@ -287,8 +279,7 @@ void HalconReleasesTest::texts()
 
 void HalconReleasesTest::brokenFiles_data()
 {
-    QTest::addColumn<QByteArray>("file");
-    const auto row = ::row<QByteArray>;
+    const auto row = columns<QByteArray>("file");
 
     const QByteArray whole = file({element("20.11", "2", "3", "steady")});
     row("space", QByteArray(" "));

@@ -52,10 +52,7 @@ private slots:
 
 void OwnReleaseTest::newer_data()
 {
-    QTest::addColumn<QString>("major");
-    QTest::addColumn<QString>("minor");
-    QTest::addColumn<QString>("ownVersion");
-    QTest::addColumn<bool>("isNewer");
+    columns<QString, QString, QString, bool>("major", "minor", "ownVersion", "isNewer");
 
     const auto row = [](const QString &major, const QString &minor, const QString &ownVersion, bool newer) {
         QTest::addRow("%s.%s for %s", qPrintable(major), qPrintable(minor), qPrintable(ownVersion))
@@ -88,9 +85,9 @@ void OwnReleaseTest::newer()
 
 void OwnReleaseTest::unreadable_data()
 {
-    QTest::addColumn<QByteArray>("value"); // in JSON
-    QTest::addColumn<QString>("text");     // as read
-    const auto row = ::row<QByteArray, QString>;
+    // value: in JSON
+    // text: as read
+    const auto row = columns<QByteArray, QString>("value", "text");
 
     row("word", "\"nine\"", "nine");
     row("beyond 32 bits", "\"2147483648\"", "2147483648");
@@ -115,13 +112,10 @@ void OwnReleaseTest::unreadable()
 
 void OwnReleaseTest::files_data()
 {
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<QString>("release");
-    QTest::addColumn<QStringList>("log");
+    const auto row = columns<QByteArray, QString, QStringList>("file", "release", "log");
 
     const QStringList noMajor{"Could not parse major version in string \"\". Ignored update information."};
     const QStringList noMinor{"Could not parse minor version in string \"\". Ignored update information."};
-    const auto row = ::row<QByteArray, QString, QStringList>;
     const QByteArray whole = file("\"1\"", "\"9\"", "\"News\"");
 
     row("nothing", {}, {}, {"Could not fetch Corvanta for HALCON version update information file"});
@@ -158,8 +152,7 @@ void OwnReleaseTest::files()
 
 void OwnReleaseTest::brokenFiles_data()
 {
-    QTest::addColumn<QByteArray>("file");
-    const auto row = ::row<QByteArray>;
+    const auto row = columns<QByteArray>("file");
 
     const QByteArray whole = file("\"1\"", "\"9\"", "\"News\"");
     row("page of HTML", QByteArray("<html><body>Not Found</body></html>"));
@@ -181,9 +174,8 @@ void OwnReleaseTest::brokenFiles()
 
 void OwnReleaseTest::ownVersions_data()
 {
-    QTest::addColumn<QString>("ownVersion");
-    QTest::addColumn<QString>("numbers"); // empty when there are none
-    QTest::addColumn<QString>("line");
+    // numbers: empty when there are none
+    columns<QString, QString, QString>("ownVersion", "numbers", "line");
 
     const auto row = [](const char *name, const QString &ownVersion, const QString &numbers) {
         ::row(name, ownVersion, numbers, QString());
@@ -240,9 +232,8 @@ void OwnReleaseTest::ownVersions()
 
 void OwnReleaseTest::messages_data()
 {
-    QTest::addColumn<QByteArray>("value"); // in JSON
-    QTest::addColumn<QString>("message");
-    const auto row = ::row<QByteArray, QString>;
+    // value: in JSON
+    const auto row = columns<QByteArray, QString>("value", "message");
 
     row("string", "\"News\"", "News");
     row("empty", "\"\"", "");
@@ -273,11 +264,7 @@ void OwnReleaseTest::messages()
 
 void OwnReleaseTest::html_data()
 {
-    QTest::addColumn<int>("major");
-    QTest::addColumn<int>("minor");
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<QString>("ownVersion");
-    QTest::addColumn<QString>("versions");
+    columns<int, int, QString, QString, QString>("major", "minor", "message", "ownVersion", "versions");
 
     const auto row = [](const char *name, const OwnRelease &release, const QString &ownVersion,
                         const QString &versions) {

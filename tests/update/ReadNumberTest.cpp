@@ -14,8 +14,8 @@ private slots:
 
 void ReadNumberTest::numbers_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("number"); // empty when it is not a number
+    // number: empty when it is not a number
+    columns<QString, QString>("text", "number");
 
     row("zero", "0", "0");
     row("minus", "-1", "-1");

@@ -156,11 +156,9 @@ void UpdateCheckTest::throughAProxy()
 
 void UpdateCheckTest::answers_data()
 {
-    QTest::addColumn<WebAnswer>("answer");
-    QTest::addColumn<QByteArray>("data");
+    const auto row = columns<WebAnswer, QByteArray>("answer", "data");
 
     const QByteArray json = R"({"halcon": [{"version": "20.11"}]})";
-    const auto row = ::row<WebAnswer, QByteArray>;
     row("200", WebAnswer::ok(json), json);
     row("200 without a body", WebAnswer::ok({}), {});
     row("200 with every byte", WebAnswer::ok(QByteArray("\0\r\n\r\n\xff\xef\xbb\xbf", 9)),
@@ -197,7 +195,7 @@ void UpdateCheckTest::answers()
 
 void UpdateCheckTest::nothingToTalkTo_data()
 {
-    QTest::addColumn<QUrl>("url");
+    columns<QUrl>("url");
 
     row("nobody listens", address(WebServer::closedPort()));
     row("no address", QUrl());
@@ -258,8 +256,7 @@ void UpdateCheckTest::silentServer()
 
 void UpdateCheckTest::destroyedWhileUnderWay_data()
 {
-    QTest::addColumn<WebAnswer>("answer");
-    QTest::addColumn<bool>("waitsForRequest");
+    columns<WebAnswer, bool>("answer", "waitsForRequest");
 
     WebAnswer half = inPieces(WebAnswer::ok("contents"), 2);
     half.closes = false;
@@ -313,8 +310,7 @@ void UpdateCheckTest::destroyedByWhoIsTold()
 
 void UpdateCheckTest::endedReplies_data()
 {
-    QTest::addColumn<QNetworkReply::NetworkError>("error");
-    QTest::addColumn<QByteArray>("contents");
+    columns<QNetworkReply::NetworkError, QByteArray>("error", "contents");
 
     row("no error", QNetworkReply::NoError, QByteArray("some\0contents", 13));
     row("not found, with contents", QNetworkReply::ContentNotFoundError, QByteArray("some\0contents", 13));

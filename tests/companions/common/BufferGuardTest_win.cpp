@@ -42,8 +42,7 @@ private slots:
 
 void BufferGuardTest::mistakesEndTheProgram_data()
 {
-    QTest::addColumn<QString>("mistake");
-    QTest::addColumn<int>("exitCode");
+    columns<QString, int>("mistake", "exitCode");
     row("past the end of a buffer on the stack", "stack", overrun);
     row("more copied than fits", "copy", overrun);
     row("element that is not there", "element", aborted);

@@ -126,8 +126,7 @@ void EnvironmentChangeTest::setsAll()
 
 void EnvironmentChangeTest::types_data()
 {
-    QTest::addColumn<quint32>("before");
-    QTest::addColumn<quint32>("after");
+    columns<quint32, quint32>("before", "after");
 
     row("string", regSz, regSz);
     row("expandable string", regExpandSz, regExpandSz);
@@ -168,9 +167,7 @@ void EnvironmentChangeTest::nothingIsWrittenWhenAValueCannotBeRead()
 
 void EnvironmentChangeTest::putsBack_data()
 {
-    QTest::addColumn<int>("failing");
-    QTest::addColumn<QStringList>("calls");
-    const auto row = ::row<int, QStringList>;
+    const auto row = columns<int, QStringList>("failing", "calls");
 
     row("first fails", 1, {"write HALCONROOT"});
     row("second fails", 2, {"write HALCONROOT", "write HALCONARCH", "write HALCONROOT"});
@@ -201,8 +198,7 @@ void EnvironmentChangeTest::putsBack()
 
 void EnvironmentChangeTest::cannotPutBack_data()
 {
-    QTest::addColumn<int>("failing");
-    QTest::addColumn<QString>("changed");
+    columns<int, QString>("failing", "changed");
 
     row("absence", 5, "HALCONIMAGES");
     row("number", 6, "HALCONARCH");

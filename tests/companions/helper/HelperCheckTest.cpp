@@ -50,10 +50,9 @@ private slots:
 
 void HelperCheckTest::whatIsThere_data()
 {
-    QTest::addColumn<FileFacts>("facts");
-    QTest::addColumn<QString>("file"); // why the file is refused; empty where it is not
-    QTest::addColumn<QString>("directory");
-    QTest::addColumn<QString>("destination");
+    // file: why the file is refused; empty where it is not
+    const auto row =
+        columns<FileFacts, QString, QString, QString>("facts", "file", "directory", "destination");
     const QString missing = "\"C:\\a b\\x\" does not exist.";
     const QString link = "\"C:\\a b\\x\" is a reparse point, such as a link or a junction.";
     const QString detour = "\"C:\\a b\\x\" lies elsewhere than its path says.";
@@ -61,7 +60,6 @@ void HelperCheckTest::whatIsThere_data()
     const QString noDirectory = "\"C:\\a b\\x\" is not a directory.";
     const QString unreadable = "\"C:\\a b\\x\" cannot be read (Windows' error 5).";
     const QString device = "\"C:\\a b\\x\" is no file on a disk.";
-    const auto row = ::row<FileFacts, QString, QString, QString>;
 
     row("file", facts(Kind::file), "", noDirectory, "");
     row("directory", facts(Kind::directory), isDirectory, "", isDirectory);
@@ -101,8 +99,7 @@ void HelperCheckTest::sizes()
 
 void HelperCheckTest::shownTexts_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expected");
+    columns<QString, QString>("text", "expected");
 
     row("plain", "C:\\Größe 寸法 😀", "\"C:\\Größe 寸法 😀\"");
     row("longest", QString(300, 'x'), '"' + QString(300, 'x') + '"');

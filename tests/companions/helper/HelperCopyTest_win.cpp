@@ -80,8 +80,7 @@ void HelperCopyTest::init()
 
 void HelperCopyTest::copies_data()
 {
-    QTest::addColumn<QString>("destination");
-    QTest::addColumn<QString>("from");
+    columns<QString, QString>("destination", "from");
 
     row("plain", target, source);
     row("path in capitals", target.toUpper(), source.toUpper());
@@ -116,7 +115,7 @@ void HelperCopyTest::copies()
 
 void HelperCopyTest::replaces_data()
 {
-    QTest::addColumn<QByteArray>("before");
+    columns<QByteArray>("before");
 
     row("other", QByteArray("the old license"));
     row("same", contents);
@@ -148,9 +147,7 @@ void HelperCopyTest::largest()
 
 void HelperCopyTest::refuses_data()
 {
-    QTest::addColumn<QString>("destination");
-    QTest::addColumn<QString>("from");
-    QTest::addColumn<QString>("reason");
+    columns<QString, QString, QString>("destination", "from", "reason");
     const auto row = [](const char *name, const QString &destination, const QString &from,
                         const QString &refused, const QString &why) {
         ::row(name, destination, from, '"' + refused + "\" " + why + '.');
@@ -198,8 +195,7 @@ void HelperCopyTest::refuses()
 
 void HelperCopyTest::refusesDetours_data()
 {
-    QTest::addColumn<QString>("destination");
-    QTest::addColumn<QString>("reason");
+    columns<QString, QString>("destination", "reason");
     // Wine opens what a link leads to.
     const QString link = "\" lies elsewhere than its path says.";
 
@@ -253,7 +249,7 @@ void HelperCopyTest::refusesAnotherDrive()
 
 void HelperCopyTest::sourceOnItsWay_data()
 {
-    QTest::addColumn<QString>("from");
+    columns<QString>("from");
 
     row("share", "\\\\server\\share\\new.dat");
     row("drive letter for a directory", "W:\\new.dat");
@@ -298,7 +294,7 @@ void HelperCopyTest::replacesOneNameOfTwo()
 
 void HelperCopyTest::overItself_data()
 {
-    QTest::addColumn<QString>("from");
+    columns<QString>("from");
 
     row("same path", target);
     row("second name", top + "\\second.dat");
@@ -319,9 +315,7 @@ void HelperCopyTest::overItself()
 
 void HelperCopyTest::failedCopyKeepsTheOldFile_data()
 {
-    QTest::addColumn<QString>("directory");
-    QTest::addColumn<bool>("readOnly");
-    QTest::addColumn<QString>("named");
+    columns<QString, bool, QString>("directory", "readOnly", "named");
 
     row("ordinary", license, false, license);
     row("read-only", license, true, license);

@@ -120,8 +120,7 @@ void HelperEnvironmentTest::init()
 
 void HelperEnvironmentTest::setsAll_data()
 {
-    QTest::addColumn<QStringList>("four");
-    const auto row = ::row<QStringList>;
+    const auto row = columns<QStringList>("four");
 
     row("no example root", {"C:\\H", "x64-win64", "", ""});
     row("signs", {"C:\\R&D 100% (a=b)^", "%TEMP%", "--x64", "a|b<c>d --env X=y"});

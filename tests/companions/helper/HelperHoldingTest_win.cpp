@@ -82,8 +82,7 @@ void HelperHoldingTest::directoriesAreHeld()
 
 void HelperHoldingTest::endsAtTheFirstDoubt_data()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("refusal");
+    columns<QString, QString>("path", "refusal");
     // Wine opens what a link leads to.
     const QString elsewhere = "\" lies elsewhere than its path says.";
 

@@ -106,8 +106,7 @@ void HelperHostileTest::goodLinesWork()
 
 void HelperHostileTest::hostile_data()
 {
-    QTest::addColumn<QString>("arguments");
-    QTest::addColumn<QString>("refusal");
+    columns<QString, QString>("arguments", "refusal");
 
     for (const HostileLine &line : HOSTILE_LINES()) {
         row(line.name, line.arguments, line.refusal);

@@ -35,8 +35,7 @@ private:
 
 void HelperLicenseCopyTest::copies_data()
 {
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<QString>("installation");
+    columns<QString, QString>("source", "installation");
 
     row("signs", "a & b/100% %1 ^.dat", "H %2 & Co");
     row("not ASCII", "Größe/検.dat", "Размер");

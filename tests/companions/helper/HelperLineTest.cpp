@@ -41,8 +41,7 @@ private slots:
 
 void HelperLineTest::programName_data()
 {
-    QTest::addColumn<QString>("commandLine");
-    QTest::addColumn<QString>("arguments");
+    columns<QString, QString>("commandLine", "arguments");
 
     row("nothing", "", "");
     row("name alone", "helper.exe", "");
@@ -72,7 +71,7 @@ void HelperLineTest::programName()
 
 void HelperLineTest::values_data()
 {
-    QTest::addColumn<QString>("value");
+    columns<QString>("value");
 
     row("empty", "");
     row("spaces around", "  C:\\H  ");
@@ -114,10 +113,8 @@ void HelperLineTest::values()
 
 void HelperLineTest::someVariables_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QStringList>("assignments");
+    const auto row = columns<QString, QStringList>("line", "assignments");
 
-    const auto row = ::row<QString, QStringList>;
     row("one", "--env HALCONROOT=\"C:\\H\" ", {"HALCONROOT=C:\\H"});
     row("another order", "--env HALCONEXAMPLES=\"e\" --env HALCONARCH=\"a\" --env HALCONROOT=\"r\" ",
         {"HALCONEXAMPLES=e", "HALCONARCH=a", "HALCONROOT=r"});
@@ -136,10 +133,7 @@ void HelperLineTest::someVariables()
 
 void HelperLineTest::libraries_data()
 {
-    QTest::addColumn<QString>("option");
-    QTest::addColumn<bool>("is64Bit");
-    QTest::addColumn<QStringList>("libraries");
-    const auto row = ::row<QString, bool, QStringList>;
+    const auto row = columns<QString, bool, QStringList>("option", "is64Bit", "libraries");
 
     const QString directory = "C:\\Program Files\\H\\bin\\x64-win64\\";
     row("none, 64-bit", "--x64", true, {});
@@ -180,8 +174,7 @@ void HelperLineTest::libraries()
 
 void HelperLineTest::copy_data()
 {
-    QTest::addColumn<QString>("destination");
-    QTest::addColumn<QString>("source");
+    columns<QString, QString>("destination", "source");
 
     row("plain", "C:\\H\\license\\license.dat", "C:\\new.dat");
     row("spaces", "C:\\Program Files\\H\\license\\my license.dat", "C:\\a b\\new file.dat");
@@ -218,7 +211,7 @@ void HelperLineTest::copy()
 
 void HelperLineTest::spacesAround_data()
 {
-    QTest::addColumn<QString>("line");
+    columns<QString>("line");
 
     row("variables without the last space", "--env HALCONROOT=\"C:\\H\"");
     row("variables with several spaces at the end", "--env HALCONROOT=\"C:\\H\"   ");
@@ -255,8 +248,7 @@ void HelperLineTest::limits()
 
 void HelperLineTest::hostile_data()
 {
-    QTest::addColumn<QString>("arguments");
-    QTest::addColumn<QString>("refusal");
+    columns<QString, QString>("arguments", "refusal");
 
     for (const HostileLine &line : hostileLines()) {
         row(line.name, line.arguments, line.refusal);

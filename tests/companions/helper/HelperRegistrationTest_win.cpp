@@ -148,7 +148,7 @@ void HelperRegistrationTest::registersAll()
 
 void HelperRegistrationTest::writtenOtherwise_data()
 {
-    QTest::addColumn<QString>("written");
+    columns<QString>("written");
 
     // As the program writes it for a directory registered with a trailing backslash, or with slashes.
     row("doubled backslash", path("halconx.dll").replace("\\bin", "\\\\bin"));
@@ -235,8 +235,7 @@ void HelperRegistrationTest::noneToRegister()
 
 void HelperRegistrationTest::refuses_data()
 {
-    QTest::addColumn<QString>("library");
-    QTest::addColumn<QString>("reason");
+    columns<QString, QString>("library", "reason");
     const auto row = [](const char *name, const QString &library, const QString &reason) {
         ::row(name, library, '"' + library + "\"" + reason);
     };
@@ -265,7 +264,7 @@ void HelperRegistrationTest::refuses()
 
 void HelperRegistrationTest::libraryOnItsWay_data()
 {
-    QTest::addColumn<QString>("library");
+    columns<QString>("library");
 
     row("linked directory", QString(binaries).replace("x64-win64", "link") + "\\halconx.dll");
     row("link", top + "\\other\\halconx.dll");

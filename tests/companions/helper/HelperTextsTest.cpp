@@ -20,9 +20,7 @@ private slots:
 
 void HelperTextsTest::exitCodes_data()
 {
-    QTest::addColumn<HelperExitCode>("code");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("text");
+    columns<HelperExitCode, int, QString>("code", "number", "text");
 
     row("done", HelperExitCode::done, 0, "");
     row("internal error", HelperExitCode::internalError, 1,
@@ -48,9 +46,7 @@ void HelperTextsTest::exitCodes()
 
 void HelperTextsTest::registrationCommandLine_data()
 {
-    QTest::addColumn<QString>("program");
-    QTest::addColumn<QString>("library");
-    QTest::addColumn<QString>("commandLine");
+    columns<QString, QString, QString>("program", "library", "commandLine");
 
     row("64-bit", "C:\\windows\\system32\\regsvr32.exe", "C:\\Program Files\\H\\bin\\x64-win64\\halconx.dll",
         "\"C:\\windows\\system32\\regsvr32.exe\" /s "

@@ -44,8 +44,7 @@ private slots:
 
 void ProgramLineTest::permanentSwitch_data()
 {
-    QTest::addColumn<QString>("installDir");
-    QTest::addColumn<QString>("exampleRoot");
+    columns<QString, QString>("installDir", "exampleRoot");
 
     row("plain", "C:\\H", "D:\\E");
     row("no examples", "C:\\H", "");
@@ -92,8 +91,7 @@ void ProgramLineTest::permanentSwitch()
 
 void ProgramLineTest::licenseCopy_data()
 {
-    QTest::addColumn<QString>("target");
-    QTest::addColumn<QString>("source");
+    columns<QString, QString>("target", "source");
 
     row("plain", "C:\\H\\license\\license.dat", "C:\\new.dat");
     row("Chinese", "C:\\寸法\\license\\测量.dat", "D:\\😀.dat");

@@ -47,9 +47,7 @@ private slots:
 
 void HueboxArgumentsTest::colours_data()
 {
-    QTest::addColumn<QStringList>("options");
-    QTest::addColumn<QStringList>("colours");
-    const auto row = ::row<QStringList, QStringList>;
+    const auto row = columns<QStringList, QStringList>("options", "colours");
 
     row("none", {}, {});
     row("red", {"--fgred"}, {"red"});
@@ -77,9 +75,7 @@ void HueboxArgumentsTest::colours()
 
 void HueboxArgumentsTest::words_data()
 {
-    QTest::addColumn<QStringList>("words");
-    QTest::addColumn<QString>("text");
-    const auto row = ::row<QStringList, QString>;
+    const auto row = columns<QStringList, QString>("words", "text");
 
     row("none", {}, "");
     row("several", {"type", "'devenv'", "to", "launch"}, "type 'devenv' to launch");
@@ -110,9 +106,7 @@ void HueboxArgumentsTest::words()
 
 void HueboxArgumentsTest::unknownOption_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("option");
-    const auto row = ::row<QStringList, QString>;
+    const auto row = columns<QStringList, QString>("arguments", "option");
 
     row("alone", {"--foo"}, "--foo");
     row("second", {"--fgred", "--foo", "a"}, "--foo");

@@ -67,9 +67,7 @@ private slots:
 
 void HueboxTest::redirected_data()
 {
-    QTest::addColumn<QString>("arguments");
-    QTest::addColumn<QByteArray>("output");
-    const auto row = ::row<QString, QByteArray>;
+    const auto row = columns<QString, QByteArray>("arguments", "output");
 
     row("no arguments", "", "\r\n");
     row("words after options", "--fgred --fgint HALCON 20.11.1 (x64-win64)",
@@ -120,9 +118,7 @@ void HueboxTest::longLine()
 
 void HueboxTest::unknownOption_data()
 {
-    QTest::addColumn<QString>("arguments");
-    QTest::addColumn<QByteArray>("errors");
-    const auto row = ::row<QString, QByteArray>;
+    const auto row = columns<QString, QByteArray>("arguments", "errors");
 
     row("quoted together with a word", "\"--fgred a\"", "huebox: unknown option --fgred a\r\n");
     row("not ASCII", "--ö寸😀 a",
@@ -143,9 +139,7 @@ void HueboxTest::unknownOption()
 
 void HueboxTest::coloursOnConsole_data()
 {
-    QTest::addColumn<QString>("options");
-    QTest::addColumn<int>("before");
-    QTest::addColumn<int>("expected");
+    columns<QString, int, int>("options", "before", "expected");
 
     row("none", "", (green | onBlue), (green | onBlue));
     row("red", "--fgred", grey, red);
@@ -178,9 +172,7 @@ void HueboxTest::coloursOnConsole()
 
 void HueboxTest::textOnConsole_data()
 {
-    QTest::addColumn<QString>("arguments");
-    QTest::addColumn<QStringList>("lines");
-    const auto row = ::row<QString, QStringList>;
+    const auto row = columns<QString, QStringList>("arguments", "lines");
 
     row("only options", "--fgred", {"", ""});
     row("Cyrillic, which the console's code page lacks", "Размер", {"Размер", ""});
