@@ -21,210 +21,194 @@ class DebugLogTest : public QObject {
 
 private slots:
     // The log cannot be cleared, so the tests depend on their order.
-    void emptyLog();
-    void warningsStayOut();
-    void slotsOfTheDialog();
-    void linesAreJoined();
-    void dialogIsBuilt();
-    void dialogShowsEarlierLines();
-    void openDialogFollows();
-    void closedDialogFollows();
-    void copy();
-    void readerKeepsHisPlace();
-    void endIsFollowed();
-    void translated();
-};
+    void emptyLog() { QCOMPARE(DebugLogger::instance().text(), QString()); }
 
-void DebugLogTest::emptyLog()
-{
-    QCOMPARE(DebugLogger::instance().text(), QString());
-}
-
-void DebugLogTest::warningsStayOut()
-{
-    const QSignalSpy updated(&DebugLogger::instance(), &DebugLogger::updated);
-    const DebugDialog dialog;
-    QTest::ignoreMessage(QtWarningMsg, "not for the log");
-    qWarning("not for the log");
-    QCOMPARE(DebugLogger::instance().text(), QString());
-    QCOMPARE(updated.size(), 0);
-}
-
-void DebugLogTest::slotsOfTheDialog()
-{
-    const QMetaObject &dialog = DebugDialog::staticMetaObject;
-    QStringList names;
-    for (int i = dialog.methodOffset(); i < dialog.methodCount(); ++i) {
-        names.append(dialog.method(i).methodSignature());
+    void warningsStayOut()
+    {
+        const QSignalSpy updated(&DebugLogger::instance(), &DebugLogger::updated);
+        const DebugDialog dialog;
+        QTest::ignoreMessage(QtWarningMsg, "not for the log");
+        qWarning("not for the log");
+        QCOMPARE(DebugLogger::instance().text(), QString());
+        QCOMPARE(updated.size(), 0);
     }
-    QCOMPARE(names, (QStringList{"updateLog()", "copyToClipboard()"}));
-}
 
-void DebugLogTest::linesAreJoined()
-{
-    const QSignalSpy updated(&DebugLogger::instance(), &DebugLogger::updated);
-    DebugLogger::instance().log("a");
-    QCOMPARE(DebugLogger::instance().text(), QString("a"));
-    DebugLogger::instance().log("b");
-    QCOMPARE(DebugLogger::instance().text(), QString("a\nb"));
-    DebugLogger::instance().log("c\n  d <b>");
-    QCOMPARE(DebugLogger::instance().text(), QString("a\nb\nc\n  d <b>"));
-    QCOMPARE(updated.size(), 3);
-}
-
-void DebugLogTest::dialogIsBuilt()
-{
-    QWidget window;
-    const DebugDialog dialog(&window);
-    QCOMPARE(dialog.parentWidget(), &window);
-    QCOMPARE(dialog.objectName(), QString("DebugDialog"));
-    QCOMPARE(dialog.windowTitle(), QString("Debug log"));
-    QCOMPARE(dialog.size(), QSize(855, 524));
-    QVERIFY(!dialog.isModal());
-    QVERIFY(!dialog.windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
-
-    for (QLayout *layout : dialog.findChildren<QLayout *>()) {
-        layout->setSpacing(0);
-        layout->setContentsMargins(0, 0, 0, 0);
+    void slotsOfTheDialog()
+    {
+        const QMetaObject &dialog = DebugDialog::staticMetaObject;
+        QStringList names;
+        for (int i = dialog.methodOffset(); i < dialog.methodCount(); ++i) {
+            names.append(dialog.method(i).methodSignature());
+        }
+        QCOMPARE(names, (QStringList{"updateLog()", "copyToClipboard()"}));
     }
-    QCOMPARE(
-        describeLayouts(*dialog.layout()),
-        (QStringList{"QHBoxLayout horizontalLayout spacing 0 margins 0,0,0,0: textBrowser | verticalLayout",
+
+    void linesAreJoined()
+    {
+        const QSignalSpy updated(&DebugLogger::instance(), &DebugLogger::updated);
+        DebugLogger::instance().log("a");
+        QCOMPARE(DebugLogger::instance().text(), QString("a"));
+        DebugLogger::instance().log("b");
+        QCOMPARE(DebugLogger::instance().text(), QString("a\nb"));
+        DebugLogger::instance().log("c\n  d <b>");
+        QCOMPARE(DebugLogger::instance().text(), QString("a\nb\nc\n  d <b>"));
+        QCOMPARE(updated.size(), 3);
+    }
+
+    void dialogIsBuilt()
+    {
+        QWidget window;
+        const DebugDialog dialog(&window);
+        QCOMPARE(dialog.parentWidget(), &window);
+        QCOMPARE(dialog.objectName(), QString("DebugDialog"));
+        QCOMPARE(dialog.windowTitle(), QString("Debug log"));
+        QCOMPARE(dialog.size(), QSize(855, 524));
+        QVERIFY(!dialog.isModal());
+        QVERIFY(!dialog.windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
+
+        for (QLayout *layout : dialog.findChildren<QLayout *>()) {
+            layout->setSpacing(0);
+            layout->setContentsMargins(0, 0, 0, 0);
+        }
+        QCOMPARE(describeLayouts(*dialog.layout()),
+                 (QStringList{
+                     "QHBoxLayout horizontalLayout spacing 0 margins 0,0,0,0: textBrowser | verticalLayout",
                      "QVBoxLayout verticalLayout spacing 0 margins 0,0,0,0: pbClose | pbClipboard | "
                      "spacer 20x40 Minimum/Expanding"}));
-    const auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
-    QCOMPARE(browser->font().family(), QString("Courier New"));
-    QCOMPARE(browser->font().pointSize(), QApplication::font().pointSize());
-}
-
-void DebugLogTest::dialogShowsEarlierLines()
-{
-    DebugDialog dialog;
-    dialog.show();
-    QCOMPARE(accessibleControls(dialog), (QStringList{"Debug log", "Close", "Copy to clipboard"}));
-    QCOMPARE(dialog.findChild<QTextBrowser *>("textBrowser")->toPlainText(), QString("a\nb\nc\n  d <b>"));
-}
-
-void DebugLogTest::openDialogFollows()
-{
-    DebugDialog dialog;
-    dialog.show();
-    DebugLogger::instance().log("while open");
-    QCOMPARE(dialog.findChild<QTextBrowser *>("textBrowser")->toPlainText(),
-             QString("a\nb\nc\n  d <b>\nwhile open"));
-    const QScrollBar *bar = dialog.findChild<QTextBrowser *>("textBrowser")->verticalScrollBar();
-    QCOMPARE(bar->minimum(), 0);
-    QCOMPARE(bar->value(), 0);
-}
-
-void DebugLogTest::closedDialogFollows()
-{
-    DebugDialog dialog;
-    dialog.show();
-    QVERIFY(eventuallyExposed(&dialog));
-    QTest::mouseClick(dialog.findChild<QPushButton *>("pbClose"), Qt::LeftButton);
-    QVERIFY(!dialog.isVisible());
-    DebugLogger::instance().log("while closed");
-    dialog.show();
-    QCOMPARE(dialog.findChild<QTextBrowser *>("textBrowser")->toPlainText(),
-             QString("a\nb\nc\n  d <b>\nwhile open\nwhile closed"));
-}
-
-void DebugLogTest::copy()
-{
-    QApplication::setApplicationName("Log test");
-    DebugDialog dialog;
-    dialog.show();
-    QVERIFY(eventuallyExposed(&dialog));
-    MessageBoxes boxes;
-    QTest::mouseClick(dialog.findChild<QPushButton *>("pbClipboard"), Qt::LeftButton);
-
-    QCOMPARE(QApplication::clipboard()->text(), QString("a\nb\nc\n  d <b>\nwhile open\nwhile closed"));
-    QCOMPARE(boxes.shown().size(), 1);
-    const ShownBox &box = boxes.shown().first();
-    QCOMPARE(box.title, QString("Log test"));
-    QCOMPARE(box.text, QString("Copied to clipboard"));
-    QCOMPARE(box.icon, QMessageBox::Information);
-    QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
-    QCOMPARE(box.parent.data(), &dialog);
-}
-
-void DebugLogTest::readerKeepsHisPlace()
-{
-    for (int line = 0; line < 200; ++line) {
-        DebugLogger::instance().log(QString("line %1").arg(line) + QString(300, '.'));
+        const auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
+        QCOMPARE(browser->font().family(), QString("Courier New"));
+        QCOMPARE(browser->font().pointSize(), QApplication::font().pointSize());
     }
-    DebugDialog dialog;
-    dialog.show();
-    QVERIFY(eventuallyExposed(&dialog));
-    auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
-    browser->setLineWrapMode(QTextEdit::NoWrap);
-    QVERIFY(browser->find("line 120"));
-    QTextCursor backwards = browser->textCursor();
-    const int start = backwards.selectionStart();
-    backwards.setPosition(backwards.selectionEnd());
-    backwards.setPosition(start, QTextCursor::KeepAnchor);
-    browser->setTextCursor(backwards);
-    QScrollBar *down = browser->verticalScrollBar();
-    QScrollBar *across = browser->horizontalScrollBar();
-    down->setValue(down->maximum() / 3);
-    across->setValue(across->maximum() / 2);
-    const int lineShown = down->value();
-    const int columnShown = across->value();
-    QVERIFY(lineShown > 0 && columnShown > 0);
 
-    DebugLogger::instance().log("one more");
+    void dialogShowsEarlierLines()
+    {
+        DebugDialog dialog;
+        dialog.show();
+        QCOMPARE(accessibleControls(dialog), (QStringList{"Debug log", "Close", "Copy to clipboard"}));
+        QCOMPARE(dialog.findChild<QTextBrowser *>("textBrowser")->toPlainText(), QString("a\nb\nc\n  d <b>"));
+    }
 
-    QVERIFY(browser->toPlainText().endsWith("\none more"));
-    QCOMPARE(down->value(), lineShown);
-    QCOMPARE(across->value(), columnShown);
-    QCOMPARE(browser->textCursor().selectedText(), QString("line 120"));
-    QCOMPARE(browser->textCursor().position(), start);
+    void openDialogFollows()
+    {
+        DebugDialog dialog;
+        dialog.show();
+        DebugLogger::instance().log("while open");
+        QCOMPARE(dialog.findChild<QTextBrowser *>("textBrowser")->toPlainText(),
+                 QString("a\nb\nc\n  d <b>\nwhile open"));
+        const QScrollBar *bar = dialog.findChild<QTextBrowser *>("textBrowser")->verticalScrollBar();
+        QCOMPARE(bar->minimum(), 0);
+        QCOMPARE(bar->value(), 0);
+    }
 
-    browser->selectAll();
-    const QString all = browser->toPlainText();
-    down->setValue(lineShown);
-    DebugLogger::instance().log("and another");
-    QCOMPARE(browser->textCursor().selection().toPlainText(), all);
-    QCOMPARE(down->value(), lineShown);
-}
+    void closedDialogFollows()
+    {
+        DebugDialog dialog;
+        dialog.show();
+        QVERIFY(eventuallyExposed(&dialog));
+        QTest::mouseClick(dialog.findChild<QPushButton *>("pbClose"), Qt::LeftButton);
+        QVERIFY(!dialog.isVisible());
+        DebugLogger::instance().log("while closed");
+        dialog.show();
+        QCOMPARE(dialog.findChild<QTextBrowser *>("textBrowser")->toPlainText(),
+                 QString("a\nb\nc\n  d <b>\nwhile open\nwhile closed"));
+    }
 
-void DebugLogTest::endIsFollowed()
-{
-    DebugDialog dialog;
-    dialog.show();
-    QVERIFY(eventuallyExposed(&dialog));
-    const auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
-    QScrollBar *down = browser->verticalScrollBar();
-    QCOMPARE(down->value(), 0);
-    const auto end = [&] {
-        return browser->document()->documentLayout()->documentSize().toSize().height() -
-               browser->viewport()->height();
-    };
-    // The text is laid out again for the window's width.
-    EVENTUALLY_COMPARE(down->maximum(), end());
-    down->setValue(down->maximum());
-    for (int line = 0; line < 3; ++line) {
-        const int before = end();
-        DebugLogger::instance().log("one\nmore");
-        QVERIFY(end() > before);
+    void copy()
+    {
+        QApplication::setApplicationName("Log test");
+        DebugDialog dialog;
+        dialog.show();
+        QVERIFY(eventuallyExposed(&dialog));
+        MessageBoxes boxes;
+        QTest::mouseClick(dialog.findChild<QPushButton *>("pbClipboard"), Qt::LeftButton);
+
+        QCOMPARE(QApplication::clipboard()->text(), QString("a\nb\nc\n  d <b>\nwhile open\nwhile closed"));
+        QCOMPARE(boxes.shown().size(), 1);
+        const ShownBox &box = boxes.shown().first();
+        QCOMPARE(box.title, QString("Log test"));
+        QCOMPARE(box.text, QString("Copied to clipboard"));
+        QCOMPARE(box.icon, QMessageBox::Information);
+        QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
+        QCOMPARE(box.parent.data(), &dialog);
+    }
+
+    void readerKeepsHisPlace()
+    {
+        for (int line = 0; line < 200; ++line) {
+            DebugLogger::instance().log(QString("line %1").arg(line) + QString(300, '.'));
+        }
+        DebugDialog dialog;
+        dialog.show();
+        QVERIFY(eventuallyExposed(&dialog));
+        auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
+        browser->setLineWrapMode(QTextEdit::NoWrap);
+        QVERIFY(browser->find("line 120"));
+        QTextCursor backwards = browser->textCursor();
+        const int start = backwards.selectionStart();
+        backwards.setPosition(backwards.selectionEnd());
+        backwards.setPosition(start, QTextCursor::KeepAnchor);
+        browser->setTextCursor(backwards);
+        QScrollBar *down = browser->verticalScrollBar();
+        QScrollBar *across = browser->horizontalScrollBar();
+        down->setValue(down->maximum() / 3);
+        across->setValue(across->maximum() / 2);
+        const int lineShown = down->value();
+        const int columnShown = across->value();
+        QVERIFY(lineShown > 0 && columnShown > 0);
+
+        DebugLogger::instance().log("one more");
+
+        QVERIFY(browser->toPlainText().endsWith("\none more"));
+        QCOMPARE(down->value(), lineShown);
+        QCOMPARE(across->value(), columnShown);
+        QCOMPARE(browser->textCursor().selectedText(), QString("line 120"));
+        QCOMPARE(browser->textCursor().position(), start);
+
+        browser->selectAll();
+        const QString all = browser->toPlainText();
+        down->setValue(lineShown);
+        DebugLogger::instance().log("and another");
+        QCOMPARE(browser->textCursor().selection().toPlainText(), all);
+        QCOMPARE(down->value(), lineShown);
+    }
+
+    void endIsFollowed()
+    {
+        DebugDialog dialog;
+        dialog.show();
+        QVERIFY(eventuallyExposed(&dialog));
+        const auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
+        QScrollBar *down = browser->verticalScrollBar();
+        QCOMPARE(down->value(), 0);
+        const auto end = [&] {
+            return browser->document()->documentLayout()->documentSize().toSize().height() -
+                   browser->viewport()->height();
+        };
+        // The text is laid out again for the window's width.
+        EVENTUALLY_COMPARE(down->maximum(), end());
+        down->setValue(down->maximum());
+        for (int line = 0; line < 3; ++line) {
+            const int before = end();
+            DebugLogger::instance().log("one\nmore");
+            QVERIFY(end() > before);
+            QCOMPARE(down->value(), end());
+        }
+        QCoreApplication::processEvents();
         QCOMPARE(down->value(), end());
     }
-    QCoreApplication::processEvents();
-    QCOMPARE(down->value(), end());
-}
 
-void DebugLogTest::translated()
-{
-    const MarkingTranslator translator;
-    DebugDialog dialog;
-    dialog.show();
-    QCOMPARE(dialog.windowTitle(), QString("[Debug log]"));
-    MessageBoxes boxes;
-    QTest::mouseClick(dialog.findChild<QPushButton *>("pbClipboard"), Qt::LeftButton);
-    QCOMPARE(boxes.shown().size(), 1);
-    QCOMPARE(boxes.shown().first().text, QString("[Copied to clipboard]"));
-}
+    void translated()
+    {
+        const MarkingTranslator translator;
+        DebugDialog dialog;
+        dialog.show();
+        QCOMPARE(dialog.windowTitle(), QString("[Debug log]"));
+        MessageBoxes boxes;
+        QTest::mouseClick(dialog.findChild<QPushButton *>("pbClipboard"), Qt::LeftButton);
+        QCOMPARE(boxes.shown().size(), 1);
+        QCOMPARE(boxes.shown().first().text, QString("[Copied to clipboard]"));
+    }
+};
 
 QTEST_MAIN(DebugLogTest)
 

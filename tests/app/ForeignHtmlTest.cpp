@@ -78,230 +78,218 @@ class ForeignHtmlTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void nothingIsLoaded_data();
-    void nothingIsLoaded();
-    void costlyHtmlIsPlainText_data();
-    void costlyHtmlIsPlainText();
-    void vastPaddingIsLimited_data();
-    void vastPaddingIsLimited();
-    void htmlAtTheLimitIsRead();
-    void htmlThatQtWroteIsRead();
-    void formIsKept();
-    void links_data();
-    void links();
+    void initTestCase()
+    {
+        // Proves that the trace would show an access.
+        QVERIFY(!QFile::exists("/" + mark + "/control"));
+    }
+
+    void nothingIsLoaded_data()
+    {
+        columns<QString>("html");
+
+        const auto row = [](const char *name, const QString &html) {
+            QTest::newRow(name) << QString(html)
+                                       .replace("SHARE", "file://" + mark + "/dir")
+                                       .replace("NET", "//" + mark + "/dir")
+                                       .replace("LOCAL", "/" + mark + "/dir");
+        };
+        row("image on a share", "a<img src='NET/1.png'>b");
+        row("image by file address", "a<img src='SHARE/2.png'>b");
+        row("image on this machine", "a<img src='LOCAL/3.png'>b");
+        row("image on this machine by address", "a<img src='file://LOCAL/4.png'>b");
+        row("image by relative path", "a<img src='" + mark + "/5.png'>b");
+        row("several images", "a<img src='NET/6.png'><img src='NET/7.png'>b<br><img src='NET/8.png'>");
+        row("floating image", "a<img style='float: left' src='NET/9.png'>b");
+        row("image of a given size", "a<img width=10 height=10 src='NET/10.png'>b");
+        row("image in a link", "a<a href='http://x.example/'><img src='NET/11.png'>b</a>");
+        row("image in a list", "<ul><li>a<img src='NET/12.png'></li><li><img src='NET/13.png'>b</li></ul>");
+        row("image in a table", "<table><tr><td>a<img src='NET/14.png'></td><td>b</td></tr></table>");
+        row("image in a table in a table",
+            "<table><tr><td><table><tr><td>a<img src='NET/15.png'></td></tr></table></td></tr></table>b");
+        row("style sheet", "<link rel='stylesheet' type='text/css' href='NET/16.css'></link>ab");
+        row("imported style sheet", "<style>@import url(SHARE/17.css);</style>ab");
+        row("imported style sheet by string", "<style>@import 'SHARE/18.css';</style>ab");
+        row("background of a paragraph", "<p style='background-image: url(SHARE/19.png)'>ab</p>");
+        row("background of an empty paragraph", "ab<p style='background-image: url(SHARE/20.png)'></p>");
+        row("background of words", "a<span style='background-image: url(SHARE/21.png)'>b</span>");
+        row("background in short", "a<p style='background: url(SHARE/22.png)'>b</p>");
+        row("background of the body", "<body background='NET/23.png'>ab</body>");
+        row("background of a table", "<table background='NET/24.png'><tr><td>ab</td></tr></table>");
+        row("background of a row",
+            "<table><tr style='background-image: url(SHARE/25.png)'><td>ab</td></tr></table>");
+        row("background of a cell", "<table><tr><td background='NET/26.png'>ab</td></tr></table>");
+        row("background of a list", "<ul style='background-image: url(SHARE/27.png)'><li>ab</li></ul>");
+        row("background by style sheet",
+            "<style>p { background-image: url(SHARE/28.png); }</style><p>ab</p>");
+        row("bullet", "<ul style='list-style-image: url(SHARE/29.png)'><li>ab</li></ul>");
+        row("border", "<table style='border-image: url(SHARE/30.png)'><tr><td>ab</td></tr></table>");
+        row("tool tip of a link", "a<a href='http://x.example/' title='<img src=\"NET/31.png\">'>b</a>");
+        row("tool tip of words", "a<span title='<img src=\"NET/32.png\">'>b</span>");
+        row("base address", "<base href='SHARE/'>a<img src='33.png'>b");
+        row("frame", "a<iframe src='SHARE/34.html'></iframe>b");
+        row("object", "a<object data='NET/35.png'></object>b");
+        row("input", "a<input type='image' src='NET/36.png'>b");
+        row("forwarding", "<meta http-equiv='refresh' content='0; url=SHARE/37.html'>ab");
+    }
+
+    void nothingIsLoaded()
+    {
+        const Desktop desktop;
+        QFETCH(QString, html);
+        MessageDialog dialog("<b>Before</b> " + html + " <i>after</i>");
+        dialog.show();
+        QVERIFY(eventuallyExposed(&dialog));
+        auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
+        QVERIFY2(!browser->toHtml().contains(mark), qPrintable(browser->toHtml()));
+        const QString text = browser->toPlainText();
+        QVERIFY(!text.contains(QChar::ObjectReplacementCharacter));
+        useEverything(*browser);
+        QCOMPARE(browser->toPlainText(), text);
+        for (const char *part : {"Before", "a", "b", "after"}) {
+            QVERIFY2(text.contains(part), qPrintable(text));
+        }
+    }
+
+    void costlyHtmlIsPlainText_data()
+    {
+        columns<QString, QString>("html", "text");
+
+        const auto nested = [](int depth) {
+            return QString("<table><tr><td>").repeated(depth) + "in it" +
+                   QString("</td></tr></table>").repeated(depth);
+        };
+        QTest::newRow("tables in tables") << nested(20) << "in it";
+        QTest::newRow("one table too many") << nested(8) << "in it";
+        const QString wide = "<table><tr><td colspan=2000>a</td></tr></table>";
+        QTest::newRow("wide cell") << wide << wide;
+        const QString high = "<table><tr><td ROWSPAN = '500'>a</td></tr></table>";
+        QTest::newRow("high cell") << high << high;
+        const QString entity = "<table><tr><td colspan=\"&#57;&#57;\">a</td></tr></table>";
+        QTest::newRow("wide cell by entities") << entity << entity;
+        const QString cells = "<table><tr>" + QString("<td>x</td>").repeated(99) + "</tr></table>";
+        QTest::newRow("many cells") << cells << cells;
+        const QString tags = QString("<b>x</b>").repeated(1001);
+        QTest::newRow("many tags") << tags << tags;
+        const QString tagsWithStyle = QString("<b>x").repeated(29);
+        const QString sheet =
+            "<STYLE>" + QString("p,").repeated(1250) + "b { color: red }</STYLE>" + tagsWithStyle;
+        QTest::newRow("long style sheet") << sheet << sheet;
+        const QString open = "<style></style><style>" + QString("p,").repeated(1250) + tagsWithStyle;
+        QTest::newRow("long style sheet without end") << open << open;
+        const QString longText = "<b>" + QString("long ").repeated(14000) + "</b>";
+        QTest::newRow("long") << longText << longText;
+    }
+
+    void costlyHtmlIsPlainText()
+    {
+        QFETCH(QString, html);
+        QFETCH(QString, text);
+        MessageDialog dialog(html);
+        dialog.show();
+        QVERIFY(eventuallyExposed(&dialog));
+        const auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
+        QCOMPARE(browser->toPlainText().trimmed(), text.trimmed());
+        QVERIFY(browser->document()->rootFrame()->childFrames().isEmpty());
+    }
+
+    void vastPaddingIsLimited_data()
+    {
+        QTest::addColumn<QString>("html");
+
+        // Without a limit Qt would lay out these tables forever.
+        QTest::newRow("of a table") << "<table cellpadding=99999999><tr><td>in it</td></tr></table>";
+        QTest::newRow("of a cell") << "<table><tr><td style='padding: 99999999px'>in it</td></tr></table>";
+        QTest::newRow("by a style sheet")
+            << "<style>td { padding-left: 99999999px }</style><table><tr><td>in it</td></tr></table>";
+    }
+
+    void vastPaddingIsLimited()
+    {
+        QFETCH(QString, html);
+        InertDocument document(html, QFont());
+        const auto *table = qobject_cast<QTextTable *>(document.rootFrame()->childFrames().value(0));
+        QVERIFY(table);
+        const QTextTableCellFormat cell = table->cellAt(0, 0).format().toTableCellFormat();
+        for (const double padding : {table->format().cellPadding(), cell.topPadding(), cell.bottomPadding(),
+                                     cell.leftPadding(), cell.rightPadding()}) {
+            QVERIFY2(padding >= 0 && padding <= 100, qPrintable(QString::number(padding)));
+        }
+        QCOMPARE(document.toPlainText().trimmed(), QString("in it"));
+        QVERIFY(document.size().height() < 1000);
+    }
+
+    void htmlAtTheLimitIsRead()
+    {
+        const int longest = 65536;
+        const QString opening = "<b>";
+        const MessageDialog dialog(opening + QString("x").repeated(longest - opening.size()));
+        QVERIFY(!dialog.findChild<QTextBrowser *>("textBrowser")->toPlainText().contains(opening));
+    }
+
+    void htmlThatQtWroteIsRead()
+    {
+        QTextDocument message;
+        message.setHtml(QString("<p><b>word</b> word</p>").repeated(150));
+        const InertDocument document(message.toHtml(), message.defaultFont());
+        QCOMPARE(document.toPlainText(), message.toPlainText());
+    }
+
+    void formIsKept()
+    {
+        const QString html = "<h3>News</h3><p style='color: #00aa00'>green <u>and <b>more</b></u>, see "
+                             "<a href='http://x.example/'>here</a></p><ul><li>one</li></ul>"
+                             "<table border=1 bgcolor='#ffff00'><tr><td>two</td></tr></table>";
+        const MessageDialog dialog(html);
+        const auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
+        QTextDocument plain;
+        plain.setDefaultFont(browser->font());
+        plain.setHtml(html);
+        QCOMPARE(browser->toHtml(), plain.toHtml());
+    }
+
+    void links_data()
+    {
+        columns<QString, bool>("target", "opens");
+
+        const auto row = [](const QString &target, bool opens) {
+            QTest::newRow(qPrintable(target)) << target << opens;
+        };
+        row("http://x.example/a?b=1#c", true);
+        row("https://x.example/", true);
+        row("HTTP://x.example/", true);
+        row("mailto:someone@x.example", true);
+        row("www.x.example/news", false);
+        row("news.html", false);
+        row("#anchor", false);
+        row("//" + mark + "/dir/page.html", false);
+        row("file://" + mark + "/dir/page.html", false);
+        row("file:///" + mark + "/page.html", false);
+        row("/" + mark + "/page.html", false);
+        row("qrc:/help.png", false);
+        row(":/help.png", false);
+        row("ftp://x.example/", false);
+        row("javascript:alert(1)", false);
+        row("ms-settings:privacy", false);
+        row("foo:bar", false);
+    }
+
+    void links()
+    {
+        const Desktop desktop;
+        QFETCH(QString, target);
+        QFETCH(bool, opens);
+        MessageDialog dialog("<a href=\"" + target + "\">x</a><a name=\"anchor\"></a>");
+        dialog.show();
+        QVERIFY(eventuallyExposed(&dialog));
+        auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
+        QTest::mouseClick(browser->viewport(), Qt::LeftButton, Qt::NoModifier, middleOf(*browser, 0));
+        QCOMPARE(desktop.opened, opens ? QStringList{QUrl(target).toString()} : QStringList());
+        QCOMPARE(browser->toPlainText(), QString("x"));
+        QCOMPARE(browser->source(), QUrl());
+        QVERIFY(dialog.isVisible());
+    }
 };
-
-void ForeignHtmlTest::initTestCase()
-{
-    // Proves that the trace would show an access.
-    QVERIFY(!QFile::exists("/" + mark + "/control"));
-}
-
-void ForeignHtmlTest::nothingIsLoaded_data()
-{
-    columns<QString>("html");
-
-    const auto row = [](const char *name, const QString &html) {
-        QTest::newRow(name) << QString(html)
-                                   .replace("SHARE", "file://" + mark + "/dir")
-                                   .replace("NET", "//" + mark + "/dir")
-                                   .replace("LOCAL", "/" + mark + "/dir");
-    };
-    row("image on a share", "a<img src='NET/1.png'>b");
-    row("image by file address", "a<img src='SHARE/2.png'>b");
-    row("image on this machine", "a<img src='LOCAL/3.png'>b");
-    row("image on this machine by address", "a<img src='file://LOCAL/4.png'>b");
-    row("image by relative path", "a<img src='" + mark + "/5.png'>b");
-    row("several images", "a<img src='NET/6.png'><img src='NET/7.png'>b<br><img src='NET/8.png'>");
-    row("floating image", "a<img style='float: left' src='NET/9.png'>b");
-    row("image of a given size", "a<img width=10 height=10 src='NET/10.png'>b");
-    row("image in a link", "a<a href='http://x.example/'><img src='NET/11.png'>b</a>");
-    row("image in a list", "<ul><li>a<img src='NET/12.png'></li><li><img src='NET/13.png'>b</li></ul>");
-    row("image in a table", "<table><tr><td>a<img src='NET/14.png'></td><td>b</td></tr></table>");
-    row("image in a table in a table",
-        "<table><tr><td><table><tr><td>a<img src='NET/15.png'></td></tr></table></td></tr></table>b");
-    row("style sheet", "<link rel='stylesheet' type='text/css' href='NET/16.css'></link>ab");
-    row("imported style sheet", "<style>@import url(SHARE/17.css);</style>ab");
-    row("imported style sheet by string", "<style>@import 'SHARE/18.css';</style>ab");
-    row("background of a paragraph", "<p style='background-image: url(SHARE/19.png)'>ab</p>");
-    row("background of an empty paragraph", "ab<p style='background-image: url(SHARE/20.png)'></p>");
-    row("background of words", "a<span style='background-image: url(SHARE/21.png)'>b</span>");
-    row("background in short", "a<p style='background: url(SHARE/22.png)'>b</p>");
-    row("background of the body", "<body background='NET/23.png'>ab</body>");
-    row("background of a table", "<table background='NET/24.png'><tr><td>ab</td></tr></table>");
-    row("background of a row",
-        "<table><tr style='background-image: url(SHARE/25.png)'><td>ab</td></tr></table>");
-    row("background of a cell", "<table><tr><td background='NET/26.png'>ab</td></tr></table>");
-    row("background of a list", "<ul style='background-image: url(SHARE/27.png)'><li>ab</li></ul>");
-    row("background by style sheet", "<style>p { background-image: url(SHARE/28.png); }</style><p>ab</p>");
-    row("bullet", "<ul style='list-style-image: url(SHARE/29.png)'><li>ab</li></ul>");
-    row("border", "<table style='border-image: url(SHARE/30.png)'><tr><td>ab</td></tr></table>");
-    row("tool tip of a link", "a<a href='http://x.example/' title='<img src=\"NET/31.png\">'>b</a>");
-    row("tool tip of words", "a<span title='<img src=\"NET/32.png\">'>b</span>");
-    row("base address", "<base href='SHARE/'>a<img src='33.png'>b");
-    row("frame", "a<iframe src='SHARE/34.html'></iframe>b");
-    row("object", "a<object data='NET/35.png'></object>b");
-    row("input", "a<input type='image' src='NET/36.png'>b");
-    row("forwarding", "<meta http-equiv='refresh' content='0; url=SHARE/37.html'>ab");
-}
-
-void ForeignHtmlTest::nothingIsLoaded()
-{
-    const Desktop desktop;
-    QFETCH(QString, html);
-    MessageDialog dialog("<b>Before</b> " + html + " <i>after</i>");
-    dialog.show();
-    QVERIFY(eventuallyExposed(&dialog));
-    auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
-    QVERIFY2(!browser->toHtml().contains(mark), qPrintable(browser->toHtml()));
-    const QString text = browser->toPlainText();
-    QVERIFY(!text.contains(QChar::ObjectReplacementCharacter));
-    useEverything(*browser);
-    QCOMPARE(browser->toPlainText(), text);
-    for (const char *part : {"Before", "a", "b", "after"}) {
-        QVERIFY2(text.contains(part), qPrintable(text));
-    }
-}
-
-void ForeignHtmlTest::costlyHtmlIsPlainText_data()
-{
-    columns<QString, QString>("html", "text");
-
-    const auto nested = [](int depth) {
-        return QString("<table><tr><td>").repeated(depth) + "in it" +
-               QString("</td></tr></table>").repeated(depth);
-    };
-    QTest::newRow("tables in tables") << nested(20) << "in it";
-    QTest::newRow("one table too many") << nested(8) << "in it";
-    const QString wide = "<table><tr><td colspan=2000>a</td></tr></table>";
-    QTest::newRow("wide cell") << wide << wide;
-    const QString high = "<table><tr><td ROWSPAN = '500'>a</td></tr></table>";
-    QTest::newRow("high cell") << high << high;
-    const QString entity = "<table><tr><td colspan=\"&#57;&#57;\">a</td></tr></table>";
-    QTest::newRow("wide cell by entities") << entity << entity;
-    const QString cells = "<table><tr>" + QString("<td>x</td>").repeated(99) + "</tr></table>";
-    QTest::newRow("many cells") << cells << cells;
-    const QString tags = QString("<b>x</b>").repeated(1001);
-    QTest::newRow("many tags") << tags << tags;
-    const QString tagsWithStyle = QString("<b>x").repeated(29);
-    const QString sheet =
-        "<STYLE>" + QString("p,").repeated(1250) + "b { color: red }</STYLE>" + tagsWithStyle;
-    QTest::newRow("long style sheet") << sheet << sheet;
-    const QString open = "<style></style><style>" + QString("p,").repeated(1250) + tagsWithStyle;
-    QTest::newRow("long style sheet without end") << open << open;
-    const QString longText = "<b>" + QString("long ").repeated(14000) + "</b>";
-    QTest::newRow("long") << longText << longText;
-}
-
-void ForeignHtmlTest::costlyHtmlIsPlainText()
-{
-    QFETCH(QString, html);
-    QFETCH(QString, text);
-    MessageDialog dialog(html);
-    dialog.show();
-    QVERIFY(eventuallyExposed(&dialog));
-    const auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
-    QCOMPARE(browser->toPlainText().trimmed(), text.trimmed());
-    QVERIFY(browser->document()->rootFrame()->childFrames().isEmpty());
-}
-
-void ForeignHtmlTest::vastPaddingIsLimited_data()
-{
-    QTest::addColumn<QString>("html");
-
-    // Without a limit Qt would lay out these tables forever.
-    QTest::newRow("of a table") << "<table cellpadding=99999999><tr><td>in it</td></tr></table>";
-    QTest::newRow("of a cell") << "<table><tr><td style='padding: 99999999px'>in it</td></tr></table>";
-    QTest::newRow("by a style sheet")
-        << "<style>td { padding-left: 99999999px }</style><table><tr><td>in it</td></tr></table>";
-}
-
-void ForeignHtmlTest::vastPaddingIsLimited()
-{
-    QFETCH(QString, html);
-    InertDocument document(html, QFont());
-    const auto *table = qobject_cast<QTextTable *>(document.rootFrame()->childFrames().value(0));
-    QVERIFY(table);
-    const QTextTableCellFormat cell = table->cellAt(0, 0).format().toTableCellFormat();
-    for (const double padding : {table->format().cellPadding(), cell.topPadding(), cell.bottomPadding(),
-                                 cell.leftPadding(), cell.rightPadding()}) {
-        QVERIFY2(padding >= 0 && padding <= 100, qPrintable(QString::number(padding)));
-    }
-    QCOMPARE(document.toPlainText().trimmed(), QString("in it"));
-    QVERIFY(document.size().height() < 1000);
-}
-
-void ForeignHtmlTest::htmlAtTheLimitIsRead()
-{
-    const int longest = 65536;
-    const QString opening = "<b>";
-    const MessageDialog dialog(opening + QString("x").repeated(longest - opening.size()));
-    QVERIFY(!dialog.findChild<QTextBrowser *>("textBrowser")->toPlainText().contains(opening));
-}
-
-void ForeignHtmlTest::htmlThatQtWroteIsRead()
-{
-    QTextDocument message;
-    message.setHtml(QString("<p><b>word</b> word</p>").repeated(150));
-    const InertDocument document(message.toHtml(), message.defaultFont());
-    QCOMPARE(document.toPlainText(), message.toPlainText());
-}
-
-void ForeignHtmlTest::formIsKept()
-{
-    const QString html = "<h3>News</h3><p style='color: #00aa00'>green <u>and <b>more</b></u>, see "
-                         "<a href='http://x.example/'>here</a></p><ul><li>one</li></ul>"
-                         "<table border=1 bgcolor='#ffff00'><tr><td>two</td></tr></table>";
-    const MessageDialog dialog(html);
-    const auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
-    QTextDocument plain;
-    plain.setDefaultFont(browser->font());
-    plain.setHtml(html);
-    QCOMPARE(browser->toHtml(), plain.toHtml());
-}
-
-void ForeignHtmlTest::links_data()
-{
-    columns<QString, bool>("target", "opens");
-
-    const auto row = [](const QString &target, bool opens) {
-        QTest::newRow(qPrintable(target)) << target << opens;
-    };
-    row("http://x.example/a?b=1#c", true);
-    row("https://x.example/", true);
-    row("HTTP://x.example/", true);
-    row("mailto:someone@x.example", true);
-    row("www.x.example/news", false);
-    row("news.html", false);
-    row("#anchor", false);
-    row("//" + mark + "/dir/page.html", false);
-    row("file://" + mark + "/dir/page.html", false);
-    row("file:///" + mark + "/page.html", false);
-    row("/" + mark + "/page.html", false);
-    row("qrc:/help.png", false);
-    row(":/help.png", false);
-    row("ftp://x.example/", false);
-    row("javascript:alert(1)", false);
-    row("ms-settings:privacy", false);
-    row("foo:bar", false);
-}
-
-void ForeignHtmlTest::links()
-{
-    const Desktop desktop;
-    QFETCH(QString, target);
-    QFETCH(bool, opens);
-    MessageDialog dialog("<a href=\"" + target + "\">x</a><a name=\"anchor\"></a>");
-    dialog.show();
-    QVERIFY(eventuallyExposed(&dialog));
-    auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
-    QTest::mouseClick(browser->viewport(), Qt::LeftButton, Qt::NoModifier, middleOf(*browser, 0));
-    QCOMPARE(desktop.opened, opens ? QStringList{QUrl(target).toString()} : QStringList());
-    QCOMPARE(browser->toPlainText(), QString("x"));
-    QCOMPARE(browser->source(), QUrl());
-    QVERIFY(dialog.isVisible());
-}
 
 QTEST_MAIN(ForeignHtmlTest)
 

@@ -77,155 +77,144 @@ class KeyboardFocusFrameTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void everyStopIsSeenInOrder();
-    void backwards();
-    void hiddenFromMouseUsers();
-    void goesWithTheFocus();
-    void isBroughtIntoSight_data();
-    void isBroughtIntoSight();
-    void followsTheControl();
-    void isCutOffWithTheControl();
-    void takesNoClicks();
-    void leavesNoTraces();
-};
-
-void KeyboardFocusFrameTest::everyStopIsSeenInOrder()
-{
-    CardWindow window(2);
-    QVERIFY(window.showWithSize(large));
-    QStringList unseen;
-    const QStringList stops = TabStops::walk(window, Qt::Key_Tab, &unseen);
-    const QStringList expected = TabStops::ofCard("18.11.1", {}, true) +
-                                 TabStops::ofCard("20.5.0", {}, true) +
-                                 QStringList{"Button", "Text", "Text > one", "Text > two"};
-    QCOMPARE(stops.join('|'), expected.join('|'));
-    QCOMPARE(unseen.join(", "), QString());
-}
-
-void KeyboardFocusFrameTest::backwards()
-{
-    CardWindow window(2);
-    QVERIFY(window.showWithSize(large));
-    QStringList expected =
-        TabStops::ofCard("18.11.1", {}, true) + TabStops::ofCard("20.5.0", {}, true) + QStringList{"Button"};
-    std::reverse(expected.begin(), expected.end());
-    expected = QStringList{"Text", "Text > two", "Text > one"} + expected;
-    const QStringList stops = TabStops::walk(window, Qt::Key_Backtab);
-    QCOMPARE(stops.join('|'), expected.join('|'));
-}
-
-void KeyboardFocusFrameTest::hiddenFromMouseUsers()
-{
-    CardWindow window(1);
-    QVERIFY(window.showWithSize(large));
-    QVERIFY(!window.frame->isVisible());
-    QTest::mouseClick(window.button, Qt::LeftButton);
-    QCOMPARE(QApplication::focusWidget(), window.button);
-    QVERIFY(!window.frame->isVisible());
-    QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
-    QVERIFY(window.frame->isVisible());
-    QTest::mouseClick(window.button, Qt::LeftButton);
-    QVERIFY(!window.frame->isVisible());
-}
-
-void KeyboardFocusFrameTest::goesWithTheFocus()
-{
-    CardWindow window(1);
-    QVERIFY(window.showWithSize(large));
-    window.button->setFocus(Qt::TabFocusReason);
-    QVERIFY(window.frame->isVisible());
-    window.button->clearFocus();
-    QVERIFY(!window.frame->isVisible());
-    window.button->setFocus(Qt::TabFocusReason);
-    window.button->hide();
-    QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
-    window.button->show();
-    QVERIFY(window.frame->geometry() != window.around(*window.button));
-
-    QPushButton other("Another window");
-    window.button->setFocus(Qt::TabFocusReason);
-    other.show();
-    QVERIFY(eventuallyActive(&other));
-    EVENTUALLY_VERIFY(!window.frame->isVisible());
-}
-
-void KeyboardFocusFrameTest::isBroughtIntoSight_data()
-{
-    columns<int>("key");
-
-    row("forwards", int(Qt::Key_Tab));
-    row("backwards", int(Qt::Key_Backtab));
-}
-
-void KeyboardFocusFrameTest::isBroughtIntoSight()
-{
-    QFETCH(int, key);
-    CardWindow window(3);
-    QVERIFY(window.showWithSize(small));
-    constexpr int all = 3 * 17 + 1;
-    for (int i = 0; i < all; ++i) {
-        QTest::keyClick(window.windowHandle(), static_cast<Qt::Key>(key));
-        const QWidget *control = QApplication::focusWidget();
-        const QRect place(control->mapTo(&window, QPoint()), control->size());
-        QVERIFY2(!window.column->isAncestorOf(control) || window.sight().contains(place),
-                 qPrintable(TabStops::focused()));
-        QCOMPARE(window.frame->geometry() & window.around(*control), window.frame->geometry());
+    void everyStopIsSeenInOrder()
+    {
+        CardWindow window(2);
+        QVERIFY(window.showWithSize(large));
+        QStringList unseen;
+        const QStringList stops = TabStops::walk(window, Qt::Key_Tab, &unseen);
+        const QStringList expected = TabStops::ofCard("18.11.1", {}, true) +
+                                     TabStops::ofCard("20.5.0", {}, true) +
+                                     QStringList{"Button", "Text", "Text > one", "Text > two"};
+        QCOMPARE(stops.join('|'), expected.join('|'));
+        QCOMPARE(unseen.join(", "), QString());
     }
-}
 
-void KeyboardFocusFrameTest::followsTheControl()
-{
-    CardWindow window(2);
-    QVERIFY(window.showWithSize(large));
-    auto *list = window.column->findChild<QListWidget *>("lwVsVersion");
-    list->setFocus(Qt::TabFocusReason);
-    QCOMPARE(window.frame->geometry(), window.around(*list));
-    const QRect before = window.frame->geometry();
-    window.resize(large.width() + 200, large.height());
-    EVENTUALLY_VERIFY(window.around(*list) != before);
-    EVENTUALLY_COMPARE(window.frame->geometry(), window.around(*list));
-}
+    void backwards()
+    {
+        CardWindow window(2);
+        QVERIFY(window.showWithSize(large));
+        QStringList expected = TabStops::ofCard("18.11.1", {}, true) + TabStops::ofCard("20.5.0", {}, true) +
+                               QStringList{"Button"};
+        std::reverse(expected.begin(), expected.end());
+        expected = QStringList{"Text", "Text > two", "Text > one"} + expected;
+        const QStringList stops = TabStops::walk(window, Qt::Key_Backtab);
+        QCOMPARE(stops.join('|'), expected.join('|'));
+    }
 
-void KeyboardFocusFrameTest::isCutOffWithTheControl()
-{
-    CardWindow window(3);
-    QVERIFY(window.showWithSize(small));
-    auto *number = window.column->findChild<QPushButton *>("pbMajor");
-    number->setFocus(Qt::TabFocusReason);
-    QScrollBar *bar = window.area->verticalScrollBar();
-    bar->setValue(number->height() / 2);
-    QVERIFY(window.frame->isVisible());
-    QCOMPARE(window.frame->geometry(), window.around(*number) & window.sight());
-    bar->setValue(bar->maximum());
-    QVERIFY(window.frame->geometry().isEmpty() || !window.frame->isVisible());
-}
-
-void KeyboardFocusFrameTest::takesNoClicks()
-{
-    CardWindow window(1);
-    QVERIFY(window.showWithSize(large));
-    window.button->setFocus(Qt::TabFocusReason);
-    QSignalSpy clicked(window.button, &QPushButton::clicked);
-    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier,
-                      window.around(*window.button).center());
-    QCOMPARE(clicked.size(), 1);
-}
-
-/// Partial repaints while the focus moves must give the same picture as a full repaint.
-void KeyboardFocusFrameTest::leavesNoTraces()
-{
-    CardWindow window(1);
-    QVERIFY(window.showWithSize(large));
-    for (int i = 0; i < 17; ++i) {
+    void hiddenFromMouseUsers()
+    {
+        CardWindow window(1);
+        QVERIFY(window.showWithSize(large));
+        QVERIFY(!window.frame->isVisible());
+        QTest::mouseClick(window.button, Qt::LeftButton);
+        QCOMPARE(QApplication::focusWidget(), window.button);
+        QVERIFY(!window.frame->isVisible());
         QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
-        QCoreApplication::processEvents();
-        const QImage shown = window.screen()->grabWindow(window.winId()).toImage();
-        const QImage drawnAnew = window.grab().toImage();
-        QVERIFY2(shown.convertToFormat(QImage::Format_RGB32) ==
-                     drawnAnew.convertToFormat(QImage::Format_RGB32),
-                 qPrintable(TabStops::focused()));
+        QVERIFY(window.frame->isVisible());
+        QTest::mouseClick(window.button, Qt::LeftButton);
+        QVERIFY(!window.frame->isVisible());
     }
-}
+
+    void goesWithTheFocus()
+    {
+        CardWindow window(1);
+        QVERIFY(window.showWithSize(large));
+        window.button->setFocus(Qt::TabFocusReason);
+        QVERIFY(window.frame->isVisible());
+        window.button->clearFocus();
+        QVERIFY(!window.frame->isVisible());
+        window.button->setFocus(Qt::TabFocusReason);
+        window.button->hide();
+        QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+        window.button->show();
+        QVERIFY(window.frame->geometry() != window.around(*window.button));
+
+        QPushButton other("Another window");
+        window.button->setFocus(Qt::TabFocusReason);
+        other.show();
+        QVERIFY(eventuallyActive(&other));
+        EVENTUALLY_VERIFY(!window.frame->isVisible());
+    }
+
+    void isBroughtIntoSight_data()
+    {
+        columns<int>("key");
+
+        row("forwards", int(Qt::Key_Tab));
+        row("backwards", int(Qt::Key_Backtab));
+    }
+
+    void isBroughtIntoSight()
+    {
+        QFETCH(int, key);
+        CardWindow window(3);
+        QVERIFY(window.showWithSize(small));
+        constexpr int all = 3 * 17 + 1;
+        for (int i = 0; i < all; ++i) {
+            QTest::keyClick(window.windowHandle(), static_cast<Qt::Key>(key));
+            const QWidget *control = QApplication::focusWidget();
+            const QRect place(control->mapTo(&window, QPoint()), control->size());
+            QVERIFY2(!window.column->isAncestorOf(control) || window.sight().contains(place),
+                     qPrintable(TabStops::focused()));
+            QCOMPARE(window.frame->geometry() & window.around(*control), window.frame->geometry());
+        }
+    }
+
+    void followsTheControl()
+    {
+        CardWindow window(2);
+        QVERIFY(window.showWithSize(large));
+        auto *list = window.column->findChild<QListWidget *>("lwVsVersion");
+        list->setFocus(Qt::TabFocusReason);
+        QCOMPARE(window.frame->geometry(), window.around(*list));
+        const QRect before = window.frame->geometry();
+        window.resize(large.width() + 200, large.height());
+        EVENTUALLY_VERIFY(window.around(*list) != before);
+        EVENTUALLY_COMPARE(window.frame->geometry(), window.around(*list));
+    }
+
+    void isCutOffWithTheControl()
+    {
+        CardWindow window(3);
+        QVERIFY(window.showWithSize(small));
+        auto *number = window.column->findChild<QPushButton *>("pbMajor");
+        number->setFocus(Qt::TabFocusReason);
+        QScrollBar *bar = window.area->verticalScrollBar();
+        bar->setValue(number->height() / 2);
+        QVERIFY(window.frame->isVisible());
+        QCOMPARE(window.frame->geometry(), window.around(*number) & window.sight());
+        bar->setValue(bar->maximum());
+        QVERIFY(window.frame->geometry().isEmpty() || !window.frame->isVisible());
+    }
+
+    void takesNoClicks()
+    {
+        CardWindow window(1);
+        QVERIFY(window.showWithSize(large));
+        window.button->setFocus(Qt::TabFocusReason);
+        QSignalSpy clicked(window.button, &QPushButton::clicked);
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                          window.around(*window.button).center());
+        QCOMPARE(clicked.size(), 1);
+    }
+
+    /// Partial repaints while the focus moves must give the same picture as a full repaint.
+    void leavesNoTraces()
+    {
+        CardWindow window(1);
+        QVERIFY(window.showWithSize(large));
+        for (int i = 0; i < 17; ++i) {
+            QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+            QCoreApplication::processEvents();
+            const QImage shown = window.screen()->grabWindow(window.winId()).toImage();
+            const QImage drawnAnew = window.grab().toImage();
+            QVERIFY2(shown.convertToFormat(QImage::Format_RGB32) ==
+                         drawnAnew.convertToFormat(QImage::Format_RGB32),
+                     qPrintable(TabStops::focused()));
+        }
+    }
+};
 
 QTEST_MAIN(KeyboardFocusFrameTest)
 

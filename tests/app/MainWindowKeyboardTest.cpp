@@ -20,143 +20,127 @@ class MainWindowKeyboardTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void tabStops();
-    void startsOutsideTheCards();
-    void pageKeysScroll();
-    void focusIsBroughtIntoSight();
-    void controlsHaveNames();
-    void cardsKeepTheirShape_data();
-    void cardsKeepTheirShape();
-};
+    void initTestCase() { setApplicationIdentity(); }
 
-void MainWindowKeyboardTest::initTestCase()
-{
-    setApplicationIdentity();
-}
+    void init() { WindowMachine::clear(); }
 
-void MainWindowKeyboardTest::init()
-{
-    WindowMachine::clear();
-}
+    void tabStops()
+    {
+        const QTemporaryDir directory;
+        WindowMachine::install("13.0");
+        WindowMachine::install("20.05-Progress", QDir::toNativeSeparators(directory.path()));
+        MainWindow window;
+        window.show();
+        QVERIFY(eventuallyActive(&window));
+        QStringList unseen;
+        const QStringList stops = TabStops::walk(window, Qt::Key_Tab, &unseen);
 
-void MainWindowKeyboardTest::tabStops()
-{
-    const QTemporaryDir directory;
-    WindowMachine::install("13.0");
-    WindowMachine::install("20.05-Progress", QDir::toNativeSeparators(directory.path()));
-    MainWindow window;
-    window.show();
-    QVERIFY(eventuallyActive(&window));
-    QStringList unseen;
-    const QStringList stops = TabStops::walk(window, Qt::Key_Tab, &unseen);
-
-    const QString link = "Details > " + QDir::toNativeSeparators(directory.path());
-    const QStringList expected =
-        TabStops::ofCard("13.0.0", {}, false) + TabStops::ofCard("20.5.0 Progress", {link}, false) +
-        QStringList{"Enable HALCON Update Checks",
-                    "Enable Corvanta for HALCON Update Checks",
-                    "About this program",
-                    "About this program > http://www." + MakerAddresses::webDomain() + "/",
-                    "About this program > " + MakerAddresses::shop(),
-                    "About this program > feedback"};
-    QCOMPARE(stops.join('|'), expected.join('|'));
-    QCOMPARE(unseen.join(", "), QString());
-}
-
-/// At first the focus is where Space starts nothing.
-void MainWindowKeyboardTest::startsOutsideTheCards()
-{
-    WindowMachine::install("13.0");
-    MainWindow window;
-    window.show();
-    QVERIFY(eventuallyActive(&window));
-    QCOMPARE(QApplication::focusWidget(), window.findChild<QWidget *>("saHalconVersions"));
-    QVERIFY(!window.findChild<KeyboardFocusFrame *>()->isVisible());
-}
-
-void MainWindowKeyboardTest::pageKeysScroll()
-{
-    for (const char *version : {"12.0", "13.0", "14.0", "17.12", "18.11", "20.11"}) {
-        WindowMachine::install(version);
+        const QString link = "Details > " + QDir::toNativeSeparators(directory.path());
+        const QStringList expected =
+            TabStops::ofCard("13.0.0", {}, false) + TabStops::ofCard("20.5.0 Progress", {link}, false) +
+            QStringList{"Enable HALCON Update Checks",
+                        "Enable Corvanta for HALCON Update Checks",
+                        "About this program",
+                        "About this program > http://www." + MakerAddresses::webDomain() + "/",
+                        "About this program > " + MakerAddresses::shop(),
+                        "About this program > feedback"};
+        QCOMPARE(stops.join('|'), expected.join('|'));
+        QCOMPARE(unseen.join(", "), QString());
     }
-    MainWindow window;
-    window.showNormal();
-    window.resize(1000, 500);
-    QVERIFY(eventuallyActive(&window));
-    const QScrollBar *bar = window.findChild<QScrollArea *>("saHalconVersions")->verticalScrollBar();
-    EVENTUALLY_VERIFY(bar->maximum() > 0);
-    QTest::keyClick(window.windowHandle(), Qt::Key_PageDown);
-    QVERIFY(bar->value() > 0);
-}
 
-void MainWindowKeyboardTest::focusIsBroughtIntoSight()
-{
-    for (const char *version : {"12.0", "13.0", "14.0", "17.12"}) {
-        WindowMachine::install(version);
+    /// At first the focus is where Space starts nothing.
+    void startsOutsideTheCards()
+    {
+        WindowMachine::install("13.0");
+        MainWindow window;
+        window.show();
+        QVERIFY(eventuallyActive(&window));
+        QCOMPARE(QApplication::focusWidget(), window.findChild<QWidget *>("saHalconVersions"));
+        QVERIFY(!window.findChild<KeyboardFocusFrame *>()->isVisible());
     }
-    MainWindow window;
-    window.showNormal();
-    window.resize(1000, 400);
-    QVERIFY(eventuallyActive(&window));
-    const QWidget *area = window.findChild<QScrollArea *>("saHalconVersions")->viewport();
-    const QRect sight(area->mapTo(&window, QPoint()), area->size());
-    constexpr int cards = 4;
-    constexpr int stopsOfCard = 16;
-    // Backwards, because then the focus enters the cards from outside the scroll area.
-    for (int i = 0; i < cards * stopsOfCard; ++i) {
-        QTest::keyClick(window.windowHandle(), Qt::Key_Backtab);
-        const QWidget *control = QApplication::focusWidget();
-        if (area->isAncestorOf(control)) {
-            QVERIFY2(sight.contains(QRect(control->mapTo(&window, QPoint()), control->size())),
-                     qPrintable(TabStops::focused()));
+
+    void pageKeysScroll()
+    {
+        for (const char *version : {"12.0", "13.0", "14.0", "17.12", "18.11", "20.11"}) {
+            WindowMachine::install(version);
+        }
+        MainWindow window;
+        window.showNormal();
+        window.resize(1000, 500);
+        QVERIFY(eventuallyActive(&window));
+        const QScrollBar *bar = window.findChild<QScrollArea *>("saHalconVersions")->verticalScrollBar();
+        EVENTUALLY_VERIFY(bar->maximum() > 0);
+        QTest::keyClick(window.windowHandle(), Qt::Key_PageDown);
+        QVERIFY(bar->value() > 0);
+    }
+
+    void focusIsBroughtIntoSight()
+    {
+        for (const char *version : {"12.0", "13.0", "14.0", "17.12"}) {
+            WindowMachine::install(version);
+        }
+        MainWindow window;
+        window.showNormal();
+        window.resize(1000, 400);
+        QVERIFY(eventuallyActive(&window));
+        const QWidget *area = window.findChild<QScrollArea *>("saHalconVersions")->viewport();
+        const QRect sight(area->mapTo(&window, QPoint()), area->size());
+        constexpr int cards = 4;
+        constexpr int stopsOfCard = 16;
+        // Backwards, because then the focus enters the cards from outside the scroll area.
+        for (int i = 0; i < cards * stopsOfCard; ++i) {
+            QTest::keyClick(window.windowHandle(), Qt::Key_Backtab);
+            const QWidget *control = QApplication::focusWidget();
+            if (area->isAncestorOf(control)) {
+                QVERIFY2(sight.contains(QRect(control->mapTo(&window, QPoint()), control->size())),
+                         qPrintable(TabStops::focused()));
+            }
         }
     }
-}
 
-void MainWindowKeyboardTest::controlsHaveNames()
-{
-    WindowMachine::install("13.0");
-    WindowMachine::install("20.11-Progress");
-    MainWindow window;
-    window.show();
-    QVERIFY(eventuallyActive(&window));
-    QTest::keyClick(&window, Qt::Key_F4);
-    const QStringList names = accessibleControls(window);
-    QCOMPARE(names.filter(QRegularExpression("^<")).join(", "), QString());
-    constexpr int stopsOfCard = 16;
-    constexpr int others = 2 + 1 + 3; // options, footer, recent programs
-    QCOMPARE(names.size(), 2 * stopsOfCard + others);
-}
-
-void MainWindowKeyboardTest::cardsKeepTheirShape_data()
-{
-    columns<QStringList>("versions");
-
-    row("two", QStringList{"13.0", "20.05-Progress"});
-    row("eight", QStringList{"9.0", "10.0", "11.0", "12.0", "13.0", "17.12", "18.11", "20.05-Progress"});
-}
-
-void MainWindowKeyboardTest::cardsKeepTheirShape()
-{
-    QFETCH(QStringList, versions);
-    for (const QString &version : versions) {
-        WindowMachine::install(version);
+    void controlsHaveNames()
+    {
+        WindowMachine::install("13.0");
+        WindowMachine::install("20.11-Progress");
+        MainWindow window;
+        window.show();
+        QVERIFY(eventuallyActive(&window));
+        QTest::keyClick(&window, Qt::Key_F4);
+        const QStringList names = accessibleControls(window);
+        QCOMPARE(names.filter(QRegularExpression("^<")).join(", "), QString());
+        constexpr int stopsOfCard = 16;
+        constexpr int others = 2 + 1 + 3; // options, footer, recent programs
+        QCOMPARE(names.size(), 2 * stopsOfCard + others);
     }
-    MainWindow window;
-    window.showNormal();
-    window.resize(1366, 700);
-    QVERIFY(eventuallyExposed(&window));
-    QCoreApplication::processEvents();
-    const auto cards = window.findChildren<SingleHalconVersionFrame *>();
-    QCOMPARE(cards.size(), versions.size());
-    for (const SingleHalconVersionFrame *card : cards) {
-        QCOMPARE(CardShape::faults(*card).join('\n'), QString());
+
+    void cardsKeepTheirShape_data()
+    {
+        columns<QStringList>("versions");
+
+        row("two", QStringList{"13.0", "20.05-Progress"});
+        row("eight", QStringList{"9.0", "10.0", "11.0", "12.0", "13.0", "17.12", "18.11", "20.05-Progress"});
     }
-    QCOMPARE(cards.first()->geometry().top(), 0);
-    QVERIFY(cards.at(1)->geometry().top() < 200);
-}
+
+    void cardsKeepTheirShape()
+    {
+        QFETCH(QStringList, versions);
+        for (const QString &version : versions) {
+            WindowMachine::install(version);
+        }
+        MainWindow window;
+        window.showNormal();
+        window.resize(1366, 700);
+        QVERIFY(eventuallyExposed(&window));
+        QCoreApplication::processEvents();
+        const auto cards = window.findChildren<SingleHalconVersionFrame *>();
+        QCOMPARE(cards.size(), versions.size());
+        for (const SingleHalconVersionFrame *card : cards) {
+            QCOMPARE(CardShape::faults(*card).join('\n'), QString());
+        }
+        QCOMPARE(cards.first()->geometry().top(), 0);
+        QVERIFY(cards.at(1)->geometry().top() < 200);
+    }
+};
 
 QTEST_MAIN(MainWindowKeyboardTest)
 

@@ -57,162 +57,155 @@ private slots:
     void initTestCase() { setApplicationIdentity(); }
     void init() { machine = std::make_unique<UpdateMachine>(); }
     void cleanup() { machine.reset(); }
-    void cardsTellOfUpdates();
-    void comparingAgainAddsNoSecondLine();
-    void failuresGoToTheLog_data();
-    void failuresGoToTheLog();
-    void comparingWithoutADownload();
-    void dialogTellsOfANewProgram();
-    void oldProgramIsNoNews_data();
-    void oldProgramIsNoNews();
+
+    void cardsTellOfUpdates()
+    {
+        install("17.12");
+        install("20.11");
+        install("20.11-Progress");
+        install("18.11-Progress");
+        machine->server.setAnswer(
+            releaseList,
+            WebAnswer::ok(listOf({release("13.0", "3", "steady"), release("20.11", "0", "steady"),
+                                  release("20.11", "2", "progress"), release("18.11", "5", "steady")})));
+        Registry::setString(settingsKey, updateCheckHalcon, "true");
+        const MainWindow window;
+        QMap<QString, QString> before;
+        for (const QString version :
+             {"13.0.0", "17.12.0", "20.11.0", "20.11.0 Progress", "18.11.0 Progress"}) {
+            before.insert(version, details(window, version)->toHtml());
+        }
+        const auto now = [&](const QString &version) { return details(window, version)->toHtml(); };
+        EVENTUALLY_VERIFY(now("20.11.0 Progress") != before.value("20.11.0 Progress"));
+
+        const auto updated = [&](const QString &version, const QString &latest) {
+            return digested(withUpdate(before.value(version), latest), *details(window, version));
+        };
+        QCOMPARE(now("13.0.0"), updated("13.0.0", "13.0.3"));
+        QCOMPARE(now("20.11.0 Progress"), updated("20.11.0 Progress", "20.11.2"));
+        QCOMPARE(now("20.11.0"), before.value("20.11.0"));
+        QCOMPARE(now("17.12.0"), before.value("17.12.0"));
+        QCOMPARE(now("18.11.0 Progress"), before.value("18.11.0 Progress"));
+
+        // Kept for each card for which a release is published, newer or not.
+        const auto kept = [&](const QString &version) {
+            return details(window, version)->property("cachedHtml");
+        };
+        QCOMPARE(kept("13.0.0"), QVariant(before.value("13.0.0")));
+        QCOMPARE(kept("20.11.0"), QVariant(before.value("20.11.0")));
+        QCOMPARE(kept("17.12.0"), QVariant());
+        QCOMPARE(kept("18.11.0 Progress"), QVariant());
+    }
+
+    void comparingAgainAddsNoSecondLine()
+    {
+        const QTemporaryDir directory;
+        install("13.0", QDir::toNativeSeparators(directory.filePath("a %1 b %2 %3")));
+        machine->server.setAnswer(releaseList, WebAnswer::ok(listOf({release("13.0", "1", "steady")})));
+        MainWindow window;
+        window.show();
+        QVERIFY(eventuallyExposed(&window));
+        QTextBrowser *browser = details(window, "13.0.0");
+        const QString before = browser->toHtml();
+        QVERIFY(before.contains("a %1 b %2 %3"));
+        const QString updated = digested(withUpdate(before, "13.0.1"), *browser);
+        const LogLines log;
+        for (int comparison = 1; comparison <= 3; ++comparison) {
+            click(window, halconBox);
+            EVENTUALLY_COMPARE(log.lines().count("  version: 13.0"), comparison);
+            QCOMPARE(browser->toHtml(), updated);
+            click(window, halconBox);
+        }
+    }
+
+    void failuresGoToTheLog_data()
+    {
+        columns<QString, WebAnswer, QStringList>("option", "answer", "lines");
+
+        row("list missing", updateCheckHalcon, WebAnswer::whole("404 Not Found", "<html>"),
+            QStringList{"Could not parse HALCON versions update information file:",
+                        "  illegal value( offset: 1)"});
+        row("list refused", updateCheckHalcon, WebAnswer::closed(),
+            QStringList{"Could not fetch HALCON versions update information file"});
+        row("program missing", updateCheckCorvanta, WebAnswer::whole("404 Not Found", "<html>"),
+            QStringList{"Could not parse Corvanta for HALCON version update information file"});
+        row("program refused", updateCheckCorvanta, WebAnswer::closed(),
+            QStringList{"Could not fetch Corvanta for HALCON version update information file"});
+    }
+
+    void failuresGoToTheLog()
+    {
+        QFETCH(QString, option);
+        QFETCH(WebAnswer, answer);
+        QFETCH(QStringList, lines);
+        machine->server.setAnswer(releaseList, answer);
+        machine->server.setAnswer(ownRelease, answer);
+        Registry::setString(settingsKey, option, "true");
+        const MainWindow window;
+        const QString before = details(window, "13.0.0")->toHtml();
+        const LogLines log;
+        EVENTUALLY_COMPARE(log.lines(), lines);
+        QCOMPARE(details(window, "13.0.0")->toHtml(), before);
+        QVERIFY(QApplication::activeModalWidget() == nullptr);
+        QCOMPARE(WindowMachine::stored(option), QVariant("true"));
+    }
+
+    void comparingWithoutADownload()
+    {
+        MainWindow window;
+        const LogLines log;
+        window.compareVersionsHalcon();
+        window.compareVersionCorvanta();
+        QCOMPARE(log.lines(),
+                 (QStringList{"Could not fetch HALCON versions update information file",
+                              "Could not fetch Corvanta for HALCON version update information file"}));
+    }
+
+    void dialogTellsOfANewProgram()
+    {
+        machine->server.setAnswer(ownRelease, WebAnswer::ok(newProgram));
+        MainWindow window;
+        window.show();
+        QVERIFY(eventuallyExposed(&window));
+        const OwnRelease release{9999, 0, "<b>%1</b> & more"};
+        const LogLines log;
+        DialogUser<MessageDialog> user([&](MessageDialog &dialog) {
+            QCOMPARE(dialog.windowTitle(), QString("Update available for Corvanta for HALCON"));
+            QVERIFY(dialog.parentWidget() == nullptr);
+            QCOMPARE(dialog.windowModality(), Qt::ApplicationModal);
+            const QString text = dialog.findChild<QTextBrowser *>()->toPlainText();
+            QVERIFY2(text.contains("\nLatest version: 9999.0\n\n%1 & more\n"), qPrintable(text));
+            dialog.close();
+        });
+        click(window, corvantaBox);
+        EVENTUALLY_VERIFY(user.wasUsed());
+        QCOMPARE(log.lines(), QStringList{"MessageDialog: " + ownReleaseHtml(release, projectVersion())});
+        EVENTUALLY_VERIFY(QApplication::activeModalWidget() == nullptr);
+        QVERIFY(window.isVisible());
+    }
+
+    void oldProgramIsNoNews_data()
+    {
+        columns<QByteArray>("version");
+
+        row("the same", QByteArray(R"("major": "1", "minor": "8")"));
+        row("an older one", QByteArray(R"("major": "0", "minor": "99")"));
+    }
+
+    void oldProgramIsNoNews()
+    {
+        QFETCH(QByteArray, version);
+        machine->server.setAnswer(ownRelease, WebAnswer::ok("{\"corvanta-for-halcon\": {" + version + "}}"));
+        Registry::setString(settingsKey, updateCheckCorvanta, "true");
+        const MainWindow window;
+        const LogLines log;
+        // The window receives the signal before the spy.
+        QSignalSpy ended(window.findChild<UpdateCheck *>(), &UpdateCheck::downloaded);
+        QVERIFY(ended.wait(patienceMilliseconds));
+        QCOMPARE(log.lines(), QStringList());
+        QVERIFY(QApplication::activeModalWidget() == nullptr);
+    }
 };
-
-void MainWindowNewsTest::cardsTellOfUpdates()
-{
-    install("17.12");
-    install("20.11");
-    install("20.11-Progress");
-    install("18.11-Progress");
-    machine->server.setAnswer(
-        releaseList,
-        WebAnswer::ok(listOf({release("13.0", "3", "steady"), release("20.11", "0", "steady"),
-                              release("20.11", "2", "progress"), release("18.11", "5", "steady")})));
-    Registry::setString(settingsKey, updateCheckHalcon, "true");
-    const MainWindow window;
-    QMap<QString, QString> before;
-    for (const QString version : {"13.0.0", "17.12.0", "20.11.0", "20.11.0 Progress", "18.11.0 Progress"}) {
-        before.insert(version, details(window, version)->toHtml());
-    }
-    const auto now = [&](const QString &version) { return details(window, version)->toHtml(); };
-    EVENTUALLY_VERIFY(now("20.11.0 Progress") != before.value("20.11.0 Progress"));
-
-    const auto updated = [&](const QString &version, const QString &latest) {
-        return digested(withUpdate(before.value(version), latest), *details(window, version));
-    };
-    QCOMPARE(now("13.0.0"), updated("13.0.0", "13.0.3"));
-    QCOMPARE(now("20.11.0 Progress"), updated("20.11.0 Progress", "20.11.2"));
-    QCOMPARE(now("20.11.0"), before.value("20.11.0"));
-    QCOMPARE(now("17.12.0"), before.value("17.12.0"));
-    QCOMPARE(now("18.11.0 Progress"), before.value("18.11.0 Progress"));
-
-    // Kept for each card for which a release is published, newer or not.
-    const auto kept = [&](const QString &version) {
-        return details(window, version)->property("cachedHtml");
-    };
-    QCOMPARE(kept("13.0.0"), QVariant(before.value("13.0.0")));
-    QCOMPARE(kept("20.11.0"), QVariant(before.value("20.11.0")));
-    QCOMPARE(kept("17.12.0"), QVariant());
-    QCOMPARE(kept("18.11.0 Progress"), QVariant());
-}
-
-void MainWindowNewsTest::comparingAgainAddsNoSecondLine()
-{
-    const QTemporaryDir directory;
-    install("13.0", QDir::toNativeSeparators(directory.filePath("a %1 b %2 %3")));
-    machine->server.setAnswer(releaseList, WebAnswer::ok(listOf({release("13.0", "1", "steady")})));
-    MainWindow window;
-    window.show();
-    QVERIFY(eventuallyExposed(&window));
-    QTextBrowser *browser = details(window, "13.0.0");
-    const QString before = browser->toHtml();
-    QVERIFY(before.contains("a %1 b %2 %3"));
-    const QString updated = digested(withUpdate(before, "13.0.1"), *browser);
-    const LogLines log;
-    for (int comparison = 1; comparison <= 3; ++comparison) {
-        click(window, halconBox);
-        EVENTUALLY_COMPARE(log.lines().count("  version: 13.0"), comparison);
-        QCOMPARE(browser->toHtml(), updated);
-        click(window, halconBox);
-    }
-}
-
-void MainWindowNewsTest::failuresGoToTheLog_data()
-{
-    columns<QString, WebAnswer, QStringList>("option", "answer", "lines");
-
-    row("list missing", updateCheckHalcon, WebAnswer::whole("404 Not Found", "<html>"),
-        QStringList{"Could not parse HALCON versions update information file:",
-                    "  illegal value( offset: 1)"});
-    row("list refused", updateCheckHalcon, WebAnswer::closed(),
-        QStringList{"Could not fetch HALCON versions update information file"});
-    row("program missing", updateCheckCorvanta, WebAnswer::whole("404 Not Found", "<html>"),
-        QStringList{"Could not parse Corvanta for HALCON version update information file"});
-    row("program refused", updateCheckCorvanta, WebAnswer::closed(),
-        QStringList{"Could not fetch Corvanta for HALCON version update information file"});
-}
-
-void MainWindowNewsTest::failuresGoToTheLog()
-{
-    QFETCH(QString, option);
-    QFETCH(WebAnswer, answer);
-    QFETCH(QStringList, lines);
-    machine->server.setAnswer(releaseList, answer);
-    machine->server.setAnswer(ownRelease, answer);
-    Registry::setString(settingsKey, option, "true");
-    const MainWindow window;
-    const QString before = details(window, "13.0.0")->toHtml();
-    const LogLines log;
-    EVENTUALLY_COMPARE(log.lines(), lines);
-    QCOMPARE(details(window, "13.0.0")->toHtml(), before);
-    QVERIFY(QApplication::activeModalWidget() == nullptr);
-    QCOMPARE(WindowMachine::stored(option), QVariant("true"));
-}
-
-void MainWindowNewsTest::comparingWithoutADownload()
-{
-    MainWindow window;
-    const LogLines log;
-    window.compareVersionsHalcon();
-    window.compareVersionCorvanta();
-    QCOMPARE(log.lines(),
-             (QStringList{"Could not fetch HALCON versions update information file",
-                          "Could not fetch Corvanta for HALCON version update information file"}));
-}
-
-void MainWindowNewsTest::dialogTellsOfANewProgram()
-{
-    machine->server.setAnswer(ownRelease, WebAnswer::ok(newProgram));
-    MainWindow window;
-    window.show();
-    QVERIFY(eventuallyExposed(&window));
-    const OwnRelease release{9999, 0, "<b>%1</b> & more"};
-    const LogLines log;
-    DialogUser<MessageDialog> user([&](MessageDialog &dialog) {
-        QCOMPARE(dialog.windowTitle(), QString("Update available for Corvanta for HALCON"));
-        QVERIFY(dialog.parentWidget() == nullptr);
-        QCOMPARE(dialog.windowModality(), Qt::ApplicationModal);
-        const QString text = dialog.findChild<QTextBrowser *>()->toPlainText();
-        QVERIFY2(text.contains("\nLatest version: 9999.0\n\n%1 & more\n"), qPrintable(text));
-        dialog.close();
-    });
-    click(window, corvantaBox);
-    EVENTUALLY_VERIFY(user.wasUsed());
-    QCOMPARE(log.lines(), QStringList{"MessageDialog: " + ownReleaseHtml(release, projectVersion())});
-    EVENTUALLY_VERIFY(QApplication::activeModalWidget() == nullptr);
-    QVERIFY(window.isVisible());
-}
-
-void MainWindowNewsTest::oldProgramIsNoNews_data()
-{
-    columns<QByteArray>("version");
-
-    row("the same", QByteArray(R"("major": "1", "minor": "8")"));
-    row("an older one", QByteArray(R"("major": "0", "minor": "99")"));
-}
-
-void MainWindowNewsTest::oldProgramIsNoNews()
-{
-    QFETCH(QByteArray, version);
-    machine->server.setAnswer(ownRelease, WebAnswer::ok("{\"corvanta-for-halcon\": {" + version + "}}"));
-    Registry::setString(settingsKey, updateCheckCorvanta, "true");
-    const MainWindow window;
-    const LogLines log;
-    // The window receives the signal before the spy.
-    QSignalSpy ended(window.findChild<UpdateCheck *>(), &UpdateCheck::downloaded);
-    QVERIFY(ended.wait(patienceMilliseconds));
-    QCOMPARE(log.lines(), QStringList());
-    QVERIFY(QApplication::activeModalWidget() == nullptr);
-}
 
 QTEST_MAIN(MainWindowNewsTest)
 

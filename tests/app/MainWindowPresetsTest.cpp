@@ -43,97 +43,91 @@ class MainWindowPresetsTest : public QObject {
 
 private slots:
     void initTestCase() { setApplicationIdentity(); }
-    void init();
+
+    void init()
+    {
+        machine = std::make_unique<UpdateMachine>();
+        Registry::removeTree(machineKey);
+    }
+
     void cleanup() { machine.reset(); }
-    void presetHoldsUntilTheUserChooses_data();
-    void presetHoldsUntilTheUserChooses();
-    void presetNumberCounts();
-    void presetChecksAtStart();
-    void choiceIsStoredForTheUserAlone_data();
-    void choiceIsStoredForTheUserAlone();
-};
 
-void MainWindowPresetsTest::init()
-{
-    machine = std::make_unique<UpdateMachine>();
-    Registry::removeTree(machineKey);
-}
-
-void MainWindowPresetsTest::presetHoldsUntilTheUserChooses_data()
-{
-    columns<QString, QString, bool>("preset", "own", "ticked");
-
-    row("nothing", QString(), QString(), false);
-    row("preset on", "true", QString(), true);
-    row("preset off", "false", QString(), false);
-    row("preset on, user's own off", "true", "false", false);
-    row("preset off, user's own on", "false", "true", true);
-}
-
-void MainWindowPresetsTest::presetHoldsUntilTheUserChooses()
-{
-    QFETCH(QString, preset);
-    QFETCH(QString, own);
-    QFETCH(bool, ticked);
-    for (const QString &option : {updateCheckHalcon, updateCheckCorvanta}) {
-        if (!preset.isNull()) {
-            Registry::setString(machineKey, option, preset);
-        }
-        if (!own.isNull()) {
-            Registry::setString(settingsKey, option, own);
-        }
-    }
-    const QStringList before = valuesOf(settingsKey);
+    void presetHoldsUntilTheUserChooses_data()
     {
+        columns<QString, QString, bool>("preset", "own", "ticked");
+
+        row("nothing", QString(), QString(), false);
+        row("preset on", "true", QString(), true);
+        row("preset off", "false", QString(), false);
+        row("preset on, user's own off", "true", "false", false);
+        row("preset off, user's own on", "false", "true", true);
+    }
+
+    void presetHoldsUntilTheUserChooses()
+    {
+        QFETCH(QString, preset);
+        QFETCH(QString, own);
+        QFETCH(bool, ticked);
+        for (const QString &option : {updateCheckHalcon, updateCheckCorvanta}) {
+            if (!preset.isNull()) {
+                Registry::setString(machineKey, option, preset);
+            }
+            if (!own.isNull()) {
+                Registry::setString(settingsKey, option, own);
+            }
+        }
+        const QStringList before = valuesOf(settingsKey);
+        {
+            const MainWindow window;
+            QCOMPARE(isTicked(window, halconBox), ticked);
+            QCOMPARE(isTicked(window, corvantaBox), ticked);
+        }
+        // A preset stays in the machine's settings and can be changed there.
+        QCOMPARE(valuesOf(settingsKey), before);
+        QCOMPARE(Registry::exists(machineKey), !preset.isNull());
+    }
+
+    void presetNumberCounts()
+    {
+        Registry::setDword(machineKey, updateCheckHalcon, 1);
+        Registry::setDword(machineKey, updateCheckCorvanta, 0);
         const MainWindow window;
-        QCOMPARE(isTicked(window, halconBox), ticked);
-        QCOMPARE(isTicked(window, corvantaBox), ticked);
+        QVERIFY(isTicked(window, halconBox));
+        QVERIFY(!isTicked(window, corvantaBox));
     }
-    // A preset stays in the machine's settings and can be changed there.
-    QCOMPARE(valuesOf(settingsKey), before);
-    QCOMPARE(Registry::exists(machineKey), !preset.isNull());
-}
 
-void MainWindowPresetsTest::presetNumberCounts()
-{
-    Registry::setDword(machineKey, updateCheckHalcon, 1);
-    Registry::setDword(machineKey, updateCheckCorvanta, 0);
-    const MainWindow window;
-    QVERIFY(isTicked(window, halconBox));
-    QVERIFY(!isTicked(window, corvantaBox));
-}
-
-void MainWindowPresetsTest::presetChecksAtStart()
-{
-    Registry::setString(machineKey, updateCheckHalcon, "true");
-    const MainWindow window;
-    EVENTUALLY_COMPARE(machine->server.targets(), QList<QByteArray>{releaseList});
-}
-
-void MainWindowPresetsTest::choiceIsStoredForTheUserAlone_data()
-{
-    columns<QString, QString>("preset", "chosen");
-
-    row("switched off", "true", "false");
-    row("switched on", "false", "true");
-}
-
-void MainWindowPresetsTest::choiceIsStoredForTheUserAlone()
-{
-    QFETCH(QString, preset);
-    QFETCH(QString, chosen);
-    Registry::setString(machineKey, updateCheckHalcon, preset);
+    void presetChecksAtStart()
     {
-        MainWindow window;
-        window.show();
-        QVERIFY(eventuallyExposed(&window));
-        click(window, halconBox);
+        Registry::setString(machineKey, updateCheckHalcon, "true");
+        const MainWindow window;
+        EVENTUALLY_COMPARE(machine->server.targets(), QList<QByteArray>{releaseList});
     }
-    QCOMPARE(valuesOf(machineKey), QStringList{updateCheckHalcon + '=' + preset});
-    QCOMPARE(valuesOf(settingsKey), QStringList{updateCheckHalcon + '=' + chosen});
-    const MainWindow again;
-    QCOMPARE(isTicked(again, halconBox), chosen == "true");
-}
+
+    void choiceIsStoredForTheUserAlone_data()
+    {
+        columns<QString, QString>("preset", "chosen");
+
+        row("switched off", "true", "false");
+        row("switched on", "false", "true");
+    }
+
+    void choiceIsStoredForTheUserAlone()
+    {
+        QFETCH(QString, preset);
+        QFETCH(QString, chosen);
+        Registry::setString(machineKey, updateCheckHalcon, preset);
+        {
+            MainWindow window;
+            window.show();
+            QVERIFY(eventuallyExposed(&window));
+            click(window, halconBox);
+        }
+        QCOMPARE(valuesOf(machineKey), QStringList{updateCheckHalcon + '=' + preset});
+        QCOMPARE(valuesOf(settingsKey), QStringList{updateCheckHalcon + '=' + chosen});
+        const MainWindow again;
+        QCOMPARE(isTicked(again, halconBox), chosen == "true");
+    }
+};
 
 QTEST_MAIN(MainWindowPresetsTest)
 

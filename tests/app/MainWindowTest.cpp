@@ -51,305 +51,289 @@ class MainWindowTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void titleAndState();
-    void widgetTree();
-    void bars();
-    void footer();
-    void cardsInOrder();
-    void cardIsOfItsInstallationAndInTheWindow();
-    void optionsAreOffAtFirst();
-    void restoringDoesNotWrite_data();
-    void restoringDoesNotWrite();
-    void changingAnOptionStoresIt_data() { restoringDoesNotWrite_data(); }
-    void changingAnOptionStoresIt();
-    void f12ShowsOneDebugDialog();
-    void keyIsTaken_data();
-    void keyIsTaken();
-    void f4ShowsOneListOfRecentPrograms();
-    void f4PutsTheListInTheMiddle();
-    void f4LeadsToTheSearchLine_data();
-    void f4LeadsToTheSearchLine();
-    void f4ReadsTheListOnce();
-};
-
-void MainWindowTest::initTestCase()
-{
-    setApplicationIdentity();
-    // The requests are not this test's subject.
-    QNetworkProxy::setApplicationProxy(
-        QNetworkProxy(QNetworkProxy::HttpProxy, "127.0.0.1", WebServer::closedPort()));
-}
-
-void MainWindowTest::init()
-{
-    clear();
-    install("13.0");
-}
-
-void MainWindowTest::titleAndState()
-{
-    const MainWindow window;
-    QCOMPARE(window.windowTitle(), "Quorvik Solutions - Corvanta for HALCON " + projectVersion());
-    QCOMPARE(window.windowState(), Qt::WindowStates(Qt::WindowMaximized));
-    QCOMPARE(window.objectName(), QString("MainWindow"));
-    QCOMPARE(window.size(), QSize(834, 621));
-}
-
-void MainWindowTest::widgetTree()
-{
-    const MainWindow window;
-    QCOMPARE(window.centralWidget()->objectName(), QString("centralWidget"));
-    QCOMPARE(describeLayouts(*window.centralWidget()->layout()),
-             (QStringList{"QVBoxLayout verticalLayout spacing 0 margins 0,0,0,0: saHalconVersions | "
-                          "horizontalLayout | textBrowser",
-                          "QHBoxLayout horizontalLayout spacing 6 margins 10,2,10,2: cbUpdateCheckHalcon | "
-                          "cbUpdateCheckCorvanta | spacer 40x20 Expanding/Minimum"}));
-    const QStringList widgets = describeWidgets(*window.centralWidget());
-    for (const char *line :
-         {"QScrollArea saHalconVersions min 150x150 MinimumExpanding/MinimumExpanding in verticalLayout at 0",
-          "QCheckBox cbUpdateCheckHalcon \"Enable HALCON Update Checks\" Minimum/Fixed in horizontalLayout "
-          "at 0",
-          "QCheckBox cbUpdateCheckCorvanta \"Enable Corvanta for HALCON Update Checks\" Minimum/Fixed in "
-          "horizontalLayout at 1",
-          "QTextBrowser textBrowser min 0x50 max 16777215x32 Expanding/MinimumExpanding in verticalLayout at "
-          "2"}) {
-        QVERIFY2(widgets.contains(line), qPrintable(widgets.join('\n')));
+    void initTestCase()
+    {
+        setApplicationIdentity();
+        // The requests are not this test's subject.
+        QNetworkProxy::setApplicationProxy(
+            QNetworkProxy(QNetworkProxy::HttpProxy, "127.0.0.1", WebServer::closedPort()));
     }
 
-    const auto *area = window.findChild<QScrollArea *>("saHalconVersions");
-    QCOMPARE(area->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOn);
-    QCOMPARE(area->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOn);
-    QCOMPARE(area->sizeAdjustPolicy(), QAbstractScrollArea::AdjustToContentsOnFirstShow);
-    QVERIFY(area->widgetResizable());
-    QCOMPARE(area->widget()->layout()->contentsMargins(), QMargins(0, 0, 0, 0));
-    QVERIFY(window.findChild<QWidget *>("scrollAreaWidgetContents") == nullptr);
-}
+    void init()
+    {
+        clear();
+        install("13.0");
+    }
 
-void MainWindowTest::bars()
-{
-    MainWindow window;
-    QCOMPARE(window.menuBar()->objectName(), QString("menuBar"));
-    QVERIFY(window.menuBar()->actions().isEmpty());
-    QCOMPARE(window.statusBar()->objectName(), QString("statusBar"));
-    auto *toolBar = window.findChild<QToolBar *>("mainToolBar");
-    QCOMPARE(window.toolBarArea(toolBar), Qt::TopToolBarArea);
-    window.show();
-    QVERIFY(!toolBar->isVisible());
-}
-
-void MainWindowTest::footer()
-{
-    const MainWindow window;
-    const auto *browser = window.findChild<QWidget *>("centralWidget")
-                              ->findChild<QTextBrowser *>("textBrowser", Qt::FindDirectChildrenOnly);
-    QVERIFY(browser->openExternalLinks());
-    QCOMPARE(browser->styleSheet(),
-             QString("background-color: rgb(57, 159, 255, 100);\nmargin: 4px 10px 0 10px;"));
-    QVERIFY(browser->toPlainText().startsWith("Quorvik Solutions Corvanta for HALCON (" + projectVersion() +
-                                              ") - "));
-}
-
-void MainWindowTest::cardsInOrder()
-{
-    install("20.11-Progress");
-    install("9.0");
-    QCOMPARE(cardTexts(MainWindow()),
-             (QStringList{"9.0.0 (x64-win64)", "13.0.0 (x64-win64)", "20.11.0 Progress (x64-win64)"}));
-}
-
-void MainWindowTest::cardIsOfItsInstallationAndInTheWindow()
-{
-    const MainWindow window;
-    const auto *card = window.findChild<SingleHalconVersionFrame *>();
-    QCOMPARE(card->installation().installDir, QString("C:\\13.0"));
-    QCOMPARE(card->window(), &window);
-}
-
-void MainWindowTest::optionsAreOffAtFirst()
-{
-    const MainWindow window;
-    QVERIFY(!window.findChild<QCheckBox *>("cbUpdateCheckHalcon")->isChecked());
-    QVERIFY(!window.findChild<QCheckBox *>("cbUpdateCheckCorvanta")->isChecked());
-    QVERIFY(!stored(updateCheckHalcon).isValid());
-    QVERIFY(!stored(updateCheckCorvanta).isValid());
-}
-
-void MainWindowTest::restoringDoesNotWrite_data()
-{
-    columns<QString, QString, QString>("key", "checkBox", "otherCheckBox");
-
-    row("HALCON", updateCheckHalcon, "cbUpdateCheckHalcon", "cbUpdateCheckCorvanta");
-    row("program", updateCheckCorvanta, "cbUpdateCheckCorvanta", "cbUpdateCheckHalcon");
-}
-
-void MainWindowTest::restoringDoesNotWrite()
-{
-    QFETCH(QString, key);
-    QFETCH(QString, checkBox);
-    QFETCH(QString, otherCheckBox);
-    // A string that reads as true but differs from what the program writes.
-    Registry::setString(settingsKey, key, "yes");
+    void titleAndState()
     {
         const MainWindow window;
-        QVERIFY(window.findChild<QCheckBox *>(checkBox)->isChecked());
-        QVERIFY(!window.findChild<QCheckBox *>(otherCheckBox)->isChecked());
+        QCOMPARE(window.windowTitle(), "Quorvik Solutions - Corvanta for HALCON " + projectVersion());
+        QCOMPARE(window.windowState(), Qt::WindowStates(Qt::WindowMaximized));
+        QCOMPARE(window.objectName(), QString("MainWindow"));
+        QCOMPARE(window.size(), QSize(834, 621));
     }
-    QCOMPARE(stored(key), QVariant("yes"));
-    QCOMPARE(QSettings(settingsKey, QSettings::NativeFormat).allKeys(), QStringList{key});
-}
 
-void MainWindowTest::changingAnOptionStoresIt()
-{
-    QFETCH(QString, key);
-    QFETCH(QString, checkBox);
-    MainWindow window;
-    window.show();
-    QVERIFY(eventuallyExposed(&window));
-    click(window, checkBox);
-    QCOMPARE(stored(key), QVariant("true"));
-    click(window, checkBox);
-    QCOMPARE(stored(key), QVariant("false"));
-    QCOMPARE(QSettings(settingsKey, QSettings::NativeFormat).allKeys(), QStringList{key});
-}
+    void widgetTree()
+    {
+        const MainWindow window;
+        QCOMPARE(window.centralWidget()->objectName(), QString("centralWidget"));
+        QCOMPARE(
+            describeLayouts(*window.centralWidget()->layout()),
+            (QStringList{"QVBoxLayout verticalLayout spacing 0 margins 0,0,0,0: saHalconVersions | "
+                         "horizontalLayout | textBrowser",
+                         "QHBoxLayout horizontalLayout spacing 6 margins 10,2,10,2: cbUpdateCheckHalcon | "
+                         "cbUpdateCheckCorvanta | spacer 40x20 Expanding/Minimum"}));
+        const QStringList widgets = describeWidgets(*window.centralWidget());
+        for (const char *line :
+             {"QScrollArea saHalconVersions min 150x150 MinimumExpanding/MinimumExpanding in verticalLayout "
+              "at 0",
+              "QCheckBox cbUpdateCheckHalcon \"Enable HALCON Update Checks\" Minimum/Fixed in "
+              "horizontalLayout "
+              "at 0",
+              "QCheckBox cbUpdateCheckCorvanta \"Enable Corvanta for HALCON Update Checks\" Minimum/Fixed in "
+              "horizontalLayout at 1",
+              "QTextBrowser textBrowser min 0x50 max 16777215x32 Expanding/MinimumExpanding in "
+              "verticalLayout at "
+              "2"}) {
+            QVERIFY2(widgets.contains(line), qPrintable(widgets.join('\n')));
+        }
 
-void MainWindowTest::f12ShowsOneDebugDialog()
-{
-    MainWindow window;
-    window.show();
-    QVERIFY(window.findChild<DebugDialog *>() == nullptr);
+        const auto *area = window.findChild<QScrollArea *>("saHalconVersions");
+        QCOMPARE(area->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOn);
+        QCOMPARE(area->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOn);
+        QCOMPARE(area->sizeAdjustPolicy(), QAbstractScrollArea::AdjustToContentsOnFirstShow);
+        QVERIFY(area->widgetResizable());
+        QCOMPARE(area->widget()->layout()->contentsMargins(), QMargins(0, 0, 0, 0));
+        QVERIFY(window.findChild<QWidget *>("scrollAreaWidgetContents") == nullptr);
+    }
 
-    QTest::keyClick(&window, Qt::Key_F12);
-    auto *dialog = window.findChild<DebugDialog *>();
-    QVERIFY(dialog != nullptr);
-    QVERIFY(dialog->isVisible());
-    QVERIFY(!dialog->isModal());
+    void bars()
+    {
+        MainWindow window;
+        QCOMPARE(window.menuBar()->objectName(), QString("menuBar"));
+        QVERIFY(window.menuBar()->actions().isEmpty());
+        QCOMPARE(window.statusBar()->objectName(), QString("statusBar"));
+        auto *toolBar = window.findChild<QToolBar *>("mainToolBar");
+        QCOMPARE(window.toolBarArea(toolBar), Qt::TopToolBarArea);
+        window.show();
+        QVERIFY(!toolBar->isVisible());
+    }
 
-    dialog->close();
-    QTest::keyClick(&window, Qt::Key_F12, Qt::ControlModifier);
-    QCOMPARE(window.findChildren<DebugDialog *>(), QList<DebugDialog *>{dialog});
-    QVERIFY(dialog->isVisible());
-    QTest::keyClick(&window, Qt::Key_F12);
-    QCOMPARE(window.findChildren<DebugDialog *>(), QList<DebugDialog *>{dialog});
-    QVERIFY(dialog->isVisible());
-}
+    void footer()
+    {
+        const MainWindow window;
+        const auto *browser = window.findChild<QWidget *>("centralWidget")
+                                  ->findChild<QTextBrowser *>("textBrowser", Qt::FindDirectChildrenOnly);
+        QVERIFY(browser->openExternalLinks());
+        QCOMPARE(browser->styleSheet(),
+                 QString("background-color: rgb(57, 159, 255, 100);\nmargin: 4px 10px 0 10px;"));
+        QVERIFY(browser->toPlainText().startsWith("Quorvik Solutions Corvanta for HALCON (" +
+                                                  projectVersion() + ") - "));
+    }
 
-void MainWindowTest::keyIsTaken_data()
-{
-    columns<int, int, bool>("key", "modifiers", "isTaken");
+    void cardsInOrder()
+    {
+        install("20.11-Progress");
+        install("9.0");
+        QCOMPARE(cardTexts(MainWindow()),
+                 (QStringList{"9.0.0 (x64-win64)", "13.0.0 (x64-win64)", "20.11.0 Progress (x64-win64)"}));
+    }
 
-    row("F12", int(Qt::Key_F12), int(Qt::NoModifier), true);
-    row("F12 with Ctrl", int(Qt::Key_F12), int(Qt::ControlModifier), true);
-    row("F4", int(Qt::Key_F4), int(Qt::NoModifier), true);
-    row("F4 with Ctrl", int(Qt::Key_F4), int(Qt::ControlModifier), true);
-    row("F11", int(Qt::Key_F11), int(Qt::NoModifier), false);
-    row("Escape", int(Qt::Key_Escape), int(Qt::NoModifier), false);
-    row("letter", int(Qt::Key_D), int(Qt::NoModifier), false);
-}
+    void cardIsOfItsInstallationAndInTheWindow()
+    {
+        const MainWindow window;
+        const auto *card = window.findChild<SingleHalconVersionFrame *>();
+        QCOMPARE(card->installation().installDir, QString("C:\\13.0"));
+        QCOMPARE(card->window(), &window);
+    }
 
-/// The base class ignores a key that it does not use; an accepted event would hide that.
-void MainWindowTest::keyIsTaken()
-{
-    QFETCH(int, key);
-    QFETCH(int, modifiers);
-    MainWindow window;
-    QKeyEvent press(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers));
-    QApplication::sendEvent(&window, &press);
-    QTEST(press.isAccepted(), "isTaken");
-    QCOMPARE(window.findChild<DebugDialog *>() != nullptr, key == Qt::Key_F12);
-    QCOMPARE(window.findChild<RecentProgramsFrame *>() != nullptr, key == Qt::Key_F4);
-}
+    void optionsAreOffAtFirst()
+    {
+        const MainWindow window;
+        QVERIFY(!window.findChild<QCheckBox *>("cbUpdateCheckHalcon")->isChecked());
+        QVERIFY(!window.findChild<QCheckBox *>("cbUpdateCheckCorvanta")->isChecked());
+        QVERIFY(!stored(updateCheckHalcon).isValid());
+        QVERIFY(!stored(updateCheckCorvanta).isValid());
+    }
 
-void MainWindowTest::f4ShowsOneListOfRecentPrograms()
-{
-    MainWindow window;
-    window.show();
-    QVERIFY(window.findChild<RecentProgramsFrame *>() == nullptr);
+    void restoringDoesNotWrite_data()
+    {
+        columns<QString, QString, QString>("key", "checkBox", "otherCheckBox");
 
-    QTest::keyClick(&window, Qt::Key_F4);
-    auto *frame = window.findChild<RecentProgramsFrame *>();
-    QVERIFY(frame != nullptr);
-    QVERIFY(frame->isVisible());
-    QVERIFY(!frame->isWindow());
-    QCOMPARE(frame->parentWidget(), &window);
+        row("HALCON", updateCheckHalcon, "cbUpdateCheckHalcon", "cbUpdateCheckCorvanta");
+        row("program", updateCheckCorvanta, "cbUpdateCheckCorvanta", "cbUpdateCheckHalcon");
+    }
 
-    frame->hide();
-    QTest::keyClick(&window, Qt::Key_F4, Qt::ControlModifier);
-    QCOMPARE(window.findChildren<RecentProgramsFrame *>(), QList<RecentProgramsFrame *>{frame});
-    QVERIFY(frame->isVisible());
-    QTest::keyClick(&window, Qt::Key_F4);
-    QCOMPARE(window.findChildren<RecentProgramsFrame *>(), QList<RecentProgramsFrame *>{frame});
-    QVERIFY(frame->isVisible());
-}
+    void restoringDoesNotWrite()
+    {
+        QFETCH(QString, key);
+        QFETCH(QString, checkBox);
+        QFETCH(QString, otherCheckBox);
+        // A string that reads as true but differs from what the program writes.
+        Registry::setString(settingsKey, key, "yes");
+        {
+            const MainWindow window;
+            QVERIFY(window.findChild<QCheckBox *>(checkBox)->isChecked());
+            QVERIFY(!window.findChild<QCheckBox *>(otherCheckBox)->isChecked());
+        }
+        QCOMPARE(stored(key), QVariant("yes"));
+        QCOMPARE(QSettings(settingsKey, QSettings::NativeFormat).allKeys(), QStringList{key});
+    }
 
-void MainWindowTest::f4PutsTheListInTheMiddle()
-{
-    MainWindow window;
-    window.showNormal();
-    for (const QSize &size : {QSize(900, 700), QSize(1200, 800)}) {
-        window.resize(size);
-        EVENTUALLY_COMPARE(window.size(), size);
+    void changingAnOptionStoresIt_data() { restoringDoesNotWrite_data(); }
+
+    void changingAnOptionStoresIt()
+    {
+        QFETCH(QString, key);
+        QFETCH(QString, checkBox);
+        MainWindow window;
+        window.show();
+        QVERIFY(eventuallyExposed(&window));
+        click(window, checkBox);
+        QCOMPARE(stored(key), QVariant("true"));
+        click(window, checkBox);
+        QCOMPARE(stored(key), QVariant("false"));
+        QCOMPARE(QSettings(settingsKey, QSettings::NativeFormat).allKeys(), QStringList{key});
+    }
+
+    void f12ShowsOneDebugDialog()
+    {
+        MainWindow window;
+        window.show();
+        QVERIFY(window.findChild<DebugDialog *>() == nullptr);
+
+        QTest::keyClick(&window, Qt::Key_F12);
+        auto *dialog = window.findChild<DebugDialog *>();
+        QVERIFY(dialog != nullptr);
+        QVERIFY(dialog->isVisible());
+        QVERIFY(!dialog->isModal());
+
+        dialog->close();
+        QTest::keyClick(&window, Qt::Key_F12, Qt::ControlModifier);
+        QCOMPARE(window.findChildren<DebugDialog *>(), QList<DebugDialog *>{dialog});
+        QVERIFY(dialog->isVisible());
+        QTest::keyClick(&window, Qt::Key_F12);
+        QCOMPARE(window.findChildren<DebugDialog *>(), QList<DebugDialog *>{dialog});
+        QVERIFY(dialog->isVisible());
+    }
+
+    void keyIsTaken_data()
+    {
+        columns<int, int, bool>("key", "modifiers", "isTaken");
+
+        row("F12", int(Qt::Key_F12), int(Qt::NoModifier), true);
+        row("F12 with Ctrl", int(Qt::Key_F12), int(Qt::ControlModifier), true);
+        row("F4", int(Qt::Key_F4), int(Qt::NoModifier), true);
+        row("F4 with Ctrl", int(Qt::Key_F4), int(Qt::ControlModifier), true);
+        row("F11", int(Qt::Key_F11), int(Qt::NoModifier), false);
+        row("Escape", int(Qt::Key_Escape), int(Qt::NoModifier), false);
+        row("letter", int(Qt::Key_D), int(Qt::NoModifier), false);
+    }
+
+    /// The base class ignores a key that it does not use; an accepted event would hide that.
+    void keyIsTaken()
+    {
+        QFETCH(int, key);
+        QFETCH(int, modifiers);
+        MainWindow window;
+        QKeyEvent press(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers));
+        QApplication::sendEvent(&window, &press);
+        QTEST(press.isAccepted(), "isTaken");
+        QCOMPARE(window.findChild<DebugDialog *>() != nullptr, key == Qt::Key_F12);
+        QCOMPARE(window.findChild<RecentProgramsFrame *>() != nullptr, key == Qt::Key_F4);
+    }
+
+    void f4ShowsOneListOfRecentPrograms()
+    {
+        MainWindow window;
+        window.show();
+        QVERIFY(window.findChild<RecentProgramsFrame *>() == nullptr);
+
         QTest::keyClick(&window, Qt::Key_F4);
-        const auto *frame = window.findChild<RecentProgramsFrame *>();
-        QCOMPARE(frame->size(), QSize(400, 178));
-        QCOMPARE(frame->geometry().center(), window.rect().center());
+        auto *frame = window.findChild<RecentProgramsFrame *>();
+        QVERIFY(frame != nullptr);
+        QVERIFY(frame->isVisible());
+        QVERIFY(!frame->isWindow());
+        QCOMPARE(frame->parentWidget(), &window);
+
+        frame->hide();
+        QTest::keyClick(&window, Qt::Key_F4, Qt::ControlModifier);
+        QCOMPARE(window.findChildren<RecentProgramsFrame *>(), QList<RecentProgramsFrame *>{frame});
+        QVERIFY(frame->isVisible());
+        QTest::keyClick(&window, Qt::Key_F4);
+        QCOMPARE(window.findChildren<RecentProgramsFrame *>(), QList<RecentProgramsFrame *>{frame});
+        QVERIFY(frame->isVisible());
     }
-}
 
-void MainWindowTest::f4LeadsToTheSearchLine_data()
-{
-    columns<QString>("from");
-
-    for (const char *name :
-         {"cbUpdateCheckHalcon", "textBrowser", "lwVsVersion", "pbHDevelop", "cbRegCom", "pbOK"}) {
-        row(name, name);
+    void f4PutsTheListInTheMiddle()
+    {
+        MainWindow window;
+        window.showNormal();
+        for (const QSize &size : {QSize(900, 700), QSize(1200, 800)}) {
+            window.resize(size);
+            EVENTUALLY_COMPARE(window.size(), size);
+            QTest::keyClick(&window, Qt::Key_F4);
+            const auto *frame = window.findChild<RecentProgramsFrame *>();
+            QCOMPARE(frame->size(), QSize(400, 178));
+            QCOMPARE(frame->geometry().center(), window.rect().center());
+        }
     }
-}
 
-void MainWindowTest::f4LeadsToTheSearchLine()
-{
-    MainWindow window;
-    window.show();
-    QVERIFY(eventuallyActive(&window));
-    // As from the window system: the key goes to the control with the focus.
-    const auto press = [&](int key) { QTest::keyClick(window.windowHandle(), Qt::Key(key)); };
-    press(Qt::Key_F4);
-    auto *frame = window.findChild<RecentProgramsFrame *>();
-    const QWidget *line = searchLine(*frame);
-    QCOMPARE(QApplication::focusWidget(), line);
-    QFETCH(QString, from);
-    auto *elsewhere = window.findChild<QWidget *>(from);
-    elsewhere->setFocus();
-    QCOMPARE(QApplication::focusWidget(), elsewhere);
+    void f4LeadsToTheSearchLine_data()
+    {
+        columns<QString>("from");
 
-    press(Qt::Key_F4);
+        for (const char *name :
+             {"cbUpdateCheckHalcon", "textBrowser", "lwVsVersion", "pbHDevelop", "cbRegCom", "pbOK"}) {
+            row(name, name);
+        }
+    }
 
-    QCOMPARE(QApplication::focusWidget(), line);
-    press(Qt::Key_Escape);
-    QVERIFY(!frame->isVisible());
-    press(Qt::Key_F4);
-    QVERIFY(frame->isVisible());
-    QCOMPARE(QApplication::focusWidget(), line);
-}
+    void f4LeadsToTheSearchLine()
+    {
+        MainWindow window;
+        window.show();
+        QVERIFY(eventuallyActive(&window));
+        // As from the window system: the key goes to the control with the focus.
+        const auto press = [&](int key) { QTest::keyClick(window.windowHandle(), Qt::Key(key)); };
+        press(Qt::Key_F4);
+        auto *frame = window.findChild<RecentProgramsFrame *>();
+        const QWidget *line = searchLine(*frame);
+        QCOMPARE(QApplication::focusWidget(), line);
+        QFETCH(QString, from);
+        auto *elsewhere = window.findChild<QWidget *>(from);
+        elsewhere->setFocus();
+        QCOMPARE(QApplication::focusWidget(), elsewhere);
 
-void MainWindowTest::f4ReadsTheListOnce()
-{
-    const HDevelopSettings settings;
-    settings.writePrograms({"C:\\a.hdev", "C:\\b.hdev"});
-    MainWindow window;
-    window.show();
-    settings.writePrograms({"C:\\b.hdev"});
-    QTest::keyClick(&window, Qt::Key_F4);
-    auto *frame = window.findChild<RecentProgramsFrame *>();
-    QCOMPARE(shownPaths(*frame), QStringList{"C:\\b.hdev"});
+        press(Qt::Key_F4);
 
-    settings.writePrograms({"C:\\c.hdev"});
-    QTest::keyClick(&window, Qt::Key_F4);
-    frame->hide();
-    QTest::keyClick(&window, Qt::Key_F4);
-    QCOMPARE(shownPaths(*frame), QStringList{"C:\\b.hdev"});
-}
+        QCOMPARE(QApplication::focusWidget(), line);
+        press(Qt::Key_Escape);
+        QVERIFY(!frame->isVisible());
+        press(Qt::Key_F4);
+        QVERIFY(frame->isVisible());
+        QCOMPARE(QApplication::focusWidget(), line);
+    }
+
+    void f4ReadsTheListOnce()
+    {
+        const HDevelopSettings settings;
+        settings.writePrograms({"C:\\a.hdev", "C:\\b.hdev"});
+        MainWindow window;
+        window.show();
+        settings.writePrograms({"C:\\b.hdev"});
+        QTest::keyClick(&window, Qt::Key_F4);
+        auto *frame = window.findChild<RecentProgramsFrame *>();
+        QCOMPARE(shownPaths(*frame), QStringList{"C:\\b.hdev"});
+
+        settings.writePrograms({"C:\\c.hdev"});
+        QTest::keyClick(&window, Qt::Key_F4);
+        frame->hide();
+        QTest::keyClick(&window, Qt::Key_F4);
+        QCOMPARE(shownPaths(*frame), QStringList{"C:\\b.hdev"});
+    }
+};
 
 QTEST_MAIN(MainWindowTest)
 

@@ -15,109 +15,100 @@ class MainWindowTextsTest : public QObject {
 
 private slots:
     void initTestCase() { setApplicationIdentity(); }
-    void identity();
-    void addresses();
-    void templateText();
-    void placesAreFilledInTurn();
-    void browserHtmlServesAsTemplate();
-    void noInstallation();
-    void translated();
-};
 
-void MainWindowTextsTest::identity()
-{
-    QCOMPARE(QApplication::applicationName(), QString("Corvanta for HALCON"));
-    QCOMPARE(QApplication::applicationDisplayName(), QString("Corvanta for HALCON"));
-    QCOMPARE(QApplication::applicationVersion(), projectVersion());
-    QCOMPARE(QApplication::organizationName(), QString("Quorvik Solutions"));
-    QCOMPARE(QApplication::organizationDomain(), MakerAddresses::webDomain());
-}
-
-void MainWindowTextsTest::addresses()
-{
-    const QString home = "http://www." + MakerAddresses::webDomain() + "/";
-    QCOMPARE(MakerAddresses::homePage(), home);
-    QCOMPARE(MakerAddresses::contactPage(), home + "contact/");
-    QVERIFY(MakerAddresses::shop().startsWith("http://www."));
-    QVERIFY(MakerAddresses::shop().endsWith("/"));
-    QVERIFY(MakerAddresses::velloxaDownloads().startsWith("http://www."));
-    QVERIFY(MakerAddresses::velloxaDownloads().endsWith("/downloads.html"));
-    QVERIFY(MakerAddresses::feedbackAddress().contains("@"));
-}
-
-void MainWindowTextsTest::templateText()
-{
-    QTextDocument document;
-    document.setHtml(footerTemplate());
-    QCOMPARE(
-        document.toPlainText(),
-        QString(
-            "%1 (%2) - Please find more information about our HALCON services at %3 or our products at %4. "
-            "We are happy to receive feedback from you."));
-    QCOMPARE(document.blockCount(), 1);
-}
-
-void MainWindowTextsTest::placesAreFilledInTurn()
-{
-    QCOMPARE(filledFooter("%1|%2|%3|%3|%4|%5"),
-             "Quorvik Solutions Corvanta for HALCON|" + projectVersion() + "|http://www." +
-                 MakerAddresses::webDomain() + "/|http://www." + MakerAddresses::webDomain() + "/|" +
-                 MakerAddresses::shop() + "|Corvanta%20for%20HALCON%20" + projectVersion());
-}
-
-void MainWindowTextsTest::browserHtmlServesAsTemplate()
-{
-    QTextDocument document;
-    document.setHtml(footerTemplate());
-    document.setHtml(filledFooter(document.toHtml()));
-    QCOMPARE(document.toPlainText(), "Quorvik Solutions Corvanta for HALCON (" + projectVersion() +
-                                         ") - Please find more information about our HALCON services at " +
-                                         MakerAddresses::homePage() + " or our products at " +
-                                         MakerAddresses::shop() +
-                                         ". We are happy to receive feedback from you.");
-
-    QStringList links;
-    const QTextBlock block = document.firstBlock();
-    for (auto fragment = block.begin(); !fragment.atEnd(); ++fragment) {
-        const QTextCharFormat format = fragment.fragment().charFormat();
-        QCOMPARE(format.fontPointSize(), 8.0);
-        if (format.isAnchor()) {
-            links.append(fragment.fragment().text() + " -> " + format.anchorHref());
-            QVERIFY(format.fontUnderline());
-            QCOMPARE(format.foreground().color(), QColor("#0000ff"));
-        }
+    void identity()
+    {
+        QCOMPARE(QApplication::applicationName(), QString("Corvanta for HALCON"));
+        QCOMPARE(QApplication::applicationDisplayName(), QString("Corvanta for HALCON"));
+        QCOMPARE(QApplication::applicationVersion(), projectVersion());
+        QCOMPARE(QApplication::organizationName(), QString("Quorvik Solutions"));
+        QCOMPARE(QApplication::organizationDomain(), MakerAddresses::webDomain());
     }
-    QCOMPARE(links, (QStringList{
-                        MakerAddresses::homePage() + " -> " + MakerAddresses::homePage(),
-                        MakerAddresses::shop() + " -> " + MakerAddresses::shop(),
-                        "feedback -> mailto:" + MakerAddresses::feedbackAddress() +
-                            "?subject=Feedback Corvanta%20for%20HALCON%20" + projectVersion(),
-                    }));
-}
 
-void MainWindowTextsTest::noInstallation()
-{
-    const QString contact = "http://www." + MakerAddresses::webDomain() + "/contact/";
-    QCOMPARE(
-        noInstallationHtml(),
-        "Could not find any HALCON installation. Please install HALCON first.<br><br><hr><small>If you think "
-        "this is an error in this program, please contact us via<br><a href=\"" +
-            contact + "\">" + contact + "</a>.</small>");
-}
+    void addresses()
+    {
+        const QString home = "http://www." + MakerAddresses::webDomain() + "/";
+        QCOMPARE(MakerAddresses::homePage(), home);
+        QCOMPARE(MakerAddresses::contactPage(), home + "contact/");
+        QVERIFY(MakerAddresses::shop().startsWith("http://www."));
+        QVERIFY(MakerAddresses::shop().endsWith("/"));
+        QVERIFY(MakerAddresses::velloxaDownloads().startsWith("http://www."));
+        QVERIFY(MakerAddresses::velloxaDownloads().endsWith("/downloads.html"));
+        QVERIFY(MakerAddresses::feedbackAddress().contains("@"));
+    }
 
-void MainWindowTextsTest::translated()
-{
-    const MarkingTranslator translator;
-    QVERIFY(noInstallationHtml().startsWith("[Could not find any HALCON installation."));
-    QVERIFY(footerTemplate().contains(
-        ">[%1 (%2) - Please find more information about our HALCON services at ]<"));
-    QVERIFY(footerTemplate().contains(">[feedback]<"));
-    QVERIFY(
-        ownReleaseHtml({1, 9, QString()}, "1.8").startsWith("[An updated version of Corvanta for HALCON"));
-    const QString line = updateLine(HalconInstallation(20, 11, 2, 0), "http://x.example/");
-    QVERIFY(line.startsWith("Latest version: 20.11.2 <a "));
-    QVERIFY(line.contains(">[Update available!]<"));
-}
+    void templateText()
+    {
+        QTextDocument document;
+        document.setHtml(footerTemplate());
+        QCOMPARE(document.toPlainText(), QString("%1 (%2) - Please find more information about our HALCON "
+                                                 "services at %3 or our products at %4. "
+                                                 "We are happy to receive feedback from you."));
+        QCOMPARE(document.blockCount(), 1);
+    }
+
+    void placesAreFilledInTurn()
+    {
+        QCOMPARE(filledFooter("%1|%2|%3|%3|%4|%5"),
+                 "Quorvik Solutions Corvanta for HALCON|" + projectVersion() + "|http://www." +
+                     MakerAddresses::webDomain() + "/|http://www." + MakerAddresses::webDomain() + "/|" +
+                     MakerAddresses::shop() + "|Corvanta%20for%20HALCON%20" + projectVersion());
+    }
+
+    void browserHtmlServesAsTemplate()
+    {
+        QTextDocument document;
+        document.setHtml(footerTemplate());
+        document.setHtml(filledFooter(document.toHtml()));
+        QCOMPARE(document.toPlainText(),
+                 "Quorvik Solutions Corvanta for HALCON (" + projectVersion() +
+                     ") - Please find more information about our HALCON services at " +
+                     MakerAddresses::homePage() + " or our products at " + MakerAddresses::shop() +
+                     ". We are happy to receive feedback from you.");
+
+        QStringList links;
+        const QTextBlock block = document.firstBlock();
+        for (auto fragment = block.begin(); !fragment.atEnd(); ++fragment) {
+            const QTextCharFormat format = fragment.fragment().charFormat();
+            QCOMPARE(format.fontPointSize(), 8.0);
+            if (format.isAnchor()) {
+                links.append(fragment.fragment().text() + " -> " + format.anchorHref());
+                QVERIFY(format.fontUnderline());
+                QCOMPARE(format.foreground().color(), QColor("#0000ff"));
+            }
+        }
+        QCOMPARE(links, (QStringList{
+                            MakerAddresses::homePage() + " -> " + MakerAddresses::homePage(),
+                            MakerAddresses::shop() + " -> " + MakerAddresses::shop(),
+                            "feedback -> mailto:" + MakerAddresses::feedbackAddress() +
+                                "?subject=Feedback Corvanta%20for%20HALCON%20" + projectVersion(),
+                        }));
+    }
+
+    void noInstallation()
+    {
+        const QString contact = "http://www." + MakerAddresses::webDomain() + "/contact/";
+        QCOMPARE(noInstallationHtml(),
+                 "Could not find any HALCON installation. Please install HALCON first.<br><br><hr><small>If "
+                 "you think "
+                 "this is an error in this program, please contact us via<br><a href=\"" +
+                     contact + "\">" + contact + "</a>.</small>");
+    }
+
+    void translated()
+    {
+        const MarkingTranslator translator;
+        QVERIFY(noInstallationHtml().startsWith("[Could not find any HALCON installation."));
+        QVERIFY(footerTemplate().contains(
+            ">[%1 (%2) - Please find more information about our HALCON services at ]<"));
+        QVERIFY(footerTemplate().contains(">[feedback]<"));
+        QVERIFY(ownReleaseHtml({1, 9, QString()}, "1.8")
+                    .startsWith("[An updated version of Corvanta for HALCON"));
+        const QString line = updateLine(HalconInstallation(20, 11, 2, 0), "http://x.example/");
+        QVERIFY(line.startsWith("Latest version: 20.11.2 <a "));
+        QVERIFY(line.contains(">[Update available!]<"));
+    }
+};
 
 QTEST_MAIN(MainWindowTextsTest)
 

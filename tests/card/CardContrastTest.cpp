@@ -119,83 +119,76 @@ class CardContrastTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void cleanup();
-    void readable_data();
-    void readable();
-    void menusAndBoxesKeepTheTheme();
-};
+    void cleanup() { QApplication::setPalette(QPalette()); }
 
-void CardContrastTest::cleanup()
-{
-    QApplication::setPalette(QPalette());
-}
+    void readable_data()
+    {
+        columns<QPalette, int>("colours", "major");
 
-void CardContrastTest::readable_data()
-{
-    columns<QPalette, int>("colours", "major");
-
-    const struct {
-        const char *name;
-        QPalette colours;
-    } themes[] = {
-        {"light", theme("#f0f0f0", "#000000", "#ffffff", "#0078d7", "#ffffff")},
-        {"dark", theme("#202020", "#ffffff", "#191919", "#2a82da", "#000000")},
-        {"high contrast black", theme("#000000", "#ffffff", "#000000", "#1aebff", "#000000")},
-        {"high contrast white", theme("#ffffff", "#000000", "#ffffff", "#37006e", "#ffffff")},
-    };
-    for (const auto &each : themes) {
-        for (int major = 7; major <= 14; ++major) {
-            QTest::addRow("%s, HALCON %d", each.name, major) << each.colours << major;
+        const struct {
+            const char *name;
+            QPalette colours;
+        } themes[] = {
+            {"light", theme("#f0f0f0", "#000000", "#ffffff", "#0078d7", "#ffffff")},
+            {"dark", theme("#202020", "#ffffff", "#191919", "#2a82da", "#000000")},
+            {"high contrast black", theme("#000000", "#ffffff", "#000000", "#1aebff", "#000000")},
+            {"high contrast white", theme("#ffffff", "#000000", "#ffffff", "#37006e", "#ffffff")},
+        };
+        for (const auto &each : themes) {
+            for (int major = 7; major <= 14; ++major) {
+                QTest::addRow("%s, HALCON %d", each.name, major) << each.colours << major;
+            }
         }
     }
-}
 
-void CardContrastTest::readable()
-{
-    QFETCH(QPalette, colours);
-    QFETCH(int, major);
-    QApplication::setPalette(colours);
-    const QTemporaryDir directory;
-    HalconInstallation installation(major, 0, 0, 0);
-    installation.arch = "x64-win64";
-    installation.installDir = directory.path();
-    installation.setExampleRoot(directory.filePath("none"));
-    SingleHalconVersionFrame card(installation);
-    CardShape::addVisualStudio(card);
-    card.resize(1600, 163);
-    card.show();
-    QVERIFY(eventuallyActive(&card));
+    void readable()
+    {
+        QFETCH(QPalette, colours);
+        QFETCH(int, major);
+        QApplication::setPalette(colours);
+        const QTemporaryDir directory;
+        HalconInstallation installation(major, 0, 0, 0);
+        installation.arch = "x64-win64";
+        installation.installDir = directory.path();
+        installation.setExampleRoot(directory.filePath("none"));
+        SingleHalconVersionFrame card(installation);
+        CardShape::addVisualStudio(card);
+        card.resize(1600, 163);
+        card.show();
+        QVERIFY(eventuallyActive(&card));
 
-    const double text = 4.5;
-    QVERIFY(texts(card).size() >= 15);
-    QCOMPARE(tooFaint(texts(card), card.grab().toImage(), text), QString());
-    card.findChild<QListWidget *>("lwVsVersion")->setFocus();
-    QCOMPARE(tooFaint(listRows(card), card.grab().toImage(), text), QString());
+        const double text = 4.5;
+        QVERIFY(texts(card).size() >= 15);
+        QCOMPARE(tooFaint(texts(card), card.grab().toImage(), text), QString());
+        card.findChild<QListWidget *>("lwVsVersion")->setFocus();
+        QCOMPARE(tooFaint(listRows(card), card.grab().toImage(), text), QString());
 
-    const auto *box = card.findChild<QCheckBox *>("cbRegCom");
-    const double mark = 3;
-    QCOMPARE(tooFaint({{"check mark", areaInCard(*box, box->rect(), card)}}, card.grab().toImage(), mark),
-             QString());
-}
-
-void CardContrastTest::menusAndBoxesKeepTheTheme()
-{
-    QApplication::setPalette(theme("#000000", "#ffffff", "#000000", "#1aebff", "#000000"));
-    HalconInstallation installation(13, 0, 0, 0);
-    SingleHalconVersionFrame card(installation);
-    card.show();
-    QMessageBox box(QMessageBox::Warning, "Errors", "There were errors", QMessageBox::Ok, &card);
-    box.ensurePolished();
-    QMenu *menu = card.findChild<QPushButton *>("pbHelp")->menu();
-    menu->ensurePolished();
-    for (const QWidget *window : {static_cast<QWidget *>(&box), static_cast<QWidget *>(menu)}) {
-        QCOMPARE(window->palette().color(QPalette::WindowText), QColor(Qt::white));
-        QCOMPARE(window->palette().color(QPalette::Window), QColor(Qt::black));
+        const auto *box = card.findChild<QCheckBox *>("cbRegCom");
+        const double mark = 3;
+        QCOMPARE(tooFaint({{"check mark", areaInCard(*box, box->rect(), card)}}, card.grab().toImage(), mark),
+                 QString());
     }
-    QCOMPARE(box.findChild<QLabel *>("qt_msgbox_label")->palette().color(QPalette::WindowText),
-             QColor(Qt::white));
-    QCOMPARE(card.findChild<QLabel *>("lRegCom")->palette().color(QPalette::WindowText), QColor(Qt::black));
-}
+
+    void menusAndBoxesKeepTheTheme()
+    {
+        QApplication::setPalette(theme("#000000", "#ffffff", "#000000", "#1aebff", "#000000"));
+        HalconInstallation installation(13, 0, 0, 0);
+        SingleHalconVersionFrame card(installation);
+        card.show();
+        QMessageBox box(QMessageBox::Warning, "Errors", "There were errors", QMessageBox::Ok, &card);
+        box.ensurePolished();
+        QMenu *menu = card.findChild<QPushButton *>("pbHelp")->menu();
+        menu->ensurePolished();
+        for (const QWidget *window : {static_cast<QWidget *>(&box), static_cast<QWidget *>(menu)}) {
+            QCOMPARE(window->palette().color(QPalette::WindowText), QColor(Qt::white));
+            QCOMPARE(window->palette().color(QPalette::Window), QColor(Qt::black));
+        }
+        QCOMPARE(box.findChild<QLabel *>("qt_msgbox_label")->palette().color(QPalette::WindowText),
+                 QColor(Qt::white));
+        QCOMPARE(card.findChild<QLabel *>("lRegCom")->palette().color(QPalette::WindowText),
+                 QColor(Qt::black));
+    }
+};
 
 QTEST_MAIN(CardContrastTest)
 

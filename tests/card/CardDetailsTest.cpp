@@ -12,92 +12,86 @@ class CardDetailsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void directories_data();
-    void directories();
-    void release();
-    void otherLinks_data();
-    void otherLinks();
+    void directories_data()
+    {
+        columns<QStringList, QStringList>("there", "paths");
+
+        const QStringList installDir{"\"\nInstallDir: \"",
+                                     "\"D:/HALCON\" bold underlined #0000ff -> file:///installDir"};
+        const QStringList exampleRoot{"\"\nExampleRoot: \"",
+                                      "\"D:/examples\" bold underlined #0000ff -> file:///exampleRoot"};
+        // Of the two remarks only the first is bold.
+        const QStringList noInstallDir{"\"\nInstallDir: D:/HALCON \"", "\"(not found)\" bold #ff0000"};
+        const QStringList noExampleRoot{"\"\nExampleRoot: D:/examples \"", "\"(not found)\" #ff0000"};
+        row("both directories", QStringList{"HALCON", "examples"}, installDir + exampleRoot);
+        row("installation alone", QStringList{"HALCON"}, installDir + noExampleRoot);
+        row("examples alone", QStringList{"examples"}, noInstallDir + exampleRoot);
+        row("neither directory", QStringList(), noInstallDir + noExampleRoot);
+    }
+
+    void directories()
+    {
+        QFETCH(QStringList, there);
+        const QTemporaryDir machine;
+        for (const QString &name : there) {
+            QVERIFY(QDir(machine.path()).mkdir(name));
+        }
+        QTextBrowser browser;
+
+        showDetails(installationIn(machine.filePath("HALCON"), "x64-win64", machine.filePath("examples")),
+                    browser);
+
+        const QStringList runs = richTextRuns(*browser.document()).replaceInStrings(machine.path(), "D:");
+        QCOMPARE(runs.mid(0, 3), (QStringList{"\"Details:\" bold", "\"\nVersion: \"", "\"20.11.1.3\" bold"}));
+        QTEST(QStringList(runs.mid(3)), "paths");
+        QVERIFY(!browser.openLinks());
+    }
+
+    /// Each newer release replaces the one shown before; what is not newer changes nothing.
+    void release()
+    {
+        const HalconInstallation installed = installationIn("C:\\H");
+        QTextBrowser browser;
+        showDetails(installed, browser);
+        const QStringList before = richTextRuns(*browser.document());
+        showRelease(HalconInstallation(20, 11, 1, 2), installed, browser);
+        showRelease(installed, installed, browser);
+        QCOMPARE(richTextRuns(*browser.document()), before);
+
+        for (const HalconInstallation &latest :
+             {HalconInstallation(20, 11, 2, 0), HalconInstallation(20, 11, 3, 0)}) {
+            showRelease(latest, installed, browser);
+            QCOMPARE(richTextRuns(*browser.document()).join('|'),
+                     (before + QStringList{"\"Latest version: " + latest.versionText() + " \"",
+                                           "\"Update available!\" bold underlined #ff0000 -> " +
+                                               MakerAddresses::halconDownloads(),
+                                           "\"\n\""})
+                         .join('|'));
+        }
+        const QStringList newest = richTextRuns(*browser.document());
+        showRelease(installed, installed, browser);
+        QCOMPARE(richTextRuns(*browser.document()), newest);
+    }
+
+    void otherLinks_data()
+    {
+        columns<QUrl>("link");
+
+        row("web", QUrl("http://corvanta.invalid/a%20b?c#d"));
+        row("another word", QUrl("file:///licenseDir"));
+        row("other letter case", QUrl("file:///installdir"));
+        row("longer", QUrl("file:///installDir/"));
+        row("deeper", QUrl("file:///C:/exampleRoot"));
+    }
+
+    void otherLinks()
+    {
+        QFETCH(QUrl, link);
+        const Desktop desktop(link.scheme());
+        openDetailsLink(link, installationIn("C:\\windows"));
+        QCOMPARE(desktop.opened, QList<QUrl>{link});
+    }
 };
-
-void CardDetailsTest::directories_data()
-{
-    columns<QStringList, QStringList>("there", "paths");
-
-    const QStringList installDir{"\"\nInstallDir: \"",
-                                 "\"D:/HALCON\" bold underlined #0000ff -> file:///installDir"};
-    const QStringList exampleRoot{"\"\nExampleRoot: \"",
-                                  "\"D:/examples\" bold underlined #0000ff -> file:///exampleRoot"};
-    // Of the two remarks only the first is bold.
-    const QStringList noInstallDir{"\"\nInstallDir: D:/HALCON \"", "\"(not found)\" bold #ff0000"};
-    const QStringList noExampleRoot{"\"\nExampleRoot: D:/examples \"", "\"(not found)\" #ff0000"};
-    row("both directories", QStringList{"HALCON", "examples"}, installDir + exampleRoot);
-    row("installation alone", QStringList{"HALCON"}, installDir + noExampleRoot);
-    row("examples alone", QStringList{"examples"}, noInstallDir + exampleRoot);
-    row("neither directory", QStringList(), noInstallDir + noExampleRoot);
-}
-
-void CardDetailsTest::directories()
-{
-    QFETCH(QStringList, there);
-    const QTemporaryDir machine;
-    for (const QString &name : there) {
-        QVERIFY(QDir(machine.path()).mkdir(name));
-    }
-    QTextBrowser browser;
-
-    showDetails(installationIn(machine.filePath("HALCON"), "x64-win64", machine.filePath("examples")),
-                browser);
-
-    const QStringList runs = richTextRuns(*browser.document()).replaceInStrings(machine.path(), "D:");
-    QCOMPARE(runs.mid(0, 3), (QStringList{"\"Details:\" bold", "\"\nVersion: \"", "\"20.11.1.3\" bold"}));
-    QTEST(QStringList(runs.mid(3)), "paths");
-    QVERIFY(!browser.openLinks());
-}
-
-/// Each newer release replaces the one shown before; what is not newer changes nothing.
-void CardDetailsTest::release()
-{
-    const HalconInstallation installed = installationIn("C:\\H");
-    QTextBrowser browser;
-    showDetails(installed, browser);
-    const QStringList before = richTextRuns(*browser.document());
-    showRelease(HalconInstallation(20, 11, 1, 2), installed, browser);
-    showRelease(installed, installed, browser);
-    QCOMPARE(richTextRuns(*browser.document()), before);
-
-    for (const HalconInstallation &latest :
-         {HalconInstallation(20, 11, 2, 0), HalconInstallation(20, 11, 3, 0)}) {
-        showRelease(latest, installed, browser);
-        QCOMPARE(richTextRuns(*browser.document()).join('|'),
-                 (before + QStringList{"\"Latest version: " + latest.versionText() + " \"",
-                                       "\"Update available!\" bold underlined #ff0000 -> " +
-                                           MakerAddresses::halconDownloads(),
-                                       "\"\n\""})
-                     .join('|'));
-    }
-    const QStringList newest = richTextRuns(*browser.document());
-    showRelease(installed, installed, browser);
-    QCOMPARE(richTextRuns(*browser.document()), newest);
-}
-
-void CardDetailsTest::otherLinks_data()
-{
-    columns<QUrl>("link");
-
-    row("web", QUrl("http://corvanta.invalid/a%20b?c#d"));
-    row("another word", QUrl("file:///licenseDir"));
-    row("other letter case", QUrl("file:///installdir"));
-    row("longer", QUrl("file:///installDir/"));
-    row("deeper", QUrl("file:///C:/exampleRoot"));
-}
-
-void CardDetailsTest::otherLinks()
-{
-    QFETCH(QUrl, link);
-    const Desktop desktop(link.scheme());
-    openDetailsLink(link, installationIn("C:\\windows"));
-    QCOMPARE(desktop.opened, QList<QUrl>{link});
-}
 
 QTEST_MAIN(CardDetailsTest)
 

@@ -51,101 +51,96 @@ class CardExplorerTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void cleanupTestCase();
-    void directoryLinks_data();
-    void directoryLinks();
-    void clickOnLink_data();
-    void clickOnLink();
+    void initTestCase()
+    {
+        // An aborted run may have left it.
+        QFile::remove(explorer());
+        EchoChild::copyTo(explorer());
+    }
+
+    void cleanupTestCase()
+    {
+        // The program cannot be removed until the child has ended.
+        EVENTUALLY_VERIFY(QFile::remove(explorer()) || !QFile::exists(explorer()));
+    }
+
+    void directoryLinks_data()
+    {
+        columns<QString, QString, QString, QString>("link", "installDir", "exampleRoot", "opened");
+
+        row("installation", "file:///installDir", "C:\\windows", "C:\\users", "C:\\windows");
+        row("examples, with spaces and a backslash at the end", "file:///exampleRoot", "C:\\windows",
+            "C:\\my examples\\", "C:\\my examples\\");
+        row("missing, with signs that mean something to a shell", "file:///installDir",
+            "C:\\A & B 100% %PATH% ^ (x86)", "", "C:\\A & B 100% %PATH% ^ (x86)");
+        row("not ASCII", "file:///installDir", "C:\\Gr\u00f6\u00dfe \u691c\u67fb", "",
+            "C:\\Gr\u00f6\u00dfe \u691c\u67fb");
+        row("forward slashes stay", "file:///exampleRoot", "", "C:/users/Public", "C:/users/Public");
+        row("link with encoded letters", "file:///install%44ir", "C:\\windows", "", "C:\\windows");
+    }
+
+    void directoryLinks()
+    {
+        QFETCH(QString, link);
+        QFETCH(QString, installDir);
+        QFETCH(QString, exampleRoot);
+        QFETCH(QString, opened);
+        SingleHalconVersionFrame card(installationIn(installDir, "x64-win64", exampleRoot));
+        const EchoChild child;
+        const Desktop desktop("file");
+        const MessageBoxes boxes;
+
+        card.textBrowserClick(QUrl(link));
+
+        EchoRecord found;
+        QVERIFY(child.waitForRecord(found));
+        QCOMPARE(QDir::fromNativeSeparators(found.executable), explorer());
+        QCOMPARE(argumentsOf(found.commandLine), QStringList{opened});
+        QCOMPARE(desktop.opened, QList<QUrl>());
+        QCOMPARE(boxes.shown().size(), 0);
+    }
+
+    void clickOnLink_data()
+    {
+        columns<QString>("directory");
+
+        row("installation", "HALCON 20.11");
+        row("examples", "HALCON 20.11 examples");
+    }
+
+    void clickOnLink()
+    {
+        QFETCH(QString, directory);
+        const QTemporaryDir machine;
+        const auto path = [&](const QString &name) {
+            return QDir::toNativeSeparators(machine.filePath(name));
+        };
+        QVERIFY(QDir(machine.path()).mkdir("HALCON 20.11"));
+        QVERIFY(QDir(machine.path()).mkdir("HALCON 20.11 examples"));
+        SingleHalconVersionFrame card(
+            installationIn(path("HALCON 20.11"), "x64-win64", path("HALCON 20.11 examples")));
+        card.show();
+        QVERIFY(eventuallyExposed(&card));
+        auto *details = card.findChild<QTextBrowser *>("textBrowser");
+        const QString html = details->toHtml();
+        const EchoChild child;
+        const Desktop desktop("file");
+
+        clickOn(*details, path(directory));
+
+        EchoRecord found;
+        QVERIFY(child.waitForRecord(found));
+        QCOMPARE(QDir::fromNativeSeparators(found.executable), explorer());
+        QCOMPARE(argumentsOf(found.commandLine), QStringList{path(directory)});
+        // The text browser has not followed the link itself.
+        QCOMPARE(details->toHtml(), html);
+        QCOMPARE(details->source(), QUrl());
+        QCOMPARE(desktop.opened, QList<QUrl>());
+    }
 
 private:
     QString explorer() const { return QCoreApplication::applicationDirPath() + "/explorer.exe"; }
 };
-
-void CardExplorerTest::initTestCase()
-{
-    // An aborted run may have left it.
-    QFile::remove(explorer());
-    EchoChild::copyTo(explorer());
-}
-
-void CardExplorerTest::cleanupTestCase()
-{
-    // The program cannot be removed until the child has ended.
-    EVENTUALLY_VERIFY(QFile::remove(explorer()) || !QFile::exists(explorer()));
-}
-
-void CardExplorerTest::directoryLinks_data()
-{
-    columns<QString, QString, QString, QString>("link", "installDir", "exampleRoot", "opened");
-
-    row("installation", "file:///installDir", "C:\\windows", "C:\\users", "C:\\windows");
-    row("examples, with spaces and a backslash at the end", "file:///exampleRoot", "C:\\windows",
-        "C:\\my examples\\", "C:\\my examples\\");
-    row("missing, with signs that mean something to a shell", "file:///installDir",
-        "C:\\A & B 100% %PATH% ^ (x86)", "", "C:\\A & B 100% %PATH% ^ (x86)");
-    row("not ASCII", "file:///installDir", "C:\\Gr\u00f6\u00dfe \u691c\u67fb", "",
-        "C:\\Gr\u00f6\u00dfe \u691c\u67fb");
-    row("forward slashes stay", "file:///exampleRoot", "", "C:/users/Public", "C:/users/Public");
-    row("link with encoded letters", "file:///install%44ir", "C:\\windows", "", "C:\\windows");
-}
-
-void CardExplorerTest::directoryLinks()
-{
-    QFETCH(QString, link);
-    QFETCH(QString, installDir);
-    QFETCH(QString, exampleRoot);
-    QFETCH(QString, opened);
-    SingleHalconVersionFrame card(installationIn(installDir, "x64-win64", exampleRoot));
-    const EchoChild child;
-    const Desktop desktop("file");
-    const MessageBoxes boxes;
-
-    card.textBrowserClick(QUrl(link));
-
-    EchoRecord found;
-    QVERIFY(child.waitForRecord(found));
-    QCOMPARE(QDir::fromNativeSeparators(found.executable), explorer());
-    QCOMPARE(argumentsOf(found.commandLine), QStringList{opened});
-    QCOMPARE(desktop.opened, QList<QUrl>());
-    QCOMPARE(boxes.shown().size(), 0);
-}
-
-void CardExplorerTest::clickOnLink_data()
-{
-    columns<QString>("directory");
-
-    row("installation", "HALCON 20.11");
-    row("examples", "HALCON 20.11 examples");
-}
-
-void CardExplorerTest::clickOnLink()
-{
-    QFETCH(QString, directory);
-    const QTemporaryDir machine;
-    const auto path = [&](const QString &name) { return QDir::toNativeSeparators(machine.filePath(name)); };
-    QVERIFY(QDir(machine.path()).mkdir("HALCON 20.11"));
-    QVERIFY(QDir(machine.path()).mkdir("HALCON 20.11 examples"));
-    SingleHalconVersionFrame card(
-        installationIn(path("HALCON 20.11"), "x64-win64", path("HALCON 20.11 examples")));
-    card.show();
-    QVERIFY(eventuallyExposed(&card));
-    auto *details = card.findChild<QTextBrowser *>("textBrowser");
-    const QString html = details->toHtml();
-    const EchoChild child;
-    const Desktop desktop("file");
-
-    clickOn(*details, path(directory));
-
-    EchoRecord found;
-    QVERIFY(child.waitForRecord(found));
-    QCOMPARE(QDir::fromNativeSeparators(found.executable), explorer());
-    QCOMPARE(argumentsOf(found.commandLine), QStringList{path(directory)});
-    // The text browser has not followed the link itself.
-    QCOMPARE(details->toHtml(), html);
-    QCOMPARE(details->source(), QUrl());
-    QCOMPARE(desktop.opened, QList<QUrl>());
-}
 
 QTEST_MAIN(CardExplorerTest)
 

@@ -16,96 +16,90 @@ class CardIconsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void icon_data();
-    void icon();
-    void lateIconIsLikeAnyOther_data();
-    void lateIconIsLikeAnyOther();
+    void initTestCase()
+    {
+        // Wine lacks this registry entry of every Windows, and without it shows no program's own icon.
+        Registry::setString(R"(HKEY_LOCAL_MACHINE\Software\Classes\.exe)", QString(), "exefile");
+    }
+
+    void icon_data()
+    {
+        // plain: a program without an icon of its own
+        // shown: whose icon
+        columns<QString, QString, QString, QString>("pictured", "plain", "arch", "shown");
+
+        const QString program = "bin/x64-win64/hdevelop.exe";
+        const QString xl = "bin/x64-win64/hdevelopxl.exe";
+        const QString program32 = "bin/x86sse2-win32/hdevelop.exe";
+        row("its own", program, xl, "x64-win64", program);
+        row("XL has none of its own", xl, "", "x64-win64", "missing.exe");
+        row("of the architecture", program32, program, "x86sse2-win32", program32);
+        row("of the other architecture", program32, program, "x64-win64", program);
+        row("missing", "", "", "x64-win64", "missing.exe");
+    }
+
+    void icon()
+    {
+        QFETCH(QString, pictured);
+        QFETCH(QString, plain);
+        QFETCH(QString, arch);
+        QFETCH(QString, shown);
+        const QTemporaryDir directory;
+        if (!pictured.isEmpty()) {
+            QVERIFY(QDir().mkpath(QFileInfo(directory.filePath(pictured)).path()));
+            QVERIFY(QFile::copy(QStringLiteral(PICTURED_PROGRAM), directory.filePath(pictured)));
+        }
+        if (!plain.isEmpty()) {
+            EchoChild::copyTo(directory.filePath(plain));
+        }
+        const QSize size(64, 52);
+        const QImage expected = fileIcon(directory.filePath(shown), size);
+        QVERIFY(!expected.isNull());
+        const bool ofItsOwn = shown == pictured;
+        QCOMPARE(expected != fileIcon(directory.filePath("missing.exe"), size) &&
+                     expected == fileIcon(PICTURED_PROGRAM, size),
+                 ofItsOwn);
+
+        const SingleHalconVersionFrame card(installationIn(QDir::toNativeSeparators(directory.path()), arch));
+
+        QCOMPARE(shownIcon(*button(card, "pbHDevelop")), expected);
+        QCOMPARE(shownIcon(*button(card, "pbHDevelopXL")), expected);
+    }
+
+    void lateIconIsLikeAnyOther_data()
+    {
+        columns<QSize, QIcon::Mode>("size", "mode");
+
+        row("shown", QSize(64, 52), QIcon::Normal);
+        row("larger", QSize(100, 100), QIcon::Normal);
+        row("smaller", QSize(32, 20), QIcon::Normal);
+        row("disabled", QSize(64, 52), QIcon::Disabled);
+        row("smaller and selected", QSize(20, 32), QIcon::Selected);
+    }
+
+    void lateIconIsLikeAnyOther()
+    {
+        QFETCH(QSize, size);
+        QFETCH(QIcon::Mode, mode);
+        const QSize shownSize(64, 52);
+        const QIcon late = shellIcon(PICTURED_PROGRAM, shownSize);
+        const QIcon other = iconOfItsOwnSize(shellPicture(PICTURED_PROGRAM), shownSize);
+
+        const QImage expected = other.pixmap(size, mode).toImage();
+        QVERIFY(!expected.isNull());
+        QCOMPARE(late.pixmap(size, mode).toImage(), expected);
+        QCOMPARE(QIcon(late).pixmap(size, mode).toImage(), expected);
+
+        QImage paintedLate(size, QImage::Format_ARGB32_Premultiplied);
+        paintedLate.fill(Qt::white);
+        QImage paintedOther = paintedLate;
+        QPainter latePainter(&paintedLate);
+        late.paint(&latePainter, paintedLate.rect(), Qt::AlignCenter, mode);
+        QPainter otherPainter(&paintedOther);
+        other.paint(&otherPainter, paintedOther.rect(), Qt::AlignCenter, mode);
+        QCOMPARE(paintedLate, paintedOther);
+    }
 };
-
-void CardIconsTest::initTestCase()
-{
-    // Wine lacks this registry entry of every Windows, and without it shows no program's own icon.
-    Registry::setString(R"(HKEY_LOCAL_MACHINE\Software\Classes\.exe)", QString(), "exefile");
-}
-
-void CardIconsTest::icon_data()
-{
-    // plain: a program without an icon of its own
-    // shown: whose icon
-    columns<QString, QString, QString, QString>("pictured", "plain", "arch", "shown");
-
-    const QString program = "bin/x64-win64/hdevelop.exe";
-    const QString xl = "bin/x64-win64/hdevelopxl.exe";
-    const QString program32 = "bin/x86sse2-win32/hdevelop.exe";
-    row("its own", program, xl, "x64-win64", program);
-    row("XL has none of its own", xl, "", "x64-win64", "missing.exe");
-    row("of the architecture", program32, program, "x86sse2-win32", program32);
-    row("of the other architecture", program32, program, "x64-win64", program);
-    row("missing", "", "", "x64-win64", "missing.exe");
-}
-
-void CardIconsTest::icon()
-{
-    QFETCH(QString, pictured);
-    QFETCH(QString, plain);
-    QFETCH(QString, arch);
-    QFETCH(QString, shown);
-    const QTemporaryDir directory;
-    if (!pictured.isEmpty()) {
-        QVERIFY(QDir().mkpath(QFileInfo(directory.filePath(pictured)).path()));
-        QVERIFY(QFile::copy(QStringLiteral(PICTURED_PROGRAM), directory.filePath(pictured)));
-    }
-    if (!plain.isEmpty()) {
-        EchoChild::copyTo(directory.filePath(plain));
-    }
-    const QSize size(64, 52);
-    const QImage expected = fileIcon(directory.filePath(shown), size);
-    QVERIFY(!expected.isNull());
-    const bool ofItsOwn = shown == pictured;
-    QCOMPARE(expected != fileIcon(directory.filePath("missing.exe"), size) &&
-                 expected == fileIcon(PICTURED_PROGRAM, size),
-             ofItsOwn);
-
-    const SingleHalconVersionFrame card(installationIn(QDir::toNativeSeparators(directory.path()), arch));
-
-    QCOMPARE(shownIcon(*button(card, "pbHDevelop")), expected);
-    QCOMPARE(shownIcon(*button(card, "pbHDevelopXL")), expected);
-}
-
-void CardIconsTest::lateIconIsLikeAnyOther_data()
-{
-    columns<QSize, QIcon::Mode>("size", "mode");
-
-    row("shown", QSize(64, 52), QIcon::Normal);
-    row("larger", QSize(100, 100), QIcon::Normal);
-    row("smaller", QSize(32, 20), QIcon::Normal);
-    row("disabled", QSize(64, 52), QIcon::Disabled);
-    row("smaller and selected", QSize(20, 32), QIcon::Selected);
-}
-
-void CardIconsTest::lateIconIsLikeAnyOther()
-{
-    QFETCH(QSize, size);
-    QFETCH(QIcon::Mode, mode);
-    const QSize shownSize(64, 52);
-    const QIcon late = shellIcon(PICTURED_PROGRAM, shownSize);
-    const QIcon other = iconOfItsOwnSize(shellPicture(PICTURED_PROGRAM), shownSize);
-
-    const QImage expected = other.pixmap(size, mode).toImage();
-    QVERIFY(!expected.isNull());
-    QCOMPARE(late.pixmap(size, mode).toImage(), expected);
-    QCOMPARE(QIcon(late).pixmap(size, mode).toImage(), expected);
-
-    QImage paintedLate(size, QImage::Format_ARGB32_Premultiplied);
-    paintedLate.fill(Qt::white);
-    QImage paintedOther = paintedLate;
-    QPainter latePainter(&paintedLate);
-    late.paint(&latePainter, paintedLate.rect(), Qt::AlignCenter, mode);
-    QPainter otherPainter(&paintedOther);
-    other.paint(&otherPainter, paintedOther.rect(), Qt::AlignCenter, mode);
-    QCOMPARE(paintedLate, paintedOther);
-}
 
 QTEST_MAIN(CardIconsTest)
 

@@ -9,14 +9,6 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-class CardLaunchTest : public QObject {
-    Q_OBJECT
-
-private slots:
-    void clickStartsHDevelop();
-    void programIsMissing();
-};
-
 namespace {
 
 HalconInstallation installed(const QTemporaryDir &directory)
@@ -27,44 +19,49 @@ HalconInstallation installed(const QTemporaryDir &directory)
 
 } // namespace
 
-void CardLaunchTest::clickStartsHDevelop()
-{
-    const QTemporaryDir directory;
-    const HalconInstallation installation = installed(directory);
-    const QString programs = installation.installDir + "\\bin\\x64-win64\\";
-    EchoChild::copyTo(programs + "hdevelop.exe");
-    EchoChild::copyTo(programs + "hdevelopxl.exe");
-    SingleHalconVersionFrame card(installation);
-    card.show();
-    const EchoChild child;
-    const MessageBoxes boxes;
+class CardLaunchTest : public QObject {
+    Q_OBJECT
 
-    QTest::mouseClick(button(card, "XL"), Qt::LeftButton);
+private slots:
+    void clickStartsHDevelop()
+    {
+        const QTemporaryDir directory;
+        const HalconInstallation installation = installed(directory);
+        const QString programs = installation.installDir + "\\bin\\x64-win64\\";
+        EchoChild::copyTo(programs + "hdevelop.exe");
+        EchoChild::copyTo(programs + "hdevelopxl.exe");
+        SingleHalconVersionFrame card(installation);
+        card.show();
+        const EchoChild child;
+        const MessageBoxes boxes;
 
-    EchoRecord found;
-    QVERIFY(child.waitForRecord(found));
-    QCOMPARE(found.executable, programs + "hdevelopxl.exe");
-    QCOMPARE(receivedVariables(found), expectedVariables(installation));
-    QCOMPARE(boxLines(boxes.shown(), card), QStringList());
-}
+        QTest::mouseClick(button(card, "XL"), Qt::LeftButton);
 
-void CardLaunchTest::programIsMissing()
-{
-    const QTemporaryDir directory;
-    const HalconInstallation installation = installed(directory);
-    EchoChild::copyTo(installation.installDir + "\\bin\\x64-win64\\hdevelopxl.exe");
-    SingleHalconVersionFrame card(installation);
-    card.show();
-    const EchoChild child;
-    const MessageBoxes boxes;
+        EchoRecord found;
+        QVERIFY(child.waitForRecord(found));
+        QCOMPARE(found.executable, programs + "hdevelopxl.exe");
+        QCOMPARE(receivedVariables(found), expectedVariables(installation));
+        QCOMPARE(boxLines(boxes.shown(), card), QStringList());
+    }
 
-    QTest::mouseClick(button(card, "pbHDevelop"), Qt::LeftButton);
+    void programIsMissing()
+    {
+        const QTemporaryDir directory;
+        const HalconInstallation installation = installed(directory);
+        EchoChild::copyTo(installation.installDir + "\\bin\\x64-win64\\hdevelopxl.exe");
+        SingleHalconVersionFrame card(installation);
+        card.show();
+        const EchoChild child;
+        const MessageBoxes boxes;
 
-    QCOMPARE(boxLines(boxes.shown(), card),
-             warningLines("Errors", "There were errors when launching HDevelop 20.11.1.3 (x64-win64):\n" +
-                                        createProcessErrorLine(WindowsError::fileNotFound)));
-    QVERIFY(!child.hasRecord());
-}
+        QTest::mouseClick(button(card, "pbHDevelop"), Qt::LeftButton);
+
+        QCOMPARE(boxLines(boxes.shown(), card),
+                 warningLines("Errors", "There were errors when launching HDevelop 20.11.1.3 (x64-win64):\n" +
+                                            createProcessErrorLine(WindowsError::fileNotFound)));
+        QVERIFY(!child.hasRecord());
+    }
+};
 
 QTEST_MAIN(CardLaunchTest)
 

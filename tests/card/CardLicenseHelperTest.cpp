@@ -14,105 +14,100 @@ class CardLicenseHelperTest : public QObject {
 
 private slots:
     void initTestCase() { setApplicationIdentity(); }
-    void helperCopies();
-    void helperCopiesNothing();
-    void helperFails_data();
-    void helperFails();
-    void helperIsMissing();
-    void writeProtectedFile();
-};
 
-void CardLicenseHelperTest::helperCopies()
-{
-    const LicensedCard machine;
-    machine.files.makeDirectory("H H");
-    const ElevatedHelperProgram helper(COPYING_CHILD_EXECUTABLE);
+    void helperCopies()
+    {
+        const LicensedCard machine;
+        machine.files.makeDirectory("H H");
+        const ElevatedHelperProgram helper(COPYING_CHILD_EXECUTABLE);
 
-    QVERIFY(installThroughCard(machine.card, choose(machine.files.path("license.dat"))));
+        QVERIFY(installThroughCard(machine.card, choose(machine.files.path("license.dat"))));
 
-    QCOMPARE(machine.shown(), installedLines(machine.files.native("H H/license/license.dat")));
-    QCOMPARE(machine.files.read("H H/license/license.dat"), QByteArray("new"));
-}
+        QCOMPARE(machine.shown(), installedLines(machine.files.native("H H/license/license.dat")));
+        QCOMPARE(machine.files.read("H H/license/license.dat"), QByteArray("new"));
+    }
 
-void CardLicenseHelperTest::helperCopiesNothing()
-{
-    const LicensedCard machine;
-    const ElevatedHelperProgram helper;
-    const EchoChild child;
+    void helperCopiesNothing()
+    {
+        const LicensedCard machine;
+        const ElevatedHelperProgram helper;
+        const EchoChild child;
 
-    QVERIFY(installThroughCard(machine.card, choose(machine.files.path("license.dat"))));
+        QVERIFY(installThroughCard(machine.card, choose(machine.files.path("license.dat"))));
 
-    const QString target = machine.files.native("H H/license/license.dat");
-    QCOMPARE(machine.shown(), warningLines("Error", "It seems as if the target license file " + target +
-                                                        " could not be created"));
-    EchoRecord found;
-    QVERIFY(child.waitForRecord(found));
-    QCOMPARE(found.commandLine, '"' + helperExecutablePath() + "\" --copy=\"" + target + "\" \"" +
-                                    machine.files.native("license.dat") + '"');
-}
+        const QString target = machine.files.native("H H/license/license.dat");
+        QCOMPARE(machine.shown(), warningLines("Error", "It seems as if the target license file " + target +
+                                                            " could not be created"));
+        EchoRecord found;
+        QVERIFY(child.waitForRecord(found));
+        QCOMPARE(found.commandLine, '"' + helperExecutablePath() + "\" --copy=\"" + target + "\" \"" +
+                                        machine.files.native("license.dat") + '"');
+    }
 
-void CardLicenseHelperTest::helperFails_data()
-{
-    columns<bool>("dropped"); // and vanished
+    void helperFails_data()
+    {
+        columns<bool>("dropped"); // and vanished
 
-    row("chosen file", false);
-    row("dropped file", true);
-}
+        row("chosen file", false);
+        row("dropped file", true);
+    }
 
-void CardLicenseHelperTest::helperFails()
-{
-    QFETCH(bool, dropped);
-    const EchoChild child; // before the directory for temporary files changes
-    const LicensedCard machine;
-    const ElevatedHelperProgram helper;
-    EchoChild::exitWith(3);
+    void helperFails()
+    {
+        QFETCH(bool, dropped);
+        const EchoChild child; // before the directory for temporary files changes
+        const LicensedCard machine;
+        const ElevatedHelperProgram helper;
+        EchoChild::exitWith(3);
 
-    QVERIFY(installThroughCard(machine.card, dropped ? dropLicense(machine.files.path("license.dat"), false)
+        QVERIFY(installThroughCard(machine.card, dropped
+                                                     ? dropLicense(machine.files.path("license.dat"), false)
                                                      : choose(machine.files.path("license.dat"))));
 
-    QCOMPARE(
-        machine.shown(),
-        warningLines("Error",
+        QCOMPARE(machine.shown(),
+                 warningLines(
+                     "Error",
                      "Errors occured during license file copy:\n"
                      "  helper process returned with value 3. This indicates an error in its execution!"));
-    QVERIFY(child.hasRecord());
-    QCOMPARE(machine.files.temporaryFiles(), QStringList());
-}
+        QVERIFY(child.hasRecord());
+        QCOMPARE(machine.files.temporaryFiles(), QStringList());
+    }
 
-void CardLicenseHelperTest::helperIsMissing()
-{
-    ElevatedHelperProgram::remove();
-    const LicensedCard machine;
-    const ElevatedHelperShellBox shellBox;
+    void helperIsMissing()
+    {
+        ElevatedHelperProgram::remove();
+        const LicensedCard machine;
+        const ElevatedHelperShellBox shellBox;
 
-    QVERIFY(installThroughCard(machine.card, choose(machine.files.path("license.dat"))));
+        QVERIFY(installThroughCard(machine.card, choose(machine.files.path("license.dat"))));
 
-    QCOMPARE(
-        machine.shown(),
-        warningLines("Error",
+        QCOMPARE(machine.shown(),
+                 warningLines(
+                     "Error",
                      "Errors occured during license file copy:\n"
                      "  helper process returned with value -1. This indicates an error in its execution!"));
-}
+    }
 
-/// The user is asked about the directory; it cannot be removed and is still there when the helper reports
-/// success.
-void CardLicenseHelperTest::writeProtectedFile()
-{
-    const LicensedCard machine;
-    machine.files.write("H H/license/license.dat", "old");
-    QVERIFY(machine.files.writeProtect("H H/license/license.dat"));
-    const ElevatedHelperProgram helper;
-    const EchoChild child;
+    /// The user is asked about the directory; it cannot be removed and is still there when the helper reports
+    /// success.
+    void writeProtectedFile()
+    {
+        const LicensedCard machine;
+        machine.files.write("H H/license/license.dat", "old");
+        QVERIFY(machine.files.writeProtect("H H/license/license.dat"));
+        const ElevatedHelperProgram helper;
+        const EchoChild child;
 
-    QVERIFY(installThroughCard(machine.card, choose(machine.files.path("license.dat"))));
+        QVERIFY(installThroughCard(machine.card, choose(machine.files.path("license.dat"))));
 
-    const QString target = machine.files.native("H H/license/license.dat");
-    QCOMPARE(machine.shown(), overwriteLines(target) + installedLines(target));
-    QVERIFY(child.hasRecord());
-    QCOMPARE(machine.files.read("H H/license/license.dat"), QByteArray("old"));
-    QVERIFY(QFile::setPermissions(machine.files.path("H H/license/license.dat"),
-                                  QFile::ReadOwner | QFile::WriteOwner));
-}
+        const QString target = machine.files.native("H H/license/license.dat");
+        QCOMPARE(machine.shown(), overwriteLines(target) + installedLines(target));
+        QVERIFY(child.hasRecord());
+        QCOMPARE(machine.files.read("H H/license/license.dat"), QByteArray("old"));
+        QVERIFY(QFile::setPermissions(machine.files.path("H H/license/license.dat"),
+                                      QFile::ReadOwner | QFile::WriteOwner));
+    }
+};
 
 QTEST_MAIN(CardLicenseHelperTest)
 

@@ -5,68 +5,63 @@ class CardStyleSheetsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void colour_data();
-    void colour();
-    void card();
-    void badge_data();
-    void badge();
+    void colour_data()
+    {
+        columns<int, QString>("major", "colour");
+
+        row("6", 6, "#ffebbd");
+        row("7", 7, "#ffebbd");
+        row("8", 8, "#ccffbd");
+        row("9", 9, "#fefbbe");
+        row("10", 10, "#fed6be");
+        row("11", 11, "#ffbdbd");
+        row("12", 12, "#f3bffd");
+        row("13", 13, "#c6bdff");
+        row("14", 14, "#bee1fe");
+        row("15", 15, "#ffebbd");
+        row("unknown", -1, "#ffebbd");
+    }
+
+    void colour()
+    {
+        QFETCH(int, major);
+        QTEST(cardColour(major), "colour");
+    }
+
+    void card()
+    {
+        QCOMPARE(cardStyleSheet("#f3bffd"),
+                 QString("SingleHalconVersionFrame {  background-color: #f3bffd;  border: 2px solid  black;}"
+                         "QGroupBox {  border: 1px solid gray;}"
+                         "QPushButton:focus.myPushButton {  border: none;  outline: none;}"
+                         R"(QPushButton#pbMajor {  font: bold 64pt "Consolas"; background-color: #33FF0000; )"
+                         "border: none;}"
+                         "QPushButton#pbHelp::menu-indicator {    image: none;}"
+                         "QListWidget#lwVsVersion {  background-color: #33FF0000; border: 1px solid gray}"
+                         "QListWidget#lwVsVersion {  background-color: #33FF0000; border: 1px solid gray}"
+                         R"(QTextBrowser#textBrowser {  font: small "Consolas";  border: 1px solid gray;})"));
+    }
+
+    void badge_data()
+    {
+        columns<QString, QString>("styleSheet", "expected");
+
+        const QString properties =
+            "background-color: #CC%1; border: 1px solid #FF%1; color: white; font: bold; "
+            "margin: 5px; padding: 1px 3px; ";
+        row("64-bit", architectureBadgeStyleSheet("x64-win64"), properties.arg("FF0000"));
+        row("SSE2", architectureBadgeStyleSheet("x86sse2-win32"), properties.arg("0000FF"));
+        row("32-bit", architectureBadgeStyleSheet("x86-win32"), properties.arg("00FF00"));
+        row("other", architectureBadgeStyleSheet("arm-a-win64"), properties.arg("FF0000"));
+        row("XL", xlBadgeStyleSheet(), "QPushButton {" + properties.arg("00FF00") + "}");
+    }
+
+    void badge()
+    {
+        QFETCH(QString, styleSheet);
+        QTEST(styleSheet, "expected");
+    }
 };
-
-void CardStyleSheetsTest::colour_data()
-{
-    columns<int, QString>("major", "colour");
-
-    row("6", 6, "#ffebbd");
-    row("7", 7, "#ffebbd");
-    row("8", 8, "#ccffbd");
-    row("9", 9, "#fefbbe");
-    row("10", 10, "#fed6be");
-    row("11", 11, "#ffbdbd");
-    row("12", 12, "#f3bffd");
-    row("13", 13, "#c6bdff");
-    row("14", 14, "#bee1fe");
-    row("15", 15, "#ffebbd");
-    row("unknown", -1, "#ffebbd");
-}
-
-void CardStyleSheetsTest::colour()
-{
-    QFETCH(int, major);
-    QTEST(cardColour(major), "colour");
-}
-
-void CardStyleSheetsTest::card()
-{
-    QCOMPARE(cardStyleSheet("#f3bffd"),
-             QString("SingleHalconVersionFrame {  background-color: #f3bffd;  border: 2px solid  black;}"
-                     "QGroupBox {  border: 1px solid gray;}"
-                     "QPushButton:focus.myPushButton {  border: none;  outline: none;}"
-                     R"(QPushButton#pbMajor {  font: bold 64pt "Consolas"; background-color: #33FF0000; )"
-                     "border: none;}"
-                     "QPushButton#pbHelp::menu-indicator {    image: none;}"
-                     "QListWidget#lwVsVersion {  background-color: #33FF0000; border: 1px solid gray}"
-                     "QListWidget#lwVsVersion {  background-color: #33FF0000; border: 1px solid gray}"
-                     R"(QTextBrowser#textBrowser {  font: small "Consolas";  border: 1px solid gray;})"));
-}
-
-void CardStyleSheetsTest::badge_data()
-{
-    columns<QString, QString>("styleSheet", "expected");
-
-    const QString properties = "background-color: #CC%1; border: 1px solid #FF%1; color: white; font: bold; "
-                               "margin: 5px; padding: 1px 3px; ";
-    row("64-bit", architectureBadgeStyleSheet("x64-win64"), properties.arg("FF0000"));
-    row("SSE2", architectureBadgeStyleSheet("x86sse2-win32"), properties.arg("0000FF"));
-    row("32-bit", architectureBadgeStyleSheet("x86-win32"), properties.arg("00FF00"));
-    row("other", architectureBadgeStyleSheet("arm-a-win64"), properties.arg("FF0000"));
-    row("XL", xlBadgeStyleSheet(), "QPushButton {" + properties.arg("00FF00") + "}");
-}
-
-void CardStyleSheetsTest::badge()
-{
-    QFETCH(QString, styleSheet);
-    QTEST(styleSheet, "expected");
-}
 
 QTEST_GUILESS_MAIN(CardStyleSheetsTest)
 

@@ -103,108 +103,103 @@ class CardSwitchRunTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void cleanupTestCase() { clearVariables(); }
-    void confirmed_data();
-    void confirmed();
-    void notConfirmed();
-    void helperFails();
-    void helperIsMissing();
-};
-
-void CardSwitchRunTest::initTestCase()
-{
-    clearVariables();
-    Registry::setString(userKey, "HALCONROOT", "D:\\Old");
-    Registry::setString(systemKey, "HALCONROOT", "C:\\Older");
-    Registry::setString(systemKey, "HALCONARCH", "x64-win64");
-}
-
-void CardSwitchRunTest::confirmed_data()
-{
-    // libraries: to register; both boxes are ticked at first
-    columns<QStringList, QStringList>("clicked", "libraries");
-
-    row("as they are at first", QStringList(), halconCom + engineCom);
-    row("without HALCON COM", QStringList{"cbRegCom"}, engineCom);
-    row("without engine COM, by the label", QStringList{"lRegComEngine"}, halconCom);
-}
-
-void CardSwitchRunTest::confirmed()
-{
-    QFETCH(QStringList, clicked);
-    QFETCH(QStringList, libraries);
-    const InstalledHalcon halcon;
-    const ElevatedHelperProgram helper;
-    const EchoChild child;
-    EnvironmentBroadcastWindow window;
-    SingleHalconVersionFrame card(halcon.installation);
-    card.show();
-    QVERIFY(eventuallyExposed(&card));
-    for (const QString &name : clicked) {
-        auto *widget = card.findChild<QWidget *>(name);
-        QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, QPoint(8, widget->height() / 2));
+    void initTestCase()
+    {
+        clearVariables();
+        Registry::setString(userKey, "HALCONROOT", "D:\\Old");
+        Registry::setString(systemKey, "HALCONROOT", "C:\\Older");
+        Registry::setString(systemKey, "HALCONARCH", "x64-win64");
     }
-    const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
 
-    clickSwitch(card);
+    void cleanupTestCase() { clearVariables(); }
 
-    QCOMPARE(boxLines(boxes.shown(), card),
-             halcon.questionLines(libraries) + informationLines("Switched", switchedText));
-    EchoRecord found;
-    QVERIFY(child.waitForRecord(found));
-    QCOMPARE(found.commandLine, '"' + helperExecutablePath() + "\" " + halcon.arguments(libraries));
-    QCOMPARE(window.closeAndTakeLines(), QStringList{"wParam 0, text Environment, after the helper"});
-}
+    void confirmed_data()
+    {
+        // libraries: to register; both boxes are ticked at first
+        columns<QStringList, QStringList>("clicked", "libraries");
 
-void CardSwitchRunTest::notConfirmed()
-{
-    const InstalledHalcon halcon;
-    const ElevatedHelperProgram helper;
-    const EchoChild child;
-    EnvironmentBroadcastWindow window;
-    const QStringList before = environmentLines();
-    SingleHalconVersionFrame card(halcon.installation);
-    card.show();
-    const MessageBoxes boxes({QMessageBox::Cancel, QMessageBox::Ok});
+        row("as they are at first", QStringList(), halconCom + engineCom);
+        row("without HALCON COM", QStringList{"cbRegCom"}, engineCom);
+        row("without engine COM, by the label", QStringList{"lRegComEngine"}, halconCom);
+    }
 
-    clickSwitch(card);
+    void confirmed()
+    {
+        QFETCH(QStringList, clicked);
+        QFETCH(QStringList, libraries);
+        const InstalledHalcon halcon;
+        const ElevatedHelperProgram helper;
+        const EchoChild child;
+        EnvironmentBroadcastWindow window;
+        SingleHalconVersionFrame card(halcon.installation);
+        card.show();
+        QVERIFY(eventuallyExposed(&card));
+        for (const QString &name : clicked) {
+            auto *widget = card.findChild<QWidget *>(name);
+            QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, QPoint(8, widget->height() / 2));
+        }
+        const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
 
-    QCOMPARE(boxLines(boxes.shown(), card), halcon.questionLines(halconCom + engineCom) +
-                                                informationLines("Cancelled", "No changes were performed."));
-    QVERIFY(!child.hasRecord());
-    QCOMPARE(window.closeAndTakeLines(), QStringList());
-    QCOMPARE(environmentLines(), before);
-}
+        clickSwitch(card);
 
-void CardSwitchRunTest::helperFails()
-{
-    const InstalledHalcon halcon;
-    const ElevatedHelperProgram helper;
-    const EchoChild child;
-    EchoChild::exitWith(3);
-    SingleHalconVersionFrame card(halcon.installation);
-    card.show();
-    const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
+        QCOMPARE(boxLines(boxes.shown(), card),
+                 halcon.questionLines(libraries) + informationLines("Switched", switchedText));
+        EchoRecord found;
+        QVERIFY(child.waitForRecord(found));
+        QCOMPARE(found.commandLine, '"' + helperExecutablePath() + "\" " + halcon.arguments(libraries));
+        QCOMPARE(window.closeAndTakeLines(), QStringList{"wParam 0, text Environment, after the helper"});
+    }
 
-    clickSwitch(card);
+    void notConfirmed()
+    {
+        const InstalledHalcon halcon;
+        const ElevatedHelperProgram helper;
+        const EchoChild child;
+        EnvironmentBroadcastWindow window;
+        const QStringList before = environmentLines();
+        SingleHalconVersionFrame card(halcon.installation);
+        card.show();
+        const MessageBoxes boxes({QMessageBox::Cancel, QMessageBox::Ok});
 
-    QCOMPARE(boxLines(boxes.shown(), card), halcon.failedLines(3));
-}
+        clickSwitch(card);
 
-void CardSwitchRunTest::helperIsMissing()
-{
-    ElevatedHelperProgram::remove();
-    const InstalledHalcon halcon;
-    SingleHalconVersionFrame card(halcon.installation);
-    card.show();
-    const ElevatedHelperShellBox shellBox;
-    const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
+        QCOMPARE(boxLines(boxes.shown(), card),
+                 halcon.questionLines(halconCom + engineCom) +
+                     informationLines("Cancelled", "No changes were performed."));
+        QVERIFY(!child.hasRecord());
+        QCOMPARE(window.closeAndTakeLines(), QStringList());
+        QCOMPARE(environmentLines(), before);
+    }
 
-    clickSwitch(card);
+    void helperFails()
+    {
+        const InstalledHalcon halcon;
+        const ElevatedHelperProgram helper;
+        const EchoChild child;
+        EchoChild::exitWith(3);
+        SingleHalconVersionFrame card(halcon.installation);
+        card.show();
+        const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
 
-    QCOMPARE(boxLines(boxes.shown(), card), halcon.failedLines(-1));
-}
+        clickSwitch(card);
+
+        QCOMPARE(boxLines(boxes.shown(), card), halcon.failedLines(3));
+    }
+
+    void helperIsMissing()
+    {
+        ElevatedHelperProgram::remove();
+        const InstalledHalcon halcon;
+        SingleHalconVersionFrame card(halcon.installation);
+        card.show();
+        const ElevatedHelperShellBox shellBox;
+        const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
+
+        clickSwitch(card);
+
+        QCOMPARE(boxLines(boxes.shown(), card), halcon.failedLines(-1));
+    }
+};
 
 QTEST_MAIN(CardSwitchRunTest)
 

@@ -58,156 +58,148 @@ class CardSwitchTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void confirmed();
-    void notConfirmed_data();
-    void notConfirmed();
-    void checkBoxes_data();
-    void checkBoxes();
-    void failure_data();
-    void failure();
-    void failedSwitchCanBeTriedAgain();
-};
-
-void CardSwitchTest::init()
-{
-    ElevatedHelperFake::reset();
-    ProcessStartFake::reset();
-}
-
-void CardSwitchTest::confirmed()
-{
-    SingleHalconVersionFrame card(installation);
-    card.show();
-    const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
-
-    clickSwitch(card);
-
-    QCOMPARE(boxLines(boxes.shown(), card), questionLines(arguments) + switchedLines());
-    QCOMPARE(ElevatedHelperFake::starts().size(), 1);
-    const ElevatedHelperFake::Start &start = ElevatedHelperFake::starts().constFirst();
-    QCOMPARE(start.executable, helperExecutablePath());
-    QCOMPARE(start.arguments, arguments);
-    QVERIFY(start.show);
-    QVERIFY(start.wait);
-    QCOMPARE(ElevatedHelperFake::broadcasts(), 1);
-    QCOMPARE(ProcessStartFake::starts().size(), 0);
-}
-
-void CardSwitchTest::notConfirmed_data()
-{
-    columns<QMessageBox::StandardButton>("answer");
-
-    row("Cancel", QMessageBox::Cancel);
-    row("Escape", QMessageBox::NoButton);
-}
-
-void CardSwitchTest::notConfirmed()
-{
-    QFETCH(QMessageBox::StandardButton, answer);
-    SingleHalconVersionFrame card(installation);
-    card.show();
-    const MessageBoxes boxes({answer, QMessageBox::Ok});
-
-    clickSwitch(card);
-
-    QCOMPARE(boxLines(boxes.shown(), card),
-             questionLines(arguments) + informationLines("Cancelled", "No changes were performed."));
-    QCOMPARE(ElevatedHelperFake::starts().size(), 0);
-    QCOMPARE(ElevatedHelperFake::broadcasts(), 0);
-}
-
-void CardSwitchTest::checkBoxes_data()
-{
-    // asked: after the variables
-    columns<QStringList, QString>("clicked", "asked");
-
-    row("as they are at first", QStringList(), "--x64");
-    row("without HALCON COM", QStringList{"cbRegCom"}, "--x64");
-    row("without engine COM", QStringList{"cbRegComEngine"}, "--x64");
-    row("neither", QStringList{"cbRegCom", "cbRegComEngine"}, "");
-    row("neither, by the labels", QStringList{"lRegCom", "lRegComEngine"}, "");
-    row("neither, by the shields", QStringList{"pbUac", "pbUaCEngine"}, "");
-    row("neither, then HALCON COM", QStringList{"cbRegCom", "cbRegComEngine", "lRegCom"}, "--x64");
-    row("neither, then engine COM", QStringList{"lRegCom", "lRegComEngine", "cbRegComEngine"}, "--x64");
-}
-
-void CardSwitchTest::checkBoxes()
-{
-    QFETCH(QStringList, clicked);
-    QFETCH(QString, asked);
-    SingleHalconVersionFrame card(installation);
-    card.show();
-    QVERIFY(eventuallyExposed(&card));
-    for (const QString &name : clicked) {
-        auto *widget = card.findChild<QWidget *>(name);
-        QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, QPoint(8, widget->height() / 2));
-    }
-    const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
-
-    clickSwitch(card);
-
-    QCOMPARE(boxLines(boxes.shown(), card), questionLines(variableArguments + asked) + switchedLines());
-    QCOMPARE(ElevatedHelperFake::starts().size(), 1);
-    QCOMPARE(ElevatedHelperFake::starts().constFirst().arguments, variableArguments + asked);
-}
-
-void CardSwitchTest::failure_data()
-{
-    // said: in the second run, after the plan
-    columns<int, bool, QStringList>("exitCode", "broadcastSucceeds", "said");
-
-    const QString broadcast = "broadcast environment updated message (WM_SETTINGCHANGE)";
-    const QString failed = "helper process returned with value %1. This indicates an error in the execution!";
-    const QString broadcastFailed = "Error in broadcasting environment updated message: the window is gone";
-    row("helper", 3, true, QStringList{failed.arg(3), broadcast});
-    row("helper not started", -1, true, QStringList{failed.arg(-1), broadcast});
-    row("broadcast", 0, false, QStringList{broadcast, broadcastFailed});
-    row("both", 1, false, QStringList{failed.arg(1), broadcast, broadcastFailed});
-}
-
-void CardSwitchTest::failure()
-{
-    QFETCH(int, exitCode);
-    QFETCH(bool, broadcastSucceeds);
-    QFETCH(QStringList, said);
-    ElevatedHelperFake::setOutcome(exitCode, broadcastSucceeds);
-    ProcessStartFake::failWith("the window is gone");
-    SingleHalconVersionFrame card(installation);
-    card.show();
-    const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
-
-    clickSwitch(card);
-
-    // Both runs appended to one list.
-    const QStringList lines = dryRunLines(arguments) + dryRunLines(arguments).mid(0, 5) + said;
-    QCOMPARE(
-        boxLines(boxes.shown(), card),
-        questionLines(arguments) +
-            warningLines("Errors", "There were errors when switching to HALCON 20.11.1.3 (x64-win64):\n" +
-                                       lines.join('\n')));
-    QCOMPARE(ElevatedHelperFake::starts().size(), 1);
-}
-
-void CardSwitchTest::failedSwitchCanBeTriedAgain()
-{
-    SingleHalconVersionFrame card(installation);
-    card.show();
-    ElevatedHelperFake::setOutcome(3, true);
+    void init()
     {
-        const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
-        clickSwitch(card);
-        QCOMPARE(boxes.shown().size(), 2);
-        QCOMPARE(boxes.shown().last().title, QString("Errors"));
+        ElevatedHelperFake::reset();
+        ProcessStartFake::reset();
     }
-    ElevatedHelperFake::setOutcome(0, true);
-    const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
 
-    clickSwitch(card);
+    void confirmed()
+    {
+        SingleHalconVersionFrame card(installation);
+        card.show();
+        const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
 
-    // Nothing of the first attempt is left.
-    QCOMPARE(boxLines(boxes.shown(), card), questionLines(arguments) + switchedLines());
-}
+        clickSwitch(card);
+
+        QCOMPARE(boxLines(boxes.shown(), card), questionLines(arguments) + switchedLines());
+        QCOMPARE(ElevatedHelperFake::starts().size(), 1);
+        const ElevatedHelperFake::Start &start = ElevatedHelperFake::starts().constFirst();
+        QCOMPARE(start.executable, helperExecutablePath());
+        QCOMPARE(start.arguments, arguments);
+        QVERIFY(start.show);
+        QVERIFY(start.wait);
+        QCOMPARE(ElevatedHelperFake::broadcasts(), 1);
+        QCOMPARE(ProcessStartFake::starts().size(), 0);
+    }
+
+    void notConfirmed_data()
+    {
+        columns<QMessageBox::StandardButton>("answer");
+
+        row("Cancel", QMessageBox::Cancel);
+        row("Escape", QMessageBox::NoButton);
+    }
+
+    void notConfirmed()
+    {
+        QFETCH(QMessageBox::StandardButton, answer);
+        SingleHalconVersionFrame card(installation);
+        card.show();
+        const MessageBoxes boxes({answer, QMessageBox::Ok});
+
+        clickSwitch(card);
+
+        QCOMPARE(boxLines(boxes.shown(), card),
+                 questionLines(arguments) + informationLines("Cancelled", "No changes were performed."));
+        QCOMPARE(ElevatedHelperFake::starts().size(), 0);
+        QCOMPARE(ElevatedHelperFake::broadcasts(), 0);
+    }
+
+    void checkBoxes_data()
+    {
+        // asked: after the variables
+        columns<QStringList, QString>("clicked", "asked");
+
+        row("as they are at first", QStringList(), "--x64");
+        row("without HALCON COM", QStringList{"cbRegCom"}, "--x64");
+        row("without engine COM", QStringList{"cbRegComEngine"}, "--x64");
+        row("neither", QStringList{"cbRegCom", "cbRegComEngine"}, "");
+        row("neither, by the labels", QStringList{"lRegCom", "lRegComEngine"}, "");
+        row("neither, by the shields", QStringList{"pbUac", "pbUaCEngine"}, "");
+        row("neither, then HALCON COM", QStringList{"cbRegCom", "cbRegComEngine", "lRegCom"}, "--x64");
+        row("neither, then engine COM", QStringList{"lRegCom", "lRegComEngine", "cbRegComEngine"}, "--x64");
+    }
+
+    void checkBoxes()
+    {
+        QFETCH(QStringList, clicked);
+        QFETCH(QString, asked);
+        SingleHalconVersionFrame card(installation);
+        card.show();
+        QVERIFY(eventuallyExposed(&card));
+        for (const QString &name : clicked) {
+            auto *widget = card.findChild<QWidget *>(name);
+            QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, QPoint(8, widget->height() / 2));
+        }
+        const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
+
+        clickSwitch(card);
+
+        QCOMPARE(boxLines(boxes.shown(), card), questionLines(variableArguments + asked) + switchedLines());
+        QCOMPARE(ElevatedHelperFake::starts().size(), 1);
+        QCOMPARE(ElevatedHelperFake::starts().constFirst().arguments, variableArguments + asked);
+    }
+
+    void failure_data()
+    {
+        // said: in the second run, after the plan
+        columns<int, bool, QStringList>("exitCode", "broadcastSucceeds", "said");
+
+        const QString broadcast = "broadcast environment updated message (WM_SETTINGCHANGE)";
+        const QString failed =
+            "helper process returned with value %1. This indicates an error in the execution!";
+        const QString broadcastFailed =
+            "Error in broadcasting environment updated message: the window is gone";
+        row("helper", 3, true, QStringList{failed.arg(3), broadcast});
+        row("helper not started", -1, true, QStringList{failed.arg(-1), broadcast});
+        row("broadcast", 0, false, QStringList{broadcast, broadcastFailed});
+        row("both", 1, false, QStringList{failed.arg(1), broadcast, broadcastFailed});
+    }
+
+    void failure()
+    {
+        QFETCH(int, exitCode);
+        QFETCH(bool, broadcastSucceeds);
+        QFETCH(QStringList, said);
+        ElevatedHelperFake::setOutcome(exitCode, broadcastSucceeds);
+        ProcessStartFake::failWith("the window is gone");
+        SingleHalconVersionFrame card(installation);
+        card.show();
+        const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
+
+        clickSwitch(card);
+
+        // Both runs appended to one list.
+        const QStringList lines = dryRunLines(arguments) + dryRunLines(arguments).mid(0, 5) + said;
+        QCOMPARE(
+            boxLines(boxes.shown(), card),
+            questionLines(arguments) +
+                warningLines("Errors", "There were errors when switching to HALCON 20.11.1.3 (x64-win64):\n" +
+                                           lines.join('\n')));
+        QCOMPARE(ElevatedHelperFake::starts().size(), 1);
+    }
+
+    void failedSwitchCanBeTriedAgain()
+    {
+        SingleHalconVersionFrame card(installation);
+        card.show();
+        ElevatedHelperFake::setOutcome(3, true);
+        {
+            const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
+            clickSwitch(card);
+            QCOMPARE(boxes.shown().size(), 2);
+            QCOMPARE(boxes.shown().last().title, QString("Errors"));
+        }
+        ElevatedHelperFake::setOutcome(0, true);
+        const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
+
+        clickSwitch(card);
+
+        // Nothing of the first attempt is left.
+        QCOMPARE(boxLines(boxes.shown(), card), questionLines(arguments) + switchedLines());
+    }
+};
 
 QTEST_MAIN(CardSwitchTest)
 

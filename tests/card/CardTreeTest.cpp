@@ -13,28 +13,26 @@ class CardTreeTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void wholeCard();
-};
+    void wholeCard()
+    {
+        QWidget parent;
+        SingleHalconVersionFrame card(installationIn(QString()), &parent);
+        QCOMPARE(card.windowTitle(), QString("Form"));
 
-void CardTreeTest::wholeCard()
-{
-    QWidget parent;
-    SingleHalconVersionFrame card(installationIn(QString()), &parent);
-    QCOMPARE(card.windowTitle(), QString("Form"));
+        // What depends on the machine's fonts and style gets fixed values.
+        const QFontMetrics number(card.findChild<QPushButton *>("pbMajor")->font());
+        QCOMPARE(card.minimumHeight(), number.height() * 3 / 2);
+        card.setMinimumHeight(1);
+        card.layout()->setSpacing(0);
+        card.layout()->setContentsMargins(0, 0, 0, 0);
+        for (const char *name : {"horizontalLayout", "gridLayoutHDevelop", "horizontalLayoutPerm"}) {
+            card.findChild<QLayout *>(name)->setSpacing(0);
+        }
 
-    // What depends on the machine's fonts and style gets fixed values.
-    const QFontMetrics number(card.findChild<QPushButton *>("pbMajor")->font());
-    QCOMPARE(card.minimumHeight(), number.height() * 3 / 2);
-    card.setMinimumHeight(1);
-    card.layout()->setSpacing(0);
-    card.layout()->setContentsMargins(0, 0, 0, 0);
-    for (const char *name : {"horizontalLayout", "gridLayoutHDevelop", "horizontalLayoutPerm"}) {
-        card.findChild<QLayout *>(name)->setSpacing(0);
+        COMPARE_SNAPSHOT(describeWidgets(card) + describeLayouts(*card.layout()) + describeControls(card),
+                         "card.tree");
     }
-
-    COMPARE_SNAPSHOT(describeWidgets(card) + describeLayouts(*card.layout()) + describeControls(card),
-                     "card.tree");
-}
+};
 
 QTEST_MAIN(CardTreeTest)
 

@@ -12,22 +12,6 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-/// Velloxa's directory is looked up once in a process. It has only the 64-bit build.
-class CardVelloxaTest : public QObject {
-    Q_OBJECT
-
-private slots:
-    void initTestCase();
-    void cleanup();
-    void notInstalled();
-    void installed();
-    void noProgram();
-
-private:
-    QTemporaryDir directory;
-    QString velloxa; ///< the path of its program
-};
-
 namespace {
 
 HalconInstallation installation(const QString &arch = "x64-win64")
@@ -42,79 +26,90 @@ HalconInstallation installation(const QString &arch = "x64-win64")
 
 } // namespace
 
-void CardVelloxaTest::initTestCase()
-{
-    const QString installDir = QDir::toNativeSeparators(directory.filePath("Velloxa 2"));
-    QVERIFY(QDir(directory.path()).mkdir("Velloxa 2"));
-    Registry::setString(R"(HKEY_LOCAL_MACHINE\SOFTWARE\Quorvik Solutions\Velloxa)", "InstallDir", installDir);
-    velloxa = installDir + "\\velloxa.exe";
-}
+/// Velloxa's directory is looked up once in a process. It has only the 64-bit build.
+class CardVelloxaTest : public QObject {
+    Q_OBJECT
 
-void CardVelloxaTest::cleanup()
-{
-    if (advertisement() != nullptr) {
-        advertisement()->close();
+private slots:
+    void initTestCase()
+    {
+        const QString installDir = QDir::toNativeSeparators(directory.filePath("Velloxa 2"));
+        QVERIFY(QDir(directory.path()).mkdir("Velloxa 2"));
+        Registry::setString(R"(HKEY_LOCAL_MACHINE\SOFTWARE\Quorvik Solutions\Velloxa)", "InstallDir",
+                            installDir);
+        velloxa = installDir + "\\velloxa.exe";
     }
-    EVENTUALLY_VERIFY(advertisement() == nullptr);
-    // A running program cannot be removed.
-    EVENTUALLY_VERIFY(!QFile::exists(velloxa) || QFile::remove(velloxa));
-}
 
-void CardVelloxaTest::notInstalled()
-{
-    SingleHalconVersionFrame card(installation("x86sse2-win32"));
-    card.show();
-    const LogLines log;
-    const MessageBoxes boxes;
+    void cleanup()
+    {
+        if (advertisement() != nullptr) {
+            advertisement()->close();
+        }
+        EVENTUALLY_VERIFY(advertisement() == nullptr);
+        // A running program cannot be removed.
+        EVENTUALLY_VERIFY(!QFile::exists(velloxa) || QFile::remove(velloxa));
+    }
 
-    QTest::mouseClick(button(card, "pbVelloxa"), Qt::LeftButton);
+    void notInstalled()
+    {
+        SingleHalconVersionFrame card(installation("x86sse2-win32"));
+        card.show();
+        const LogLines log;
+        const MessageBoxes boxes;
 
-    QVERIFY(advertisement() != nullptr);
-    QVERIFY(advertisement()->isVisible());
-    QCOMPARE(log.lines(), QStringList());
-    QCOMPARE(boxLines(boxes.shown(), card), QStringList());
-}
+        QTest::mouseClick(button(card, "pbVelloxa"), Qt::LeftButton);
 
-void CardVelloxaTest::installed()
-{
-    EchoChild::copyTo(velloxa);
-    SingleHalconVersionFrame card(installation());
-    card.show();
-    const EchoChild child;
-    const MessageBoxes boxes;
+        QVERIFY(advertisement() != nullptr);
+        QVERIFY(advertisement()->isVisible());
+        QCOMPARE(log.lines(), QStringList());
+        QCOMPARE(boxLines(boxes.shown(), card), QStringList());
+    }
 
-    QTest::mouseClick(button(card, "pbVelloxa"), Qt::LeftButton);
+    void installed()
+    {
+        EchoChild::copyTo(velloxa);
+        SingleHalconVersionFrame card(installation());
+        card.show();
+        const EchoChild child;
+        const MessageBoxes boxes;
 
-    EchoRecord found;
-    QVERIFY(child.waitForRecord(found));
-    QCOMPARE(found.executable, velloxa);
-    QCOMPARE(found.commandLine, QString("--halconversion=20.11"));
-    QCOMPARE(receivedVariables(found), expectedVariables(card.installation()));
-    QVERIFY(advertisement() == nullptr);
-    QCOMPARE(boxLines(boxes.shown(), card), QStringList());
-}
+        QTest::mouseClick(button(card, "pbVelloxa"), Qt::LeftButton);
 
-/// The system's error about the failed start is not shown to the user.
-void CardVelloxaTest::noProgram()
-{
-    QFile text(velloxa);
-    QVERIFY(text.open(QIODevice::WriteOnly));
-    text.write("not a program");
-    text.close();
-    SingleHalconVersionFrame card(installation());
-    card.show();
-    const LogLines log;
-    const MessageBoxes boxes;
+        EchoRecord found;
+        QVERIFY(child.waitForRecord(found));
+        QCOMPARE(found.executable, velloxa);
+        QCOMPARE(found.commandLine, QString("--halconversion=20.11"));
+        QCOMPARE(receivedVariables(found), expectedVariables(card.installation()));
+        QVERIFY(advertisement() == nullptr);
+        QCOMPARE(boxLines(boxes.shown(), card), QStringList());
+    }
 
-    QTest::mouseClick(button(card, "pbVelloxa"), Qt::LeftButton);
+    /// The system's error about the failed start is not shown to the user.
+    void noProgram()
+    {
+        QFile text(velloxa);
+        QVERIFY(text.open(QIODevice::WriteOnly));
+        text.write("not a program");
+        text.close();
+        SingleHalconVersionFrame card(installation());
+        card.show();
+        const LogLines log;
+        const MessageBoxes boxes;
 
-    QVERIFY(advertisement() != nullptr);
-    QVERIFY(advertisement()->isVisible());
-    QVERIFY(advertisement()->parentWidget() == nullptr);
-    // The start was tried.
-    QCOMPARE(log.lines(), QStringList{"CreateProcess: " + velloxa + " --halconversion=20.11"});
-    QCOMPARE(boxLines(boxes.shown(), card), QStringList());
-}
+        QTest::mouseClick(button(card, "pbVelloxa"), Qt::LeftButton);
+
+        QVERIFY(advertisement() != nullptr);
+        QVERIFY(advertisement()->isVisible());
+        QVERIFY(advertisement()->parentWidget() == nullptr);
+        // The start was tried.
+        QCOMPARE(log.lines(), QStringList{"CreateProcess: " + velloxa + " --halconversion=20.11"});
+        QCOMPARE(boxLines(boxes.shown(), card), QStringList());
+    }
+
+private:
+    QTemporaryDir directory;
+    QString velloxa; ///< the path of its program
+};
 
 QTEST_MAIN(CardVelloxaTest)
 

@@ -38,103 +38,96 @@ class CardVisualStudioTest : public QObject {
 
 private slots:
     void init() { studios.installIdes(); }
-    void rows_data();
-    void rows();
-    void clicksOnRows();
-    void clickSeesWhatIsOnDiskNow();
-    void rowNumbers_data();
-    void rowNumbers();
-    void cardsAreIndependent();
+
+    void rows_data()
+    {
+        columns<QString, QStringList>("arch", "texts");
+
+        const QStringList rows32{"Visual Studio 14.0 (Professional) (x86)",
+                                 "Visual Studio 12.0 (Professional) (x86)",
+                                 "Visual Studio 11.0 (Express Edition) (x86)"};
+        row("x64", "x64-win64",
+            QStringList{"Visual Studio 14.0 (Professional) (amd64)",
+                        "Visual Studio 11.0 (Express Edition) (amd64)"});
+        row("x86", "x86-win32", rows32);
+        row("SSE2", "x86sse2-win32", rows32);
+    }
+
+    void rows()
+    {
+        QFETCH(QString, arch);
+        const Shell shell(arch);
+        QTEST(rowTexts(shell.list), "texts");
+        QCOMPARE(shell.list.currentRow(), 0);
+        QCOMPARE(shell.state(), QString("row 0: shell, IDE"));
+        const QPushButton &shellButton = *button(shell.card, "pbShell");
+        QCOMPARE(shownIcon(shellButton), resource(":/shell.png", shellButton.iconSize()));
+        QCOMPARE(shownIcon(shell.ide), fileIcon(studios.ide14(), shell.ide.iconSize()));
+    }
+
+    void clicksOnRows()
+    {
+        const Shell shell("x86-win32");
+        clickRow(shell.list, 1);
+        QCOMPARE(shell.state(), QString("row 1: shell"));
+        QVERIFY(shell.ide.icon().isNull());
+        clickRow(shell.list, 2);
+        QCOMPARE(shell.state(), QString("row 2: shell, IDE"));
+        QCOMPARE(shownIcon(shell.ide), fileIcon(studios.ide11(), shell.ide.iconSize()));
+        clickRow(shell.list, 0);
+        QCOMPARE(shell.state(), QString("row 0: shell, IDE"));
+    }
+
+    void clickSeesWhatIsOnDiskNow()
+    {
+        QVERIFY(QFile::remove(studios.ide14()));
+        const Shell shell("x64-win64");
+        QCOMPARE(shell.state(), QString("row 0: shell"));
+        studios.installIdes();
+        clickRow(shell.list, 0);
+        QCOMPARE(shell.state(), QString("row 0: shell, IDE"));
+        QVERIFY(QFile::remove(studios.ide14()));
+        QCOMPARE(shell.state(), QString("row 0: shell, IDE"));
+        clickRow(shell.list, 0);
+        QCOMPARE(shell.state(), QString("row 0: shell"));
+    }
+
+    void rowNumbers_data()
+    {
+        columns<int, QString>("number", "state");
+
+        row("none", -1, "row 0: shell");
+        row("first, with an IDE", 0, "row 0: shell, IDE");
+        row("second, without an IDE", 1, "row 0: shell");
+        row("last, with an IDE", 2, "row 0: shell, IDE");
+        row("as many as there are", 3, "row 0: shell");
+    }
+
+    /// Only the buttons change: the selection stays.
+    void rowNumbers()
+    {
+        QFETCH(int, number);
+        Shell shell("x86-win32");
+        shell.card.updateDevEnvIconIndex(number);
+        QTEST(shell.state(), "state");
+        shell.card.updateDevEnvIconIndex(0);
+        QCOMPARE(shell.state(), QString("row 0: shell, IDE"));
+        shell.card.updateDevEnvIconModelIndex(shell.list.model()->index(number, 0));
+        QTEST(shell.state(), "state");
+    }
+
+    void cardsAreIndependent()
+    {
+        const Shell first("x86-win32");
+        const Shell second("x86-win32");
+        clickRow(first.list, 1);
+        QCOMPARE(first.state(), QString("row 1: shell"));
+        QCOMPARE(second.state(), QString("row 0: shell, IDE"));
+    }
 
 private:
     CardStudios studios;
 };
-
-void CardVisualStudioTest::rows_data()
-{
-    columns<QString, QStringList>("arch", "texts");
-
-    const QStringList rows32{"Visual Studio 14.0 (Professional) (x86)",
-                             "Visual Studio 12.0 (Professional) (x86)",
-                             "Visual Studio 11.0 (Express Edition) (x86)"};
-    row("x64", "x64-win64",
-        QStringList{"Visual Studio 14.0 (Professional) (amd64)",
-                    "Visual Studio 11.0 (Express Edition) (amd64)"});
-    row("x86", "x86-win32", rows32);
-    row("SSE2", "x86sse2-win32", rows32);
-}
-
-void CardVisualStudioTest::rows()
-{
-    QFETCH(QString, arch);
-    const Shell shell(arch);
-    QTEST(rowTexts(shell.list), "texts");
-    QCOMPARE(shell.list.currentRow(), 0);
-    QCOMPARE(shell.state(), QString("row 0: shell, IDE"));
-    const QPushButton &shellButton = *button(shell.card, "pbShell");
-    QCOMPARE(shownIcon(shellButton), resource(":/shell.png", shellButton.iconSize()));
-    QCOMPARE(shownIcon(shell.ide), fileIcon(studios.ide14(), shell.ide.iconSize()));
-}
-
-void CardVisualStudioTest::clicksOnRows()
-{
-    const Shell shell("x86-win32");
-    clickRow(shell.list, 1);
-    QCOMPARE(shell.state(), QString("row 1: shell"));
-    QVERIFY(shell.ide.icon().isNull());
-    clickRow(shell.list, 2);
-    QCOMPARE(shell.state(), QString("row 2: shell, IDE"));
-    QCOMPARE(shownIcon(shell.ide), fileIcon(studios.ide11(), shell.ide.iconSize()));
-    clickRow(shell.list, 0);
-    QCOMPARE(shell.state(), QString("row 0: shell, IDE"));
-}
-
-void CardVisualStudioTest::clickSeesWhatIsOnDiskNow()
-{
-    QVERIFY(QFile::remove(studios.ide14()));
-    const Shell shell("x64-win64");
-    QCOMPARE(shell.state(), QString("row 0: shell"));
-    studios.installIdes();
-    clickRow(shell.list, 0);
-    QCOMPARE(shell.state(), QString("row 0: shell, IDE"));
-    QVERIFY(QFile::remove(studios.ide14()));
-    QCOMPARE(shell.state(), QString("row 0: shell, IDE"));
-    clickRow(shell.list, 0);
-    QCOMPARE(shell.state(), QString("row 0: shell"));
-}
-
-void CardVisualStudioTest::rowNumbers_data()
-{
-    columns<int, QString>("number", "state");
-
-    row("none", -1, "row 0: shell");
-    row("first, with an IDE", 0, "row 0: shell, IDE");
-    row("second, without an IDE", 1, "row 0: shell");
-    row("last, with an IDE", 2, "row 0: shell, IDE");
-    row("as many as there are", 3, "row 0: shell");
-}
-
-/// Only the buttons change: the selection stays.
-void CardVisualStudioTest::rowNumbers()
-{
-    QFETCH(int, number);
-    Shell shell("x86-win32");
-    shell.card.updateDevEnvIconIndex(number);
-    QTEST(shell.state(), "state");
-    shell.card.updateDevEnvIconIndex(0);
-    QCOMPARE(shell.state(), QString("row 0: shell, IDE"));
-    shell.card.updateDevEnvIconModelIndex(shell.list.model()->index(number, 0));
-    QTEST(shell.state(), "state");
-}
-
-void CardVisualStudioTest::cardsAreIndependent()
-{
-    const Shell first("x86-win32");
-    const Shell second("x86-win32");
-    clickRow(first.list, 1);
-    QCOMPARE(first.state(), QString("row 1: shell"));
-    QCOMPARE(second.state(), QString("row 0: shell, IDE"));
-}
 
 QTEST_MAIN(CardVisualStudioTest)
 

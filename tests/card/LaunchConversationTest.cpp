@@ -57,150 +57,142 @@ class LaunchConversationTest : public QObject {
 
 private slots:
     void init() { ProcessStartFake::reset(); }
-    void started_data();
-    void started();
-    void notStarted_data();
-    void notStarted();
-    void noSuchRow_data();
-    void noSuchRow();
-    void noVisualStudio_data();
-    void noVisualStudio();
-    void translated_data();
-    void translated();
+
+    void started_data()
+    {
+        columns<Tool, int, QString, QString>("tool", "index", "executable", "arguments");
+
+        row("HDevelop", Tool::HDevelop, 0, R"(C:\H\bin\x64-win64\hdevelop.exe)", "");
+        row("HDevelop XL", Tool::HDevelopXL, 0, R"(C:\H\bin\x64-win64\hdevelopxl.exe)", "");
+        row("shell", Tool::Shell, 0, "C:\\my cmd.exe", shellArguments(installation, found.first()));
+        row("shell without a build environment", Tool::Shell, 1, "C:/12.0/devenv.exe", "");
+        row("IDE", Tool::Ide, 0, "C:/14.0/devenv.exe", "");
+    }
+
+    void started()
+    {
+        QFETCH(Tool, tool);
+        QFETCH(int, index);
+        const EnvironmentVariable interpreter("ComSpec", "C:\\my cmd.exe");
+        QWidget card;
+        const MessageBoxes boxes;
+
+        launch(tool, index, card);
+
+        QCOMPARE(boxLines(boxes.shown(), card), QStringList());
+        QCOMPARE(ProcessStartFake::starts().size(), 1);
+        const ProcessStartFake::Start &start = ProcessStartFake::starts().first();
+        QTEST(start.executable, "executable");
+        QTEST(start.arguments, "arguments");
+        QCOMPARE(start.installation.installDir, installation.installDir);
+    }
+
+    void notStarted_data()
+    {
+        columns<Tool, QString>("tool", "heading");
+
+        row("HDevelop", Tool::HDevelop, "There were errors when launching HDevelop 20.11.1.3 (x64-win64):");
+        row("HDevelop XL", Tool::HDevelopXL,
+            "There were errors when launching HDevelop 20.11.1.3 (x64-win64):");
+        row("shell", Tool::Shell,
+            "There were errors in launching a CMD shell for HALCON 20.11.1.3 (x64-win64):");
+        row("IDE", Tool::Ide,
+            "There were errors in launching Visual Studio IDE for HALCON 20.11.1.3 (x64-win64):");
+    }
+
+    /// A second attempt does not repeat the errors of the first.
+    void notStarted()
+    {
+        QFETCH(Tool, tool);
+        QFETCH(QString, heading);
+        ProcessStartFake::failWith("CreateProcess failed: no such file");
+        QWidget card;
+        const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
+
+        launch(tool, 0, card);
+        launch(tool, 0, card);
+
+        const QStringList box = warningLines("Errors", heading + "\nCreateProcess failed: no such file");
+        QCOMPARE(boxLines(boxes.shown(), card), box + box);
+    }
+
+    void noSuchRow_data()
+    {
+        columns<Tool, int, QString>("tool", "index", "text");
+
+        row("shell, none", Tool::Shell, -1, noRowForShell);
+        row("shell, as many as there are", Tool::Shell, 2, noRowForShell);
+        row("shell, more than there are", Tool::Shell, 9, noRowForShell);
+        row("IDE, none", Tool::Ide, -1, noRowForIde);
+        row("IDE, as many as there are", Tool::Ide, 2, noRowForIde);
+    }
+
+    void noSuchRow()
+    {
+        QFETCH(Tool, tool);
+        QFETCH(int, index);
+        QFETCH(QString, text);
+        QWidget card;
+        const MessageBoxes boxes;
+
+        launch(tool, index, card);
+
+        QCOMPARE(boxLines(boxes.shown(), card), warningLines("Error", text));
+        QCOMPARE(ProcessStartFake::starts().size(), 0);
+    }
+
+    void noVisualStudio_data()
+    {
+        columns<Tool>("tool");
+
+        row("shell", Tool::Shell);
+        row("IDE", Tool::Ide);
+    }
+
+    /// None for this architecture is none at all.
+    void noVisualStudio()
+    {
+        QFETCH(Tool, tool);
+        VisualStudioVersion other = found.first();
+        other.architecture = "x86";
+        QWidget card;
+        const MessageBoxes boxes;
+
+        launch(tool, 0, card, {other});
+
+        QCOMPARE(boxLines(boxes.shown(), card), noVisualStudioLines());
+        QCOMPARE(ProcessStartFake::starts().size(), 0);
+    }
+
+    void translated_data()
+    {
+        columns<Tool, int, QString>("tool", "index", "begin");
+
+        row("HDevelop", Tool::HDevelop, 0, "[There were errors when launching HDevelop ");
+        row("shell", Tool::Shell, 0, "[There were errors in launching a CMD shell for HALCON ");
+        row("IDE", Tool::Ide, 0, "[There were errors in launching Visual Studio IDE for HALCON ");
+        row("shell, no row", Tool::Shell, -1, '[' + noRowForShell + ']');
+        row("IDE, no row", Tool::Ide, -1, '[' + noRowForIde + ']');
+    }
+
+    void translated()
+    {
+        QFETCH(Tool, tool);
+        QFETCH(int, index);
+        QFETCH(QString, begin);
+        ProcessStartFake::failWith("no such file");
+        const MarkingTranslator translator;
+        QWidget card;
+        const MessageBoxes boxes;
+
+        launch(tool, index, card);
+
+        QCOMPARE(boxes.shown().size(), 1);
+        QVERIFY2(boxes.shown().first().text.startsWith(begin), qPrintable(boxes.shown().first().text));
+        // Deliberate: titles of errors are not translated.
+        QVERIFY(boxes.shown().first().title.startsWith("Error"));
+    }
 };
-
-void LaunchConversationTest::started_data()
-{
-    columns<Tool, int, QString, QString>("tool", "index", "executable", "arguments");
-
-    row("HDevelop", Tool::HDevelop, 0, R"(C:\H\bin\x64-win64\hdevelop.exe)", "");
-    row("HDevelop XL", Tool::HDevelopXL, 0, R"(C:\H\bin\x64-win64\hdevelopxl.exe)", "");
-    row("shell", Tool::Shell, 0, "C:\\my cmd.exe", shellArguments(installation, found.first()));
-    row("shell without a build environment", Tool::Shell, 1, "C:/12.0/devenv.exe", "");
-    row("IDE", Tool::Ide, 0, "C:/14.0/devenv.exe", "");
-}
-
-void LaunchConversationTest::started()
-{
-    QFETCH(Tool, tool);
-    QFETCH(int, index);
-    const EnvironmentVariable interpreter("ComSpec", "C:\\my cmd.exe");
-    QWidget card;
-    const MessageBoxes boxes;
-
-    launch(tool, index, card);
-
-    QCOMPARE(boxLines(boxes.shown(), card), QStringList());
-    QCOMPARE(ProcessStartFake::starts().size(), 1);
-    const ProcessStartFake::Start &start = ProcessStartFake::starts().first();
-    QTEST(start.executable, "executable");
-    QTEST(start.arguments, "arguments");
-    QCOMPARE(start.installation.installDir, installation.installDir);
-}
-
-void LaunchConversationTest::notStarted_data()
-{
-    columns<Tool, QString>("tool", "heading");
-
-    row("HDevelop", Tool::HDevelop, "There were errors when launching HDevelop 20.11.1.3 (x64-win64):");
-    row("HDevelop XL", Tool::HDevelopXL, "There were errors when launching HDevelop 20.11.1.3 (x64-win64):");
-    row("shell", Tool::Shell, "There were errors in launching a CMD shell for HALCON 20.11.1.3 (x64-win64):");
-    row("IDE", Tool::Ide,
-        "There were errors in launching Visual Studio IDE for HALCON 20.11.1.3 (x64-win64):");
-}
-
-/// A second attempt does not repeat the errors of the first.
-void LaunchConversationTest::notStarted()
-{
-    QFETCH(Tool, tool);
-    QFETCH(QString, heading);
-    ProcessStartFake::failWith("CreateProcess failed: no such file");
-    QWidget card;
-    const MessageBoxes boxes({QMessageBox::Ok, QMessageBox::Ok});
-
-    launch(tool, 0, card);
-    launch(tool, 0, card);
-
-    const QStringList box = warningLines("Errors", heading + "\nCreateProcess failed: no such file");
-    QCOMPARE(boxLines(boxes.shown(), card), box + box);
-}
-
-void LaunchConversationTest::noSuchRow_data()
-{
-    columns<Tool, int, QString>("tool", "index", "text");
-
-    row("shell, none", Tool::Shell, -1, noRowForShell);
-    row("shell, as many as there are", Tool::Shell, 2, noRowForShell);
-    row("shell, more than there are", Tool::Shell, 9, noRowForShell);
-    row("IDE, none", Tool::Ide, -1, noRowForIde);
-    row("IDE, as many as there are", Tool::Ide, 2, noRowForIde);
-}
-
-void LaunchConversationTest::noSuchRow()
-{
-    QFETCH(Tool, tool);
-    QFETCH(int, index);
-    QFETCH(QString, text);
-    QWidget card;
-    const MessageBoxes boxes;
-
-    launch(tool, index, card);
-
-    QCOMPARE(boxLines(boxes.shown(), card), warningLines("Error", text));
-    QCOMPARE(ProcessStartFake::starts().size(), 0);
-}
-
-void LaunchConversationTest::noVisualStudio_data()
-{
-    columns<Tool>("tool");
-
-    row("shell", Tool::Shell);
-    row("IDE", Tool::Ide);
-}
-
-/// None for this architecture is none at all.
-void LaunchConversationTest::noVisualStudio()
-{
-    QFETCH(Tool, tool);
-    VisualStudioVersion other = found.first();
-    other.architecture = "x86";
-    QWidget card;
-    const MessageBoxes boxes;
-
-    launch(tool, 0, card, {other});
-
-    QCOMPARE(boxLines(boxes.shown(), card), noVisualStudioLines());
-    QCOMPARE(ProcessStartFake::starts().size(), 0);
-}
-
-void LaunchConversationTest::translated_data()
-{
-    columns<Tool, int, QString>("tool", "index", "begin");
-
-    row("HDevelop", Tool::HDevelop, 0, "[There were errors when launching HDevelop ");
-    row("shell", Tool::Shell, 0, "[There were errors in launching a CMD shell for HALCON ");
-    row("IDE", Tool::Ide, 0, "[There were errors in launching Visual Studio IDE for HALCON ");
-    row("shell, no row", Tool::Shell, -1, '[' + noRowForShell + ']');
-    row("IDE, no row", Tool::Ide, -1, '[' + noRowForIde + ']');
-}
-
-void LaunchConversationTest::translated()
-{
-    QFETCH(Tool, tool);
-    QFETCH(int, index);
-    QFETCH(QString, begin);
-    ProcessStartFake::failWith("no such file");
-    const MarkingTranslator translator;
-    QWidget card;
-    const MessageBoxes boxes;
-
-    launch(tool, index, card);
-
-    QCOMPARE(boxes.shown().size(), 1);
-    QVERIFY2(boxes.shown().first().text.startsWith(begin), qPrintable(boxes.shown().first().text));
-    // Deliberate: titles of errors are not translated.
-    QVERIFY(boxes.shown().first().title.startsWith("Error"));
-}
 
 QTEST_MAIN(LaunchConversationTest)
 

@@ -15,122 +15,115 @@ class VelloxaAdvertisementDialogTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init()
+    {
+        dialog = std::make_unique<VelloxaAdvertisementDialog>();
+        browser = dialog->findChild<QTextBrowser *>("textBrowser");
+        QVERIFY(browser != nullptr);
+    }
+
     void cleanup() { dialog.reset(); }
-    void window();
-    void text();
-    void textIsOfNinePoints();
-    void picture();
-    void linkOpensInTheSystemsBrowser();
-    void modelessAndGoneWithItsWindow();
-    void translated();
+
+    void window()
+    {
+        QVERIFY(!dialog->windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
+        QVERIFY(dialog->windowFlags().testFlag(Qt::WindowCloseButtonHint));
+        QCOMPARE(dialog->windowTitle(), "Velloxa");
+        QCOMPARE(dialog->size(), QSize(701, 526));
+        auto *const layout = qobject_cast<QVBoxLayout *>(dialog->layout());
+        QVERIFY(layout != nullptr);
+        QCOMPARE(layout->objectName(), "verticalLayout");
+        QCOMPARE(layout->count(), 1);
+        QCOMPARE(layout->itemAt(0)->widget(), browser);
+        dialog->show();
+        QCOMPARE(accessibleControls(*dialog), QStringList{"About Velloxa"});
+    }
+
+    void text()
+    {
+        const QString address = MakerAddresses::velloxaDownloads();
+        QVERIFY(address.endsWith("/downloads.html"));
+        const QString picture(QChar::ObjectReplacementCharacter);
+        const QStringList runs{
+            '"' + picture + '"',
+            "\"It seems that Velloxa is not available on this machine.\n\n"
+            "Velloxa is the perfect combination for MVTec HALCON to deploy your algorithms fast and easy to "
+            "customer machines.\n"
+            "No more C++ or C# development needed.\n"
+            "In addition, the Professional Edition runs your scripts on multiple images during development, "
+            "leading to an unprecedented speed in evaluating your algorithm.\n\n"
+            "Quorvik Solutions Velloxa Demo can be downloaded for free at\n\"",
+            '"' + address + "\" underlined #0000ff -> " + address,
+            "\"\n\nPlease restart this program after the installation of Velloxa has finished.\"",
+        };
+        QCOMPARE(richTextRuns(*browser->document()).join('|'), runs.join('|'));
+    }
+
+    void textIsOfNinePoints()
+    {
+        const QTextBlock block = browser->document()->begin();
+        for (auto run = block.begin(); !run.atEnd(); ++run) {
+            const QTextCharFormat format = run.fragment().charFormat();
+            QVERIFY2(format.isImageFormat() || format.fontPointSize() == 9.0,
+                     qPrintable(run.fragment().text()));
+        }
+    }
+
+    void picture()
+    {
+        const QString path = ":/velloxa-256.png";
+        QCOMPARE(QImage(path).size(), QSize(256, 256));
+        const QTextBlock block = browser->document()->begin();
+        QCOMPARE(block.begin().fragment().charFormat().toImageFormat().name(), path);
+
+        // A picture that cannot be loaded is shown as a small symbol.
+        dialog->show();
+        QVERIFY(eventuallyExposed(dialog.get()));
+        QVERIFY(block.layout()->lineAt(0).height() >= 256);
+    }
+
+    void linkOpensInTheSystemsBrowser()
+    {
+        const Desktop systemsBrowser("http");
+        dialog->show();
+        QVERIFY(eventuallyExposed(dialog.get()));
+        const QString before = browser->toPlainText();
+
+        QTextCursor cursor = browser->document()->find(MakerAddresses::velloxaDownloads());
+        cursor.setPosition((cursor.selectionStart() + cursor.selectionEnd()) / 2);
+        browser->setTextCursor(cursor);
+        browser->ensureCursorVisible();
+        QTest::mouseClick(browser->viewport(), Qt::LeftButton, Qt::NoModifier,
+                          browser->cursorRect(cursor).center());
+
+        EVENTUALLY_COMPARE(systemsBrowser.opened, QList<QUrl>{QUrl(MakerAddresses::velloxaDownloads())});
+        QCOMPARE(browser->toPlainText(), before);
+    }
+
+    void modelessAndGoneWithItsWindow()
+    {
+        const QPointer<VelloxaAdvertisementDialog> shown = dialog.release();
+        QVERIFY(shown->parent() == nullptr);
+        shown->setAttribute(Qt::WA_DeleteOnClose);
+        shown->show();
+        QVERIFY(!shown->isModal());
+        shown->close();
+        EVENTUALLY_VERIFY(shown.isNull());
+    }
+
+    void translated()
+    {
+        const MarkingTranslator translator;
+        const VelloxaAdvertisementDialog marked;
+        QVERIFY(marked.findChild<QTextBrowser *>("textBrowser")
+                    ->toPlainText()
+                    .contains("[No more C++ or C# development needed.]"));
+    }
 
 private:
     std::unique_ptr<VelloxaAdvertisementDialog> dialog;
     QTextBrowser *browser = nullptr;
 };
-
-void VelloxaAdvertisementDialogTest::init()
-{
-    dialog = std::make_unique<VelloxaAdvertisementDialog>();
-    browser = dialog->findChild<QTextBrowser *>("textBrowser");
-    QVERIFY(browser != nullptr);
-}
-
-void VelloxaAdvertisementDialogTest::window()
-{
-    QVERIFY(!dialog->windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
-    QVERIFY(dialog->windowFlags().testFlag(Qt::WindowCloseButtonHint));
-    QCOMPARE(dialog->windowTitle(), "Velloxa");
-    QCOMPARE(dialog->size(), QSize(701, 526));
-    auto *const layout = qobject_cast<QVBoxLayout *>(dialog->layout());
-    QVERIFY(layout != nullptr);
-    QCOMPARE(layout->objectName(), "verticalLayout");
-    QCOMPARE(layout->count(), 1);
-    QCOMPARE(layout->itemAt(0)->widget(), browser);
-    dialog->show();
-    QCOMPARE(accessibleControls(*dialog), QStringList{"About Velloxa"});
-}
-
-void VelloxaAdvertisementDialogTest::text()
-{
-    const QString address = MakerAddresses::velloxaDownloads();
-    QVERIFY(address.endsWith("/downloads.html"));
-    const QString picture(QChar::ObjectReplacementCharacter);
-    const QStringList runs{
-        '"' + picture + '"',
-        "\"It seems that Velloxa is not available on this machine.\n\n"
-        "Velloxa is the perfect combination for MVTec HALCON to deploy your algorithms fast and easy to "
-        "customer machines.\n"
-        "No more C++ or C# development needed.\n"
-        "In addition, the Professional Edition runs your scripts on multiple images during development, "
-        "leading to an unprecedented speed in evaluating your algorithm.\n\n"
-        "Quorvik Solutions Velloxa Demo can be downloaded for free at\n\"",
-        '"' + address + "\" underlined #0000ff -> " + address,
-        "\"\n\nPlease restart this program after the installation of Velloxa has finished.\"",
-    };
-    QCOMPARE(richTextRuns(*browser->document()).join('|'), runs.join('|'));
-}
-
-void VelloxaAdvertisementDialogTest::textIsOfNinePoints()
-{
-    const QTextBlock block = browser->document()->begin();
-    for (auto run = block.begin(); !run.atEnd(); ++run) {
-        const QTextCharFormat format = run.fragment().charFormat();
-        QVERIFY2(format.isImageFormat() || format.fontPointSize() == 9.0, qPrintable(run.fragment().text()));
-    }
-}
-
-void VelloxaAdvertisementDialogTest::picture()
-{
-    const QString path = ":/velloxa-256.png";
-    QCOMPARE(QImage(path).size(), QSize(256, 256));
-    const QTextBlock block = browser->document()->begin();
-    QCOMPARE(block.begin().fragment().charFormat().toImageFormat().name(), path);
-
-    // A picture that cannot be loaded is shown as a small symbol.
-    dialog->show();
-    QVERIFY(eventuallyExposed(dialog.get()));
-    QVERIFY(block.layout()->lineAt(0).height() >= 256);
-}
-
-void VelloxaAdvertisementDialogTest::linkOpensInTheSystemsBrowser()
-{
-    const Desktop systemsBrowser("http");
-    dialog->show();
-    QVERIFY(eventuallyExposed(dialog.get()));
-    const QString before = browser->toPlainText();
-
-    QTextCursor cursor = browser->document()->find(MakerAddresses::velloxaDownloads());
-    cursor.setPosition((cursor.selectionStart() + cursor.selectionEnd()) / 2);
-    browser->setTextCursor(cursor);
-    browser->ensureCursorVisible();
-    QTest::mouseClick(browser->viewport(), Qt::LeftButton, Qt::NoModifier,
-                      browser->cursorRect(cursor).center());
-
-    EVENTUALLY_COMPARE(systemsBrowser.opened, QList<QUrl>{QUrl(MakerAddresses::velloxaDownloads())});
-    QCOMPARE(browser->toPlainText(), before);
-}
-
-void VelloxaAdvertisementDialogTest::modelessAndGoneWithItsWindow()
-{
-    const QPointer<VelloxaAdvertisementDialog> shown = dialog.release();
-    QVERIFY(shown->parent() == nullptr);
-    shown->setAttribute(Qt::WA_DeleteOnClose);
-    shown->show();
-    QVERIFY(!shown->isModal());
-    shown->close();
-    EVENTUALLY_VERIFY(shown.isNull());
-}
-
-void VelloxaAdvertisementDialogTest::translated()
-{
-    const MarkingTranslator translator;
-    const VelloxaAdvertisementDialog marked;
-    QVERIFY(marked.findChild<QTextBrowser *>("textBrowser")
-                ->toPlainText()
-                .contains("[No more C++ or C# development needed.]"));
-}
 
 QTEST_MAIN(VelloxaAdvertisementDialogTest)
 

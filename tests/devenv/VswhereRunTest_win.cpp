@@ -45,168 +45,145 @@ class VswhereRunTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void notThere();
-    void onlyElsewhere();
-    void arguments();
-    void reportCounts_data();
-    void reportCounts();
-    void longReport();
-    void nothingReported_data();
-    void nothingReported();
-    void limit();
-    void neverEnds_data();
-    void neverEnds();
-    void cannotBeStarted_data();
-    void cannotBeStarted();
-};
+    /// An aborted test may have left it.
+    void init() { QVERIFY(VswhereChild::removeFrom(VswhereChild::path())); }
 
-/// An aborted test may have left it.
-void VswhereRunTest::init()
-{
-    QVERIFY(VswhereChild::removeFrom(VswhereChild::path()));
-}
+    void notThere() { expectNothing(); }
 
-void VswhereRunTest::notThere()
-{
-    expectNothing();
-}
-
-void VswhereRunTest::onlyElsewhere()
-{
-    const VswhereChild child(community.block());
-    const QTemporaryDir elsewhere;
-    child.moveTo(elsewhere.filePath("vswhere.exe"));
-    const EnvironmentVariable path("PATH", QDir::toNativeSeparators(elsewhere.path()).toLocal8Bit() + ';' +
-                                               qgetenv("PATH"));
-    const CurrentDirectory current(elsewhere.path());
-    expectNothing();
-    QCOMPARE(child.runs().size(), 0);
-}
-
-void VswhereRunTest::arguments()
-{
-    const VswhereChild child(community.block());
-    detectVisualStudioViaVswhere();
-    QCOMPARE(child.runs().size(), 1);
-    const VswhereRun run = child.runs().constFirst();
-    QCOMPARE(run.executable, VswhereChild::path());
-    QCOMPARE(run.arguments, (QStringList{"-prerelease", "-all"}));
-    QVERIFY(!isRunning(run.processId));
-}
-
-void VswhereRunTest::reportCounts_data()
-{
-    columns<VswhereConduct>("conduct");
-
-    const QByteArray report = community.block() + buildTools.block();
-    row("carriage returns and a byte order mark",
-        VswhereConduct{"\xef\xbb\xbf" + QByteArray(report).replace('\n', "\r\n"), {}});
-    VswhereConduct crashed{report, {}};
-    crashed.exitCode = 0xc0000005;
-    row("exit code of a crash", crashed);
-    row("much on standard error",
-        VswhereConduct{report,
-                       QByteArray("installationPath: C:\\Error\ndisplayName: Error\n").repeated(30000)});
-    VswhereConduct slow{report, {}};
-    slow.delay = 1000;
-    slow.linger = 1000;
-    row("slow", slow);
-}
-
-void VswhereRunTest::reportCounts()
-{
-    QFETCH(VswhereConduct, conduct);
-    const VswhereChild child(conduct);
-    expect(community.records() + buildTools.records(), community.logLines() + buildTools.logLines());
-    QCOMPARE(child.runs().size(), 1);
-}
-
-/// More than a pipe holds: the program only ends if its output is read while it runs.
-void VswhereRunTest::longReport()
-{
-    const QByteArray filler = QByteArray("description: " + QByteArray(1000, 'x') + "\r\n").repeated(1500);
-    const VswhereChild child(community.block() + filler + buildTools.block() + filler + community.block());
-    expect(community.records() + buildTools.records() + community.records(),
-           community.logLines() + buildTools.logLines() + community.logLines());
-}
-
-void VswhereRunTest::nothingReported_data()
-{
-    columns<VswhereConduct>("conduct");
-
-    VswhereConduct silent;
-    silent.exitCode = 87;
-    row("silent with an exit code", silent);
-    row("report on standard error", VswhereConduct{{}, community.block()});
-}
-
-void VswhereRunTest::nothingReported()
-{
-    QFETCH(VswhereConduct, conduct);
-    const VswhereChild child(conduct);
-    expectNothing();
-    QCOMPARE(child.runs().size(), 1);
-}
-
-void VswhereRunTest::limit()
-{
-    QCOMPARE(vswhereLimitMilliseconds, 5000);
-}
-
-void VswhereRunTest::neverEnds_data()
-{
-    columns<VswhereConduct>("conduct");
-
-    VswhereConduct conduct{community.block(), {}};
-    conduct.linger = tooLong;
-    row("after a complete report", conduct);
-    // Its standard input stays open and empty.
-    conduct = {community.block(), {}};
-    conduct.readsInput = true;
-    row("waiting for input", conduct);
-    conduct = {community.block(), {}};
-    conduct.repeats = true;
-    row("writing on and on", conduct);
-}
-
-void VswhereRunTest::neverEnds()
-{
-    QFETCH(VswhereConduct, conduct);
-    const VswhereChild child(conduct);
-    expectNothing();
-    QCOMPARE(child.runs().size(), 1);
-    // Proves that a running process would be detected.
-    QVERIFY(isRunning(quint32(QCoreApplication::applicationPid())));
-    EVENTUALLY_VERIFY(!isRunning(child.runs().constFirst().processId));
-}
-
-void VswhereRunTest::cannotBeStarted_data()
-{
-    // null for a directory
-    const auto row = columns<QByteArray>("content");
-
-    row("text file with a report", community.block());
-    row("directory", {});
-}
-
-void VswhereRunTest::cannotBeStarted()
-{
-    QFETCH(QByteArray, content);
-    if (content.isNull()) {
-        QVERIFY(QDir().mkdir(VswhereChild::path()));
-    } else {
-        QFile file(VswhereChild::path());
-        QVERIFY(file.open(QFile::WriteOnly) && file.write(content) == content.size());
+    void onlyElsewhere()
+    {
+        const VswhereChild child(community.block());
+        const QTemporaryDir elsewhere;
+        child.moveTo(elsewhere.filePath("vswhere.exe"));
+        const EnvironmentVariable path("PATH", QDir::toNativeSeparators(elsewhere.path()).toLocal8Bit() +
+                                                   ';' + qgetenv("PATH"));
+        const CurrentDirectory current(elsewhere.path());
+        expectNothing();
+        QCOMPARE(child.runs().size(), 0);
     }
-    const CaughtMessages messages;
-    const LogLines log;
-    QCOMPARE(vswhereExecutable(), content.isNull() ? QString() : VswhereChild::path());
-    QCOMPARE(fieldLines(detectVisualStudioViaVswhere()), QStringList());
-    QCOMPARE(log.lines(), QStringList{started});
-    QCOMPARE(messages.warnings(), QStringList());
-    QVERIFY(VswhereChild::removeFrom(VswhereChild::path()));
-}
+
+    void arguments()
+    {
+        const VswhereChild child(community.block());
+        detectVisualStudioViaVswhere();
+        QCOMPARE(child.runs().size(), 1);
+        const VswhereRun run = child.runs().constFirst();
+        QCOMPARE(run.executable, VswhereChild::path());
+        QCOMPARE(run.arguments, (QStringList{"-prerelease", "-all"}));
+        QVERIFY(!isRunning(run.processId));
+    }
+
+    void reportCounts_data()
+    {
+        columns<VswhereConduct>("conduct");
+
+        const QByteArray report = community.block() + buildTools.block();
+        row("carriage returns and a byte order mark",
+            VswhereConduct{"\xef\xbb\xbf" + QByteArray(report).replace('\n', "\r\n"), {}});
+        VswhereConduct crashed{report, {}};
+        crashed.exitCode = 0xc0000005;
+        row("exit code of a crash", crashed);
+        row("much on standard error",
+            VswhereConduct{report,
+                           QByteArray("installationPath: C:\\Error\ndisplayName: Error\n").repeated(30000)});
+        VswhereConduct slow{report, {}};
+        slow.delay = 1000;
+        slow.linger = 1000;
+        row("slow", slow);
+    }
+
+    void reportCounts()
+    {
+        QFETCH(VswhereConduct, conduct);
+        const VswhereChild child(conduct);
+        expect(community.records() + buildTools.records(), community.logLines() + buildTools.logLines());
+        QCOMPARE(child.runs().size(), 1);
+    }
+
+    /// More than a pipe holds: the program only ends if its output is read while it runs.
+    void longReport()
+    {
+        const QByteArray filler = QByteArray("description: " + QByteArray(1000, 'x') + "\r\n").repeated(1500);
+        const VswhereChild child(community.block() + filler + buildTools.block() + filler +
+                                 community.block());
+        expect(community.records() + buildTools.records() + community.records(),
+               community.logLines() + buildTools.logLines() + community.logLines());
+    }
+
+    void nothingReported_data()
+    {
+        columns<VswhereConduct>("conduct");
+
+        VswhereConduct silent;
+        silent.exitCode = 87;
+        row("silent with an exit code", silent);
+        row("report on standard error", VswhereConduct{{}, community.block()});
+    }
+
+    void nothingReported()
+    {
+        QFETCH(VswhereConduct, conduct);
+        const VswhereChild child(conduct);
+        expectNothing();
+        QCOMPARE(child.runs().size(), 1);
+    }
+
+    void limit() { QCOMPARE(vswhereLimitMilliseconds, 5000); }
+
+    void neverEnds_data()
+    {
+        columns<VswhereConduct>("conduct");
+
+        VswhereConduct conduct{community.block(), {}};
+        conduct.linger = tooLong;
+        row("after a complete report", conduct);
+        // Its standard input stays open and empty.
+        conduct = {community.block(), {}};
+        conduct.readsInput = true;
+        row("waiting for input", conduct);
+        conduct = {community.block(), {}};
+        conduct.repeats = true;
+        row("writing on and on", conduct);
+    }
+
+    void neverEnds()
+    {
+        QFETCH(VswhereConduct, conduct);
+        const VswhereChild child(conduct);
+        expectNothing();
+        QCOMPARE(child.runs().size(), 1);
+        // Proves that a running process would be detected.
+        QVERIFY(isRunning(quint32(QCoreApplication::applicationPid())));
+        EVENTUALLY_VERIFY(!isRunning(child.runs().constFirst().processId));
+    }
+
+    void cannotBeStarted_data()
+    {
+        // null for a directory
+        const auto row = columns<QByteArray>("content");
+
+        row("text file with a report", community.block());
+        row("directory", {});
+    }
+
+    void cannotBeStarted()
+    {
+        QFETCH(QByteArray, content);
+        if (content.isNull()) {
+            QVERIFY(QDir().mkdir(VswhereChild::path()));
+        } else {
+            QFile file(VswhereChild::path());
+            QVERIFY(file.open(QFile::WriteOnly) && file.write(content) == content.size());
+        }
+        const CaughtMessages messages;
+        const LogLines log;
+        QCOMPARE(vswhereExecutable(), content.isNull() ? QString() : VswhereChild::path());
+        QCOMPARE(fieldLines(detectVisualStudioViaVswhere()), QStringList());
+        QCOMPARE(log.lines(), QStringList{started});
+        QCOMPARE(messages.warnings(), QStringList());
+        QVERIFY(VswhereChild::removeFrom(VswhereChild::path()));
+    }
+};
 
 QTEST_GUILESS_MAIN(VswhereRunTest)
 

@@ -46,142 +46,135 @@ class HalconInstallationTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void freshRecord();
-    void versionText_data();
-    void versionText();
-    void archRank_data();
-    void archRank();
-    void ordering_data();
-    void ordering();
-    void longList();
-    void equalIdentityOccursOnce();
-};
+    void freshRecord()
+    {
+        QCOMPARE(recordLines({HalconInstallation(20, 11, 1, 3)}), QStringList{"20.11.1.3 ''  |  |  | "});
+    }
 
-void HalconInstallationTest::freshRecord()
-{
-    QCOMPARE(recordLines({HalconInstallation(20, 11, 1, 3)}), QStringList{"20.11.1.3 ''  |  |  | "});
-}
+    void versionText_data()
+    {
+        columns<int, int, int, int, QString, QString>("major", "minor", "revision", "build", "suffix",
+                                                      "text");
 
-void HalconInstallationTest::versionText_data()
-{
-    columns<int, int, int, int, QString, QString>("major", "minor", "revision", "build", "suffix", "text");
+        row("unknown revision and build", 20, 11, -1, -1, "Progress", "20.11 Progress");
+        row("no suffix", 18, 11, 2, 0, "", "18.11.2");
+        row("revision 0 is printed", 20, 11, 0, 0, "", "20.11.0");
+        row("build other than 0", 20, 11, 0, 7, "", "20.11.0.7");
+        row("everything", 20, 11, 1, 3, "Progress", "20.11.1.3 Progress");
+        row("unknown minor ends the numbers", 20, -1, 3, 3, "Progress", "20 Progress");
+        row("unknown revision ends the numbers", 20, 11, -1, 3, "", "20.11");
+        row("unknown build", 20, 11, 4, -1, "", "20.11.4");
+        row("minor 0", 13, 0, -1, -1, "", "13.0");
+        row("unknown major", -1, 11, 1, 3, "Progress", "");
+        row("other negative numbers are printed", -2, -3, -4, -5, "", "-2.-3.-4.-5");
+    }
 
-    row("unknown revision and build", 20, 11, -1, -1, "Progress", "20.11 Progress");
-    row("no suffix", 18, 11, 2, 0, "", "18.11.2");
-    row("revision 0 is printed", 20, 11, 0, 0, "", "20.11.0");
-    row("build other than 0", 20, 11, 0, 7, "", "20.11.0.7");
-    row("everything", 20, 11, 1, 3, "Progress", "20.11.1.3 Progress");
-    row("unknown minor ends the numbers", 20, -1, 3, 3, "Progress", "20 Progress");
-    row("unknown revision ends the numbers", 20, 11, -1, 3, "", "20.11");
-    row("unknown build", 20, 11, 4, -1, "", "20.11.4");
-    row("minor 0", 13, 0, -1, -1, "", "13.0");
-    row("unknown major", -1, 11, 1, 3, "Progress", "");
-    row("other negative numbers are printed", -2, -3, -4, -5, "", "-2.-3.-4.-5");
-}
+    void versionText()
+    {
+        QFETCH(int, major);
+        QFETCH(int, minor);
+        QFETCH(int, revision);
+        QFETCH(int, build);
+        QFETCH(QString, suffix);
+        QFETCH(QString, text);
 
-void HalconInstallationTest::versionText()
-{
-    QFETCH(int, major);
-    QFETCH(int, minor);
-    QFETCH(int, revision);
-    QFETCH(int, build);
-    QFETCH(QString, suffix);
-    QFETCH(QString, text);
+        QCOMPARE(formatVersion(major, minor, revision, build, suffix), text);
+        HalconInstallation record(major, minor, revision, build);
+        record.setSuffix(suffix);
+        record.arch = x64;
+        QCOMPARE(record.versionText(), text);
+        QCOMPARE(record.versionArchText(), text + " (x64-win64)");
+    }
 
-    QCOMPARE(formatVersion(major, minor, revision, build, suffix), text);
-    HalconInstallation record(major, minor, revision, build);
-    record.setSuffix(suffix);
-    record.arch = x64;
-    QCOMPARE(record.versionText(), text);
-    QCOMPARE(record.versionArchText(), text + " (x64-win64)");
-}
+    void archRank_data()
+    {
+        columns<QString, int>("arch", "rank");
 
-void HalconInstallationTest::archRank_data()
-{
-    columns<QString, int>("arch", "rank");
+        row("64-bit", x64, 3);
+        row("SSE2", sse2, 2);
+        row("32-bit", x86, 1);
+        row("other case", "X64-win64", 0);
+        row("beginning only", "x64", 0);
+        row("empty", "", 0);
+    }
 
-    row("64-bit", x64, 3);
-    row("SSE2", sse2, 2);
-    row("32-bit", x86, 1);
-    row("other case", "X64-win64", 0);
-    row("beginning only", "x64", 0);
-    row("empty", "", 0);
-}
+    void archRank()
+    {
+        QFETCH(QString, arch);
+        QTEST(::archRank(arch), "rank");
+    }
 
-void HalconInstallationTest::archRank()
-{
-    QFETCH(QString, arch);
-    QTEST(::archRank(arch), "rank");
-}
+    void ordering_data()
+    {
+        columns<QStringList, QStringList>("found", "expected");
 
-void HalconInstallationTest::ordering_data()
-{
-    columns<QStringList, QStringList>("found", "expected");
+        using List = QStringList;
+        row("none", List(), List());
+        row("numbers, not text", List{"18.11 (x64-win64)", "10.0 (x64-win64)", "9.0 (x64-win64)"},
+            List{"9.0 (x64-win64)", "10.0 (x64-win64)", "18.11 (x64-win64)"});
+        row("architectures of one version",
+            List{"12.0.3 (x64-win64)", "12.0.3 (x86-win32)", "12.0.3 (x86sse2-win32)"},
+            List{"12.0.3 (x86-win32)", "12.0.3 (x86sse2-win32)", "12.0.3 (x64-win64)"});
+        row("version before architecture", List{"13.0.0 (x86-win32)", "12.0.0 (x64-win64)"},
+            List{"12.0.0 (x64-win64)", "13.0.0 (x86-win32)"});
+        row("minor versions", List{"20.11.0 (x64-win64)", "20.5.0 (x64-win64)"},
+            List{"20.5.0 (x64-win64)", "20.11.0 (x64-win64)"});
+        row("revisions by text", List{"20.11.9 (x64-win64)", "20.11.10 (x64-win64)"},
+            List{"20.11.10 (x64-win64)", "20.11.9 (x64-win64)"});
+        row("unknown revision is another identity than 0",
+            List{"20.11.0 X (x64-win64)", "20.11 X (x64-win64)"},
+            List{"20.11 X (x64-win64)", "20.11.0 X (x64-win64)"});
+        row("duplicates that are apart",
+            List{"13.0.0 (x64-win64)", "12.0.0 (x64-win64)", "13.0.0 (x64-win64)"},
+            List{"12.0.0 (x64-win64)", "13.0.0 (x64-win64)"});
+        row("suffixes by code unit",
+            List{"20.11 \uff5e (x64-win64)", "20.11 \u00e4 (x64-win64)", "20.11 \U0001f52c (x64-win64)",
+                 "20.11 a (x64-win64)", "20.11 A (x64-win64)"},
+            List{"20.11 A (x64-win64)", "20.11 a (x64-win64)", "20.11 \u00e4 (x64-win64)",
+                 "20.11 \U0001f52c (x64-win64)", "20.11 \uff5e (x64-win64)"});
+        row("unknown architecture first", List{"13.0.0 (x86-win32)", "13.0.0 (arm64)"},
+            List{"13.0.0 (arm64)", "13.0.0 (x86-win32)"});
+    }
 
-    using List = QStringList;
-    row("none", List(), List());
-    row("numbers, not text", List{"18.11 (x64-win64)", "10.0 (x64-win64)", "9.0 (x64-win64)"},
-        List{"9.0 (x64-win64)", "10.0 (x64-win64)", "18.11 (x64-win64)"});
-    row("architectures of one version",
-        List{"12.0.3 (x64-win64)", "12.0.3 (x86-win32)", "12.0.3 (x86sse2-win32)"},
-        List{"12.0.3 (x86-win32)", "12.0.3 (x86sse2-win32)", "12.0.3 (x64-win64)"});
-    row("version before architecture", List{"13.0.0 (x86-win32)", "12.0.0 (x64-win64)"},
-        List{"12.0.0 (x64-win64)", "13.0.0 (x86-win32)"});
-    row("minor versions", List{"20.11.0 (x64-win64)", "20.5.0 (x64-win64)"},
-        List{"20.5.0 (x64-win64)", "20.11.0 (x64-win64)"});
-    row("revisions by text", List{"20.11.9 (x64-win64)", "20.11.10 (x64-win64)"},
-        List{"20.11.10 (x64-win64)", "20.11.9 (x64-win64)"});
-    row("unknown revision is another identity than 0", List{"20.11.0 X (x64-win64)", "20.11 X (x64-win64)"},
-        List{"20.11 X (x64-win64)", "20.11.0 X (x64-win64)"});
-    row("duplicates that are apart", List{"13.0.0 (x64-win64)", "12.0.0 (x64-win64)", "13.0.0 (x64-win64)"},
-        List{"12.0.0 (x64-win64)", "13.0.0 (x64-win64)"});
-    row("suffixes by code unit",
-        List{"20.11 \uff5e (x64-win64)", "20.11 \u00e4 (x64-win64)", "20.11 \U0001f52c (x64-win64)",
-             "20.11 a (x64-win64)", "20.11 A (x64-win64)"},
-        List{"20.11 A (x64-win64)", "20.11 a (x64-win64)", "20.11 \u00e4 (x64-win64)",
-             "20.11 \U0001f52c (x64-win64)", "20.11 \uff5e (x64-win64)"});
-    row("unknown architecture first", List{"13.0.0 (x86-win32)", "13.0.0 (arm64)"},
-        List{"13.0.0 (arm64)", "13.0.0 (x86-win32)"});
-}
+    void ordering()
+    {
+        QFETCH(QStringList, found);
+        QTEST(ordered(found), "expected");
+    }
 
-void HalconInstallationTest::ordering()
-{
-    QFETCH(QStringList, found);
-    QTEST(ordered(found), "expected");
-}
-
-/// An unstable sort shows only in lists of more than 16.
-void HalconInstallationTest::longList()
-{
-    QStringList expected;
-    for (const QString &version : QStringList{"12.0", "13.0"}) {
-        for (const QString &arch : {x86, sse2, x64}) {
-            for (const char suffix : QByteArray("ABCDEFGH")) {
-                expected.append(version + ' ' + suffix + " (" + arch + ')');
+    /// An unstable sort shows only in lists of more than 16.
+    void longList()
+    {
+        QStringList expected;
+        for (const QString &version : QStringList{"12.0", "13.0"}) {
+            for (const QString &arch : {x86, sse2, x64}) {
+                for (const char suffix : QByteArray("ABCDEFGH")) {
+                    expected.append(version + ' ' + suffix + " (" + arch + ')');
+                }
             }
         }
+        QStringList shuffled = expected;
+        std::mt19937 generator;
+        for (int round = 0; round < 10; ++round) {
+            std::shuffle(shuffled.begin(), shuffled.end(), generator);
+            QCOMPARE(ordered(shuffled), expected);
+        }
     }
-    QStringList shuffled = expected;
-    std::mt19937 generator;
-    for (int round = 0; round < 10; ++round) {
-        std::shuffle(shuffled.begin(), shuffled.end(), generator);
-        QCOMPARE(ordered(shuffled), expected);
+
+    void equalIdentityOccursOnce()
+    {
+        HalconInstallation here = withIdentity("20.11.1 (x64-win64)");
+        here.installDir = "C:\\here";
+        HalconInstallation there = here;
+        there.installDir = "C:\\there";
+
+        QList<HalconInstallation> installations{here, there};
+        orderInstallations(installations);
+
+        QCOMPARE(installations.size(), 1);
+        QVERIFY((QStringList{"C:\\here", "C:\\there"}.contains(installations.constFirst().installDir)));
     }
-}
-
-void HalconInstallationTest::equalIdentityOccursOnce()
-{
-    HalconInstallation here = withIdentity("20.11.1 (x64-win64)");
-    here.installDir = "C:\\here";
-    HalconInstallation there = here;
-    there.installDir = "C:\\there";
-
-    QList<HalconInstallation> installations{here, there};
-    orderInstallations(installations);
-
-    QCOMPARE(installations.size(), 1);
-    QVERIFY((QStringList{"C:\\here", "C:\\there"}.contains(installations.constFirst().installDir)));
-}
+};
 
 QTEST_GUILESS_MAIN(HalconInstallationTest)
 

@@ -5,20 +5,6 @@
 
 #include <QtTest>
 
-/// The reading of one product key of HALCON. What its values mean is tested with tables of values.
-class ProductKeyTest : public QObject {
-    Q_OBJECT
-
-private slots:
-    void missingKey();
-    void emptyKey();
-    void wholeKey();
-    void everyTypeOfComponent();
-    void everyTypeOfNumber();
-    void directories();
-    void valuesOfTheVersionGroupItself();
-};
-
 namespace {
 
 const QString heading = "Investigating main HALCON registry key HKEY_LOCAL_MACHINE\\Software\\MVTec\\HALCON";
@@ -28,134 +14,140 @@ const QString rejection = "%1is not a valid HALCON version containing major.mino
 
 } // namespace
 
-void ProductKeyTest::missingKey()
-{
-    const CaughtMessages messages;
-    const LogLines log;
-    const QString key = Keys::product64 + " that is missing";
-    QVERIFY(readMainHalconKey(key).isEmpty());
-    QCOMPARE(log.lines(), QStringList{heading + " that is missing"});
-    QCOMPARE(messages.warnings(), QStringList());
-    QVERIFY(!Registry::exists(key));
-}
+/// The reading of one product key of HALCON. What its values mean is tested with tables of values.
+class ProductKeyTest : public QObject {
+    Q_OBJECT
 
-void ProductKeyTest::emptyKey()
-{
-    Registry::createKey(Keys::product64);
-    const CaughtMessages messages;
-    const LogLines log;
-    QVERIFY(readMainHalconKey(Keys::product64).isEmpty());
-    QCOMPARE(log.lines(), QStringList{heading});
-    QCOMPARE(messages.warnings(), QStringList());
-}
+private slots:
+    void missingKey()
+    {
+        const CaughtMessages messages;
+        const LogLines log;
+        const QString key = Keys::product64 + " that is missing";
+        QVERIFY(readMainHalconKey(key).isEmpty());
+        QCOMPARE(log.lines(), QStringList{heading + " that is missing"});
+        QCOMPARE(messages.warnings(), QStringList());
+        QVERIFY(!Registry::exists(key));
+    }
 
-void ProductKeyTest::wholeKey()
-{
-    HalconKeys keys;
-    keys.addVersion(Keys::product64, "12.0", {"Documentation", "RuntimeSSE2", "RuntimeX64", "RuntimeX86"},
-                    "C:\\H12", 3);
-    keys.addGroup(Keys::product64, "13.0");
-    const QString uninitialized = keys.addGroup(Keys::product64, "18.11");
-    Registry::setDword(uninitialized + "\\InstalledComponents", "RuntimeX86", 1);
-    Registry::setDword(uninitialized + "\\InstalledComponents\\Sub", "RuntimeX64", 1);
-    Registry::setDword(uninitialized + "\\InstalledComponents\\Sub\\Deeper", "Examples", 1);
-    keys.addVersion(Keys::product64, "20.99999999999-Progress", {"RuntimeX64"}, "C:\\H20", 1);
-    keys.addVersion(Keys::product64, "22.05-Steady", {"RuntimeX64"}, "C:\\H22", 1);
-    keys.addVersion(Keys::product64, "Pr\u00fcfung", {"RuntimeX64"}, "C:\\P", 1);
+    void emptyKey()
+    {
+        Registry::createKey(Keys::product64);
+        const CaughtMessages messages;
+        const LogLines log;
+        QVERIFY(readMainHalconKey(Keys::product64).isEmpty());
+        QCOMPARE(log.lines(), QStringList{heading});
+        QCOMPARE(messages.warnings(), QStringList());
+    }
 
-    const CaughtMessages messages;
-    const LogLines log;
-    const QList<HalconInstallation> found = readMainHalconKey(Keys::product64);
+    void wholeKey()
+    {
+        HalconKeys keys;
+        keys.addVersion(Keys::product64, "12.0", {"Documentation", "RuntimeSSE2", "RuntimeX64", "RuntimeX86"},
+                        "C:\\H12", 3);
+        keys.addGroup(Keys::product64, "13.0");
+        const QString uninitialized = keys.addGroup(Keys::product64, "18.11");
+        Registry::setDword(uninitialized + "\\InstalledComponents", "RuntimeX86", 1);
+        Registry::setDword(uninitialized + "\\InstalledComponents\\Sub", "RuntimeX64", 1);
+        Registry::setDword(uninitialized + "\\InstalledComponents\\Sub\\Deeper", "Examples", 1);
+        keys.addVersion(Keys::product64, "20.99999999999-Progress", {"RuntimeX64"}, "C:\\H20", 1);
+        keys.addVersion(Keys::product64, "22.05-Steady", {"RuntimeX64"}, "C:\\H22", 1);
+        keys.addVersion(Keys::product64, "Pr\u00fcfung", {"RuntimeX64"}, "C:\\P", 1);
 
-    QCOMPARE(
-        recordLines(found),
-        (QStringList{
-            "12.0.3.0 '' x86-win32 | C:\\H12 | C:\\H12\\examples | Documentation RuntimeX86",
-            "12.0.3.0 '' x86sse2-win32 | C:\\H12 | C:\\H12\\examples | Documentation RuntimeSSE2",
-            "12.0.3.0 '' x64-win64 | C:\\H12 | C:\\H12\\examples | Documentation RuntimeX64",
-            // Revision and build are read as 0, so the identity differs from that of an unknown revision.
-            "18.11.0.0 '' x86-win32 |  |  | RuntimeX86 Sub/Deeper/Examples",
-            "22.5.1.0 'Steady' x64-win64 | C:\\H22 | C:\\H22\\examples | RuntimeX64",
-        }));
-    QCOMPARE(log.lines(),
-             (QStringList{heading, groupHeading.arg("12.0"), "hasX86", "hasX86SSE2", "hasX64",
-                          groupHeading.arg("13.0"), groupHeading.arg("18.11"), "hasX86",
-                          rejection.arg("20.99999999999-Progress"), groupHeading.arg("22.05-Steady"),
-                          "hasX64", rejection.arg("Pr\u00fcfung")}));
-    QCOMPARE(messages.warnings(), (QStringList{'"' + rejection.arg("20.99999999999-Progress") + '"',
-                                               '"' + rejection.arg("Pr\u00fcfung") + '"'}));
-    QVERIFY(!Registry::exists(uninitialized + "\\Initialized"));
-}
+        const CaughtMessages messages;
+        const LogLines log;
+        const QList<HalconInstallation> found = readMainHalconKey(Keys::product64);
 
-void ProductKeyTest::everyTypeOfComponent()
-{
-    HalconKeys keys;
-    const QString components = keys.addGroup(Keys::product64, "20.11") + "\\InstalledComponents";
-    Registry::setString(components, "RuntimeX64", "1");
-    Registry::setDword(components, "Number", 1);
-    Registry::setQword(components, "Long", 1);
-    Registry::setExpandString(components, "Expanded", "1");
-    Registry::setString(components, "NoString", "01");
-    Registry::setDword(components, "NoNumber", 0);
-    Registry::setQword(components, "NoLong", (quint64(1) << 32U) + 1);
-    Registry::setStrings(components, "NoStrings", {"1", "1"});
-    Registry::setStrings(components, "NoStringAtAll", {});
-    Registry::setBinary(components, "NoBinary", QByteArray::fromHex("01000000"));
-    Registry::setBinary(components, "NoBytes", {});
+        QCOMPARE(
+            recordLines(found),
+            (QStringList{
+                "12.0.3.0 '' x86-win32 | C:\\H12 | C:\\H12\\examples | Documentation RuntimeX86",
+                "12.0.3.0 '' x86sse2-win32 | C:\\H12 | C:\\H12\\examples | Documentation RuntimeSSE2",
+                "12.0.3.0 '' x64-win64 | C:\\H12 | C:\\H12\\examples | Documentation RuntimeX64",
+                // Revision and build are read as 0, so the identity differs from that of an unknown revision.
+                "18.11.0.0 '' x86-win32 |  |  | RuntimeX86 Sub/Deeper/Examples",
+                "22.5.1.0 'Steady' x64-win64 | C:\\H22 | C:\\H22\\examples | RuntimeX64",
+            }));
+        QCOMPARE(log.lines(),
+                 (QStringList{heading, groupHeading.arg("12.0"), "hasX86", "hasX86SSE2", "hasX64",
+                              groupHeading.arg("13.0"), groupHeading.arg("18.11"), "hasX86",
+                              rejection.arg("20.99999999999-Progress"), groupHeading.arg("22.05-Steady"),
+                              "hasX64", rejection.arg("Pr\u00fcfung")}));
+        QCOMPARE(messages.warnings(), (QStringList{'"' + rejection.arg("20.99999999999-Progress") + '"',
+                                                   '"' + rejection.arg("Pr\u00fcfung") + '"'}));
+        QVERIFY(!Registry::exists(uninitialized + "\\Initialized"));
+    }
 
-    QCOMPARE(recordLines(readMainHalconKey(Keys::product64)),
-             QStringList{"20.11.0.0 '' x64-win64 |  |  | Expanded Long Number RuntimeX64"});
-}
+    void everyTypeOfComponent()
+    {
+        HalconKeys keys;
+        const QString components = keys.addGroup(Keys::product64, "20.11") + "\\InstalledComponents";
+        Registry::setString(components, "RuntimeX64", "1");
+        Registry::setDword(components, "Number", 1);
+        Registry::setQword(components, "Long", 1);
+        Registry::setExpandString(components, "Expanded", "1");
+        Registry::setString(components, "NoString", "01");
+        Registry::setDword(components, "NoNumber", 0);
+        Registry::setQword(components, "NoLong", (quint64(1) << 32U) + 1);
+        Registry::setStrings(components, "NoStrings", {"1", "1"});
+        Registry::setStrings(components, "NoStringAtAll", {});
+        Registry::setBinary(components, "NoBinary", QByteArray::fromHex("01000000"));
+        Registry::setBinary(components, "NoBytes", {});
 
-void ProductKeyTest::everyTypeOfNumber()
-{
-    HalconKeys keys;
-    const auto initialized = [&keys](const QString &name) {
-        const QString group = keys.addGroup(Keys::product64, name);
+        QCOMPARE(recordLines(readMainHalconKey(Keys::product64)),
+                 QStringList{"20.11.0.0 '' x64-win64 |  |  | Expanded Long Number RuntimeX64"});
+    }
+
+    void everyTypeOfNumber()
+    {
+        HalconKeys keys;
+        const auto initialized = [&keys](const QString &name) {
+            const QString group = keys.addGroup(Keys::product64, name);
+            Registry::setString(group + "\\InstalledComponents", "RuntimeX64", "1");
+            return group + "\\Initialized";
+        };
+        const QString numbers = initialized("1.0");
+        Registry::setDword(numbers, "InstalledRevision", 0x7fffffff);
+        Registry::setDword(numbers, "InstalledBuild", 0x80000000);
+        const QString longNumbers = initialized("1.1");
+        Registry::setQword(longNumbers, "InstalledRevision", 3);
+        Registry::setQword(longNumbers, "InstalledBuild", (quint64(1) << 32U) + 2);
+        const QString others = initialized("1.2");
+        Registry::setQword(others, "InstalledRevision", ~quint64(0));
+        Registry::setString(others, "InstalledBuild", "7");
+
+        QCOMPARE(recordLines(readMainHalconKey(Keys::product64)),
+                 (QStringList{"1.0.2147483647.0 '' x64-win64 |  |  | RuntimeX64",
+                              "1.1.3.0 '' x64-win64 |  |  | RuntimeX64",
+                              "1.2.0.7 '' x64-win64 |  |  | RuntimeX64"}));
+    }
+
+    void directories()
+    {
+        HalconKeys keys;
+        const QString group = keys.addGroup(Keys::product64, "20.11");
         Registry::setString(group + "\\InstalledComponents", "RuntimeX64", "1");
-        return group + "\\Initialized";
-    };
-    const QString numbers = initialized("1.0");
-    Registry::setDword(numbers, "InstalledRevision", 0x7fffffff);
-    Registry::setDword(numbers, "InstalledBuild", 0x80000000);
-    const QString longNumbers = initialized("1.1");
-    Registry::setQword(longNumbers, "InstalledRevision", 3);
-    Registry::setQword(longNumbers, "InstalledBuild", (quint64(1) << 32U) + 2);
-    const QString others = initialized("1.2");
-    Registry::setQword(others, "InstalledRevision", ~quint64(0));
-    Registry::setString(others, "InstalledBuild", "7");
+        Registry::setString(group + "\\Initialized", "InstallDir", "\"C:/Pr\u00fcfung \u691c\u67fb\"");
+        Registry::setExpandString(group + "\\Initialized", "ExampleRoot", "%ProgramFiles%\\HALCON\\");
+        QCOMPARE(recordLines(readMainHalconKey(Keys::product64)),
+                 QStringList{"20.11.0.0 '' x64-win64 | \"C:/Pr\u00fcfung \u691c\u67fb\" | "
+                             "%ProgramFiles%\\HALCON\\ | RuntimeX64"});
+    }
 
-    QCOMPARE(
-        recordLines(readMainHalconKey(Keys::product64)),
-        (QStringList{"1.0.2147483647.0 '' x64-win64 |  |  | RuntimeX64",
-                     "1.1.3.0 '' x64-win64 |  |  | RuntimeX64", "1.2.0.7 '' x64-win64 |  |  | RuntimeX64"}));
-}
-
-void ProductKeyTest::directories()
-{
-    HalconKeys keys;
-    const QString group = keys.addGroup(Keys::product64, "20.11");
-    Registry::setString(group + "\\InstalledComponents", "RuntimeX64", "1");
-    Registry::setString(group + "\\Initialized", "InstallDir", "\"C:/Pr\u00fcfung \u691c\u67fb\"");
-    Registry::setExpandString(group + "\\Initialized", "ExampleRoot", "%ProgramFiles%\\HALCON\\");
-    QCOMPARE(recordLines(readMainHalconKey(Keys::product64)),
-             QStringList{"20.11.0.0 '' x64-win64 | \"C:/Pr\u00fcfung \u691c\u67fb\" | "
-                         "%ProgramFiles%\\HALCON\\ | RuntimeX64"});
-}
-
-/// Components and directories count only where they belong.
-void ProductKeyTest::valuesOfTheVersionGroupItself()
-{
-    HalconKeys keys;
-    const QString group = keys.addGroup(Keys::product64, "20.11");
-    Registry::setString(group, "RuntimeX86", "1");
-    Registry::setString(group, "InstallDir", "C:\\elsewhere");
-    Registry::setString(group + "\\Initialized", "RuntimeSSE2", "1");
-    Registry::setString(group + "\\InstalledComponents", "RuntimeX64", "1");
-    Registry::setString(group + "\\InstalledComponents", "InstallDir", "C:\\nowhere");
-    QCOMPARE(recordLines(readMainHalconKey(Keys::product64)),
-             QStringList{"20.11.0.0 '' x64-win64 |  |  | RuntimeX64"});
-}
+    /// Components and directories count only where they belong.
+    void valuesOfTheVersionGroupItself()
+    {
+        HalconKeys keys;
+        const QString group = keys.addGroup(Keys::product64, "20.11");
+        Registry::setString(group, "RuntimeX86", "1");
+        Registry::setString(group, "InstallDir", "C:\\elsewhere");
+        Registry::setString(group + "\\Initialized", "RuntimeSSE2", "1");
+        Registry::setString(group + "\\InstalledComponents", "RuntimeX64", "1");
+        Registry::setString(group + "\\InstalledComponents", "InstallDir", "C:\\nowhere");
+        QCOMPARE(recordLines(readMainHalconKey(Keys::product64)),
+                 QStringList{"20.11.0.0 '' x64-win64 |  |  | RuntimeX64"});
+    }
+};
 
 QTEST_GUILESS_MAIN(ProductKeyTest)
 

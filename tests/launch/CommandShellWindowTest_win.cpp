@@ -54,27 +54,25 @@ class CommandShellWindowTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void windowOfItsOwn();
+    void windowOfItsOwn()
+    {
+        FreeConsole();
+        const QTemporaryDir directory;
+        const HalconInstallation installation = installationIn(QDir::toNativeSeparators(directory.path()));
+        // The space that separates the command from the next one is part of the title.
+        const wchar_t *title = L"HALCON 20.11.1.3 (x64-win64) ";
+        QCOMPARE(FindWindowW(nullptr, title), HWND(nullptr));
+        QStringList errors;
+
+        QVERIFY2(startShell(installation, VisualStudioVersion(), &errors), qPrintable(errors.join('\n')));
+
+        const EndedProcess shell(interpreterProcess());
+        HWND window = nullptr;
+        EVENTUALLY_VERIFY((window = FindWindowW(nullptr, title)) != nullptr);
+        EVENTUALLY_VERIFY(IsWindowVisible(window) != 0);
+        QVERIFY(shell.isRunning());
+    }
 };
-
-void CommandShellWindowTest::windowOfItsOwn()
-{
-    FreeConsole();
-    const QTemporaryDir directory;
-    const HalconInstallation installation = installationIn(QDir::toNativeSeparators(directory.path()));
-    // The space that separates the command from the next one is part of the title.
-    const wchar_t *title = L"HALCON 20.11.1.3 (x64-win64) ";
-    QCOMPARE(FindWindowW(nullptr, title), HWND(nullptr));
-    QStringList errors;
-
-    QVERIFY2(startShell(installation, VisualStudioVersion(), &errors), qPrintable(errors.join('\n')));
-
-    const EndedProcess shell(interpreterProcess());
-    HWND window = nullptr;
-    EVENTUALLY_VERIFY((window = FindWindowW(nullptr, title)) != nullptr);
-    EVENTUALLY_VERIFY(IsWindowVisible(window) != 0);
-    QVERIFY(shell.isRunning());
-}
 
 QTEST_GUILESS_MAIN(CommandShellWindowTest)
 

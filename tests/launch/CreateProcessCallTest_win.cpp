@@ -88,70 +88,68 @@ class CreateProcessCallTest : public QObject {
 
 private slots:
     void init() { calls().clear(); }
-    void everyArgument_data();
-    void everyArgument();
-    void environmentIsSortedByName();
+
+    void everyArgument_data()
+    {
+        columns<QString>("arguments");
+
+        row("empty, not the executable's name", "");
+        row("one", "--halconversion=13.0");
+        row("several, quoted", "/K \"C:\\Program Files\\x.bat\" & title \"a\"");
+    }
+
+    void everyArgument()
+    {
+        QFETCH(QString, arguments);
+        const QTemporaryDir directory;
+        const QString executable = QDir::toNativeSeparators(directory.filePath("tool with spaces.exe"));
+        EchoChild::copyTo(executable);
+        const EchoChild child;
+        QStringList errors;
+
+        QVERIFY2(startProcess(executable, arguments, installationIn("C:\\H"), &errors),
+                 qPrintable(errors.join('\n')));
+
+        QCOMPARE(calls().size(), 1);
+        const Call call = calls().constFirst();
+        QCOMPARE(call.applicationName, executable);
+        QCOMPARE(call.commandLine, arguments);
+        QVERIFY(call.defaultSecurity);
+        QVERIFY(!call.inheritHandles);
+        QCOMPARE(call.creationFlags, DWORD(CREATE_UNICODE_ENVIRONMENT));
+        QVERIFY(!call.currentDirectoryGiven);
+        QVERIFY(nothingSetButTheSize(call.startupInfo));
+        // At once, without waiting for the child.
+        QVERIFY(call.process.hProcess != nullptr && call.process.hThread != nullptr);
+        QVERIFY(!isOpen(call.process.hProcess));
+        QVERIFY(!isOpen(call.process.hThread));
+
+        EchoRecord record;
+        QVERIFY(child.waitForRecord(record));
+    }
+
+    void environmentIsSortedByName()
+    {
+        qputenv("zzz_launch_test", "3");
+        qputenv("AAB_LAUNCH_TEST", "2");
+        qputenv("aaa_launch_test", "1");
+        // Only the call counts; it is made whether or not the executable exists.
+        startProcess("C:\\missing.exe", "", installationIn("C:\\H", "x64-win64", "C:\\E"), nullptr);
+
+        const QStringList entries = calls().constFirst().environment;
+        // A name may begin with an equals sign, as in "=C:=C:\directory".
+        const auto name = [](const QString &entry) { return entry.left(entry.indexOf('=', 1)); };
+        const auto nameComesFirst = [&name](const QString &one, const QString &other) {
+            return name(one).compare(name(other), Qt::CaseInsensitive) < 0;
+        };
+        QVERIFY2(std::is_sorted(entries.begin(), entries.end(), nameComesFirst),
+                 qPrintable(entries.join('\n')));
+        QCOMPARE(entries.filter(QRegularExpression("^(aaa_|AAB_|zzz_|HALCON)")),
+                 (QStringList{"aaa_launch_test=1", "AAB_LAUNCH_TEST=2", "HALCONARCH=x64-win64",
+                              "HALCONEXAMPLES=C:\\E\\examples", "HALCONIMAGES=C:\\E\\examples\\images",
+                              "HALCONROOT=C:\\H", "zzz_launch_test=3"}));
+    }
 };
-
-void CreateProcessCallTest::everyArgument_data()
-{
-    columns<QString>("arguments");
-
-    row("empty, not the executable's name", "");
-    row("one", "--halconversion=13.0");
-    row("several, quoted", "/K \"C:\\Program Files\\x.bat\" & title \"a\"");
-}
-
-void CreateProcessCallTest::everyArgument()
-{
-    QFETCH(QString, arguments);
-    const QTemporaryDir directory;
-    const QString executable = QDir::toNativeSeparators(directory.filePath("tool with spaces.exe"));
-    EchoChild::copyTo(executable);
-    const EchoChild child;
-    QStringList errors;
-
-    QVERIFY2(startProcess(executable, arguments, installationIn("C:\\H"), &errors),
-             qPrintable(errors.join('\n')));
-
-    QCOMPARE(calls().size(), 1);
-    const Call call = calls().constFirst();
-    QCOMPARE(call.applicationName, executable);
-    QCOMPARE(call.commandLine, arguments);
-    QVERIFY(call.defaultSecurity);
-    QVERIFY(!call.inheritHandles);
-    QCOMPARE(call.creationFlags, DWORD(CREATE_UNICODE_ENVIRONMENT));
-    QVERIFY(!call.currentDirectoryGiven);
-    QVERIFY(nothingSetButTheSize(call.startupInfo));
-    // At once, without waiting for the child.
-    QVERIFY(call.process.hProcess != nullptr && call.process.hThread != nullptr);
-    QVERIFY(!isOpen(call.process.hProcess));
-    QVERIFY(!isOpen(call.process.hThread));
-
-    EchoRecord record;
-    QVERIFY(child.waitForRecord(record));
-}
-
-void CreateProcessCallTest::environmentIsSortedByName()
-{
-    qputenv("zzz_launch_test", "3");
-    qputenv("AAB_LAUNCH_TEST", "2");
-    qputenv("aaa_launch_test", "1");
-    // Only the call counts; it is made whether or not the executable exists.
-    startProcess("C:\\missing.exe", "", installationIn("C:\\H", "x64-win64", "C:\\E"), nullptr);
-
-    const QStringList entries = calls().constFirst().environment;
-    // A name may begin with an equals sign, as in "=C:=C:\directory".
-    const auto name = [](const QString &entry) { return entry.left(entry.indexOf('=', 1)); };
-    const auto nameComesFirst = [&name](const QString &one, const QString &other) {
-        return name(one).compare(name(other), Qt::CaseInsensitive) < 0;
-    };
-    QVERIFY2(std::is_sorted(entries.begin(), entries.end(), nameComesFirst), qPrintable(entries.join('\n')));
-    QCOMPARE(entries.filter(QRegularExpression("^(aaa_|AAB_|zzz_|HALCON)")),
-             (QStringList{"aaa_launch_test=1", "AAB_LAUNCH_TEST=2", "HALCONARCH=x64-win64",
-                          "HALCONEXAMPLES=C:\\E\\examples", "HALCONIMAGES=C:\\E\\examples\\images",
-                          "HALCONROOT=C:\\H", "zzz_launch_test=3"}));
-}
 
 QTEST_GUILESS_MAIN(CreateProcessCallTest)
 

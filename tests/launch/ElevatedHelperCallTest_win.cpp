@@ -52,42 +52,39 @@ class ElevatedHelperCallTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void call_data();
-    void call();
+    void call_data()
+    {
+        // started: without a process
+        columns<QString, bool, bool, bool, int, QString, int>("arguments", "show", "wait", "started",
+                                                              "result", "parameters", "showCommand");
+
+        row("declined, waiting", "--x64 \"a b\"", true, true, false, -1, "\"--x64 \"a b\"\"", 5);
+        row("declined, without waiting", "--x64", false, false, false, -1, "\"--x64\"", 0);
+        row("no process, waiting", "--x64", false, true, true, -1, "\"--x64\"", 0);
+        row("no process, without waiting", "", true, false, true, 0, "null", 5);
+    }
+
+    void call()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(bool, show);
+        QFETCH(bool, wait);
+        QFETCH(bool, started);
+        QFETCH(QString, parameters);
+        QFETCH(int, showCommand);
+        answer = started;
+        askedFor.clear();
+
+        QTEST(runElevated("C:\\helper.exe", arguments, show, wait), "result");
+
+        QCOMPARE(askedFor, (QStringList{"size: 112", "mask: 64", "window: null", "verb: \"open\"",
+                                        "file: \"C:\\helper.exe\"", "parameters: " + parameters,
+                                        "directory: \"" + QCoreApplication::applicationDirPath() + '"',
+                                        "show: " + QString::number(showCommand), "instance: null",
+                                        "item: null", "class: null", "class key: null", "hot key: 0",
+                                        "monitor: null", "process: null"}));
+    }
 };
-
-void ElevatedHelperCallTest::call_data()
-{
-    // started: without a process
-    columns<QString, bool, bool, bool, int, QString, int>("arguments", "show", "wait", "started", "result",
-                                                          "parameters", "showCommand");
-
-    row("declined, waiting", "--x64 \"a b\"", true, true, false, -1, "\"--x64 \"a b\"\"", 5);
-    row("declined, without waiting", "--x64", false, false, false, -1, "\"--x64\"", 0);
-    row("no process, waiting", "--x64", false, true, true, -1, "\"--x64\"", 0);
-    row("no process, without waiting", "", true, false, true, 0, "null", 5);
-}
-
-void ElevatedHelperCallTest::call()
-{
-    QFETCH(QString, arguments);
-    QFETCH(bool, show);
-    QFETCH(bool, wait);
-    QFETCH(bool, started);
-    QFETCH(QString, parameters);
-    QFETCH(int, showCommand);
-    answer = started;
-    askedFor.clear();
-
-    QTEST(runElevated("C:\\helper.exe", arguments, show, wait), "result");
-
-    QCOMPARE(askedFor,
-             (QStringList{"size: 112", "mask: 64", "window: null", "verb: \"open\"",
-                          "file: \"C:\\helper.exe\"", "parameters: " + parameters,
-                          "directory: \"" + QCoreApplication::applicationDirPath() + '"',
-                          "show: " + QString::number(showCommand), "instance: null", "item: null",
-                          "class: null", "class key: null", "hot key: 0", "monitor: null", "process: null"}));
-}
 
 QTEST_MAIN(ElevatedHelperCallTest)
 

@@ -53,42 +53,38 @@ class EnvironmentBroadcastCallTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void call_data();
-    void call();
-    void failureIsReported();
+    void call_data()
+    {
+        columns<int, bool>("answered", "expected");
+
+        row("failure", 0, false);
+        row("success", 1, true);
+        row("any other number", -1, true);
+    }
+
+    void call()
+    {
+        QFETCH(int, answered);
+        answer = answered;
+        asked.clear();
+        QTEST(broadcastEnvironmentChange(), "expected");
+        QCOMPARE(asked, (QStringList{"window: 65535", "message: 26", "wParam: 0", "text: Environment",
+                                     "flags: 2", "timeout: 5000", "result: null"}));
+    }
+
+    void failureIsReported()
+    {
+        QStringList lines;
+        answer = 0;
+
+        QVERIFY(!permanentSwitch(installationIn("C:\\H"), true, false, false, &lines));
+
+        QCOMPARE(lines.mid(lines.size() - 2),
+                 (QStringList{"broadcast environment updated message (WM_SETTINGCHANGE)",
+                              "Error in broadcasting environment updated message: " +
+                                  rawSystemErrorText(errorOfTheBroadcast).trimmed()}));
+    }
 };
-
-void EnvironmentBroadcastCallTest::call_data()
-{
-    columns<int, bool>("answered", "expected");
-
-    row("failure", 0, false);
-    row("success", 1, true);
-    row("any other number", -1, true);
-}
-
-void EnvironmentBroadcastCallTest::call()
-{
-    QFETCH(int, answered);
-    answer = answered;
-    asked.clear();
-    QTEST(broadcastEnvironmentChange(), "expected");
-    QCOMPARE(asked, (QStringList{"window: 65535", "message: 26", "wParam: 0", "text: Environment", "flags: 2",
-                                 "timeout: 5000", "result: null"}));
-}
-
-void EnvironmentBroadcastCallTest::failureIsReported()
-{
-    QStringList lines;
-    answer = 0;
-
-    QVERIFY(!permanentSwitch(installationIn("C:\\H"), true, false, false, &lines));
-
-    QCOMPARE(lines.mid(lines.size() - 2),
-             (QStringList{"broadcast environment updated message (WM_SETTINGCHANGE)",
-                          "Error in broadcasting environment updated message: " +
-                              rawSystemErrorText(errorOfTheBroadcast).trimmed()}));
-}
 
 QTEST_GUILESS_MAIN(EnvironmentBroadcastCallTest)
 

@@ -20,50 +20,46 @@ class EnvironmentBroadcastTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void otherProcessesHearEveryCall();
-    void windowThatHangs_data();
-    void windowThatHangs();
-};
+    void otherProcessesHearEveryCall()
+    {
+        EnvironmentBroadcastWindow one;
+        EnvironmentBroadcastWindow another;
 
-void EnvironmentBroadcastTest::otherProcessesHearEveryCall()
-{
-    EnvironmentBroadcastWindow one;
-    EnvironmentBroadcastWindow another;
+        QVERIFY(broadcastEnvironmentChange());
+        QVERIFY(broadcastEnvironmentChange());
 
-    QVERIFY(broadcastEnvironmentChange());
-    QVERIFY(broadcastEnvironmentChange());
-
-    const QStringList heard{"wParam 0, text Environment", "wParam 0, text Environment"};
-    QCOMPARE(one.closeAndTakeLines(), heard);
-    QCOMPARE(another.closeAndTakeLines(), heard);
-}
-
-/// "SendMessageTimeout does not provide information about individual windows timing out if HWND_BROADCAST is
-/// used", says Windows' documentation: whatever a window does, the broadcast succeeds. A window that may
-/// still answer gets the time to do so; one that is known to hang is skipped.
-void EnvironmentBroadcastTest::windowThatHangs_data()
-{
-    columns<bool>("known");
-
-    row("just now", false);
-    row("known to hang", true);
-}
-
-void EnvironmentBroadcastTest::windowThatHangs()
-{
-    QFETCH(bool, known);
-    const EnvironmentBroadcastWindow hanging(EnvironmentBroadcastWindow::Manner::Hangs);
-    EnvironmentBroadcastWindow listening;
-    if (known) {
-        EVENTUALLY_VERIFY(IsHungAppWindow(hangingWindow()) != 0);
-    } else {
-        QVERIFY(IsHungAppWindow(hangingWindow()) == 0);
+        const QStringList heard{"wParam 0, text Environment", "wParam 0, text Environment"};
+        QCOMPARE(one.closeAndTakeLines(), heard);
+        QCOMPARE(another.closeAndTakeLines(), heard);
     }
 
-    QVERIFY(broadcastEnvironmentChange());
+    /// "SendMessageTimeout does not provide information about individual windows timing out if HWND_BROADCAST
+    /// is used", says Windows' documentation: whatever a window does, the broadcast succeeds. A window that
+    /// may still answer gets the time to do so; one that is known to hang is skipped.
+    void windowThatHangs_data()
+    {
+        columns<bool>("known");
 
-    QCOMPARE(listening.closeAndTakeLines(), QStringList{"wParam 0, text Environment"});
-}
+        row("just now", false);
+        row("known to hang", true);
+    }
+
+    void windowThatHangs()
+    {
+        QFETCH(bool, known);
+        const EnvironmentBroadcastWindow hanging(EnvironmentBroadcastWindow::Manner::Hangs);
+        EnvironmentBroadcastWindow listening;
+        if (known) {
+            EVENTUALLY_VERIFY(IsHungAppWindow(hangingWindow()) != 0);
+        } else {
+            QVERIFY(IsHungAppWindow(hangingWindow()) == 0);
+        }
+
+        QVERIFY(broadcastEnvironmentChange());
+
+        QCOMPARE(listening.closeAndTakeLines(), QStringList{"wParam 0, text Environment"});
+    }
+};
 
 QTEST_GUILESS_MAIN(EnvironmentBroadcastTest)
 

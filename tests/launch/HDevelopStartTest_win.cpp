@@ -11,8 +11,34 @@ class HDevelopStartTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void startedWithItsInstallation();
-    void missingXl();
+    void startedWithItsInstallation()
+    {
+        EchoChild::copyTo(program);
+        const EchoChild child;
+        const LogLines log;
+        QStringList errors;
+
+        QVERIFY2(startHDevelop(installation, false, &errors), qPrintable(errors.join('\n')));
+
+        EchoRecord found;
+        QVERIFY(child.waitForRecord(found));
+        QCOMPARE(found.executable, program);
+        QCOMPARE(found.variable("HALCONROOT"), installation.installDir);
+        QCOMPARE(found.variable("HALCONARCH"), installation.arch);
+        QVERIFY(found.variable("PATH").startsWith(installation.installDir + "\\bin\\x86sse2-win32;"));
+        // The space before the missing arguments stays.
+        QCOMPARE(log.lines(), QStringList{"CreateProcess: " + program + " "});
+        QCOMPARE(errors, QStringList());
+    }
+
+    void missingXl()
+    {
+        QStringList errors;
+
+        QVERIFY(!startHDevelop(installation, true, &errors));
+
+        QCOMPARE(errors, QStringList{createProcessErrorLine(WindowsError::fileNotFound)});
+    }
 
 private:
     const QTemporaryDir directory;
@@ -20,35 +46,6 @@ private:
         installationIn(QDir::toNativeSeparators(directory.filePath("HALCON 20.11")), "x86sse2-win32");
     const QString program = installation.installDir + "\\bin\\x86sse2-win32\\hdevelop.exe";
 };
-
-void HDevelopStartTest::startedWithItsInstallation()
-{
-    EchoChild::copyTo(program);
-    const EchoChild child;
-    const LogLines log;
-    QStringList errors;
-
-    QVERIFY2(startHDevelop(installation, false, &errors), qPrintable(errors.join('\n')));
-
-    EchoRecord found;
-    QVERIFY(child.waitForRecord(found));
-    QCOMPARE(found.executable, program);
-    QCOMPARE(found.variable("HALCONROOT"), installation.installDir);
-    QCOMPARE(found.variable("HALCONARCH"), installation.arch);
-    QVERIFY(found.variable("PATH").startsWith(installation.installDir + "\\bin\\x86sse2-win32;"));
-    // The space before the missing arguments stays.
-    QCOMPARE(log.lines(), QStringList{"CreateProcess: " + program + " "});
-    QCOMPARE(errors, QStringList());
-}
-
-void HDevelopStartTest::missingXl()
-{
-    QStringList errors;
-
-    QVERIFY(!startHDevelop(installation, true, &errors));
-
-    QCOMPARE(errors, QStringList{createProcessErrorLine(WindowsError::fileNotFound)});
-}
 
 QTEST_GUILESS_MAIN(HDevelopStartTest)
 

@@ -11,9 +11,44 @@ class IdeLaunchTest : public QObject {
 
 private slots:
     void init() { ProcessStartFake::reset(); }
-    void started_data();
-    void started();
-    void failure();
+
+    void started_data()
+    {
+        columns<QString>("idePath");
+
+        row("spaces are not quoted", "C:/Program Files (x86)/VS 14.0/Common7/IDE/devenv.exe");
+        row("percent signs are no placeholders", "C:/%1 %PATH%/Common7/IDE/devenv.exe");
+        row("another IDE than the name says", "C:\\VS\\Common7\\IDE\\wdexpress.exe");
+        row("no IDE is tried all the same", "");
+    }
+
+    void started()
+    {
+        QFETCH(QString, idePath);
+        visualStudio.idePath = idePath;
+        QStringList errors{"earlier line"};
+
+        QVERIFY(startDevEnv(installationIn("C:\\H", "x64-win64", "D:\\E"), visualStudio, &errors));
+
+        QCOMPARE(ProcessStartFake::starts().size(), 1);
+        const ProcessStartFake::Start start = ProcessStartFake::starts().constFirst();
+        QCOMPARE(start.executable, idePath);
+        QCOMPARE(start.arguments, QString());
+        QCOMPARE(start.installation.installDir, "C:\\H");
+        QCOMPARE(start.installation.exampleRoot, "D:\\E");
+        QCOMPARE(errors, QStringList{"earlier line"});
+    }
+
+    void failure()
+    {
+        ProcessStartFake::failWith("CreateProcess failed: no such file");
+        QStringList errors{"earlier line"};
+
+        QVERIFY(!startDevEnv(installationIn("C:\\H"), visualStudio, &errors));
+        QVERIFY(!startDevEnv(installationIn("C:\\H"), visualStudio, nullptr));
+
+        QCOMPARE(errors, (QStringList{"earlier line", "CreateProcess failed: no such file"}));
+    }
 
 private:
     /// Every field has a value.
@@ -28,44 +63,6 @@ private:
                                      "C:/VS/Common7/IDE/devenv.exe",
                                      false};
 };
-
-void IdeLaunchTest::started_data()
-{
-    columns<QString>("idePath");
-
-    row("spaces are not quoted", "C:/Program Files (x86)/VS 14.0/Common7/IDE/devenv.exe");
-    row("percent signs are no placeholders", "C:/%1 %PATH%/Common7/IDE/devenv.exe");
-    row("another IDE than the name says", "C:\\VS\\Common7\\IDE\\wdexpress.exe");
-    row("no IDE is tried all the same", "");
-}
-
-void IdeLaunchTest::started()
-{
-    QFETCH(QString, idePath);
-    visualStudio.idePath = idePath;
-    QStringList errors{"earlier line"};
-
-    QVERIFY(startDevEnv(installationIn("C:\\H", "x64-win64", "D:\\E"), visualStudio, &errors));
-
-    QCOMPARE(ProcessStartFake::starts().size(), 1);
-    const ProcessStartFake::Start start = ProcessStartFake::starts().constFirst();
-    QCOMPARE(start.executable, idePath);
-    QCOMPARE(start.arguments, QString());
-    QCOMPARE(start.installation.installDir, "C:\\H");
-    QCOMPARE(start.installation.exampleRoot, "D:\\E");
-    QCOMPARE(errors, QStringList{"earlier line"});
-}
-
-void IdeLaunchTest::failure()
-{
-    ProcessStartFake::failWith("CreateProcess failed: no such file");
-    QStringList errors{"earlier line"};
-
-    QVERIFY(!startDevEnv(installationIn("C:\\H"), visualStudio, &errors));
-    QVERIFY(!startDevEnv(installationIn("C:\\H"), visualStudio, nullptr));
-
-    QCOMPARE(errors, (QStringList{"earlier line", "CreateProcess failed: no such file"}));
-}
 
 QTEST_GUILESS_MAIN(IdeLaunchTest)
 

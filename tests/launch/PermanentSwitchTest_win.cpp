@@ -54,143 +54,137 @@ class PermanentSwitchTest : public QObject {
 
 private slots:
     void init() { clearVariables(); }
-    void valuesOfUserAndSystem();
-    void emptyValues();
-    void otherTypesOfValues();
-    void dryRunDoesNothing();
-    void run_data();
-    void run();
-    void runWithoutAHelper();
+
+    void valuesOfUserAndSystem()
+    {
+        Registry::setString(userKey, "HALCONROOT", "D:\\Old");
+        Registry::setString(systemKey, "HALCONARCH", "architecture");
+        Registry::setString(userKey, "HALCONIMAGES", "D:\\Gr\u00f6\u00dfe \u691c %1 %2 %PATH%");
+        Registry::setString(systemKey, "HALCONIMAGES", "shadowed");
+
+        QCOMPARE(changeLines(),
+                 (QStringList{changeLine("HALCONROOT", "user", "D:\\Old", "C:\\H"),
+                              changeLine("HALCONARCH", "system", "architecture", "x64-win64"),
+                              changeLine("HALCONIMAGES", "user", "D:\\Gr\u00f6\u00dfe \u691c %1 %2 %PATH%",
+                                         "D:\\E\\examples\\images"),
+                              changeLine("HALCONEXAMPLES", "user", "", "D:\\E\\examples")}));
+    }
+
+    void emptyValues()
+    {
+        Registry::setString(userKey, "HALCONROOT", "");
+        Registry::setString(systemKey, "HALCONROOT", "C:\\Older");
+        Registry::setString(userKey, "HALCONARCH", "architecture");
+        Registry::setString(systemKey, "HALCONARCH", "");
+        Registry::setString(userKey, "HALCONIMAGES", "");
+        Registry::setString(systemKey, "HALCONIMAGES", "");
+        Registry::setString(systemKey, "HALCONEXAMPLES", "examples");
+
+        QCOMPARE(changeLines(),
+                 (QStringList{changeLine("HALCONROOT", "system", "C:\\Older", "C:\\H"),
+                              changeLine("HALCONARCH", "user", "architecture", "x64-win64"),
+                              changeLine("HALCONIMAGES", "user", "", "D:\\E\\examples\\images"),
+                              changeLine("HALCONEXAMPLES", "system", "examples", "D:\\E\\examples")}));
+    }
+
+    void otherTypesOfValues()
+    {
+        // Not expanded: what is stored is what is reported.
+        Registry::setExpandString(userKey, "HALCONROOT", "%SystemDrive%\\H");
+        Registry::setExpandString(systemKey, "HALCONARCH", "%PROCESSOR_ARCHITECTURE%");
+        Registry::setDword(systemKey, "HALCONIMAGES", 7);
+        // A multi-string is not a string.
+        Registry::setStrings(userKey, "HALCONEXAMPLES", {"a", "b"});
+
+        QCOMPARE(changeLines(),
+                 (QStringList{changeLine("HALCONROOT", "user", "%SystemDrive%\\H", "C:\\H"),
+                              changeLine("HALCONARCH", "system", "%PROCESSOR_ARCHITECTURE%", "x64-win64"),
+                              changeLine("HALCONIMAGES", "system", "7", "D:\\E\\examples\\images"),
+                              changeLine("HALCONEXAMPLES", "user", "", "D:\\E\\examples")}));
+    }
+
+    void dryRunDoesNothing()
+    {
+        const InstalledHalcon halcon;
+        const ElevatedHelperProgram helper;
+        const EchoChild child;
+        EchoChild::exitWith(3);
+        EnvironmentBroadcastWindow window;
+        const QStringList before = environmentLines();
+        QStringList lines{"earlier line"};
+
+        QVERIFY(permanentSwitch(halcon.installation, false, true, false, &lines));
+        QVERIFY(permanentSwitch(halcon.installation, false, true, false, nullptr));
+
+        QCOMPARE(lines, QStringList{"earlier line"} + halcon.plannedLines() + QStringList{broadcastLine});
+        // The program would have waited for a helper.
+        QVERIFY(!child.hasRecord());
+        QCOMPARE(window.closeAndTakeLines(), QStringList());
+        QCOMPARE(environmentLines(), before);
+    }
+
+    void run_data()
+    {
+        columns<quint32, QStringList>("exitCode", "failure");
+
+        const auto line = [](const QString &value) {
+            return QStringList{"helper process returned with value " + value +
+                               ". This indicates an error in the execution!"};
+        };
+        row<quint32, QStringList>("success", 0, {});
+        row<quint32>("three", 3, line("3"));
+        row<quint32>("all bits", 0xffffffff, line("-1"));
+    }
+
+    void run()
+    {
+        QFETCH(quint32, exitCode);
+        QFETCH(QStringList, failure);
+        const InstalledHalcon halcon;
+        const ElevatedHelperProgram helper;
+        const EchoChild child;
+        EchoChild::exitWith(exitCode);
+        EnvironmentBroadcastWindow window;
+        const QStringList before = environmentLines();
+        QStringList lines{"earlier line"};
+
+        QCOMPARE(permanentSwitch(halcon.installation, true, true, false, &lines), failure.isEmpty());
+
+        QCOMPARE(lines,
+                 QStringList{"earlier line"} + halcon.plannedLines() + failure + QStringList{broadcastLine});
+        // The helper had ended when the window received the broadcast.
+        QCOMPARE(window.closeAndTakeLines(), QStringList{"wParam 0, text Environment, after the helper"});
+        EchoRecord found;
+        QVERIFY(child.waitForRecord(found));
+        QCOMPARE(found.executable, helperExecutablePath());
+        QCOMPARE(found.commandLine, '"' + helperExecutablePath() + "\" " + halcon.arguments);
+        QCOMPARE(found.currentDirectory, QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
+        QCOMPARE(found.showCommand, SW_SHOW);
+        // The helper sets the variables.
+        QCOMPARE(environmentLines(), before);
+    }
+
+    void runWithoutAHelper()
+    {
+        ElevatedHelperProgram::remove();
+        const InstalledHalcon halcon;
+        EnvironmentBroadcastWindow window;
+        const ElevatedHelperShellBox box;
+        QStringList lines;
+
+        QVERIFY(!permanentSwitch(halcon.installation, true, true, false, &lines));
+
+        QCOMPARE(lines,
+                 halcon.plannedLines() +
+                     (QStringList{
+                         "helper process returned with value -1. This indicates an error in the execution!",
+                         broadcastLine,
+                     }));
+        QCOMPARE(window.closeAndTakeLines(), QStringList{"wParam 0, text Environment"});
+    }
+
     void cleanupTestCase() { clearVariables(); }
 };
-
-void PermanentSwitchTest::valuesOfUserAndSystem()
-{
-    Registry::setString(userKey, "HALCONROOT", "D:\\Old");
-    Registry::setString(systemKey, "HALCONARCH", "architecture");
-    Registry::setString(userKey, "HALCONIMAGES", "D:\\Gr\u00f6\u00dfe \u691c %1 %2 %PATH%");
-    Registry::setString(systemKey, "HALCONIMAGES", "shadowed");
-
-    QCOMPARE(changeLines(),
-             (QStringList{changeLine("HALCONROOT", "user", "D:\\Old", "C:\\H"),
-                          changeLine("HALCONARCH", "system", "architecture", "x64-win64"),
-                          changeLine("HALCONIMAGES", "user", "D:\\Gr\u00f6\u00dfe \u691c %1 %2 %PATH%",
-                                     "D:\\E\\examples\\images"),
-                          changeLine("HALCONEXAMPLES", "user", "", "D:\\E\\examples")}));
-}
-
-void PermanentSwitchTest::emptyValues()
-{
-    Registry::setString(userKey, "HALCONROOT", "");
-    Registry::setString(systemKey, "HALCONROOT", "C:\\Older");
-    Registry::setString(userKey, "HALCONARCH", "architecture");
-    Registry::setString(systemKey, "HALCONARCH", "");
-    Registry::setString(userKey, "HALCONIMAGES", "");
-    Registry::setString(systemKey, "HALCONIMAGES", "");
-    Registry::setString(systemKey, "HALCONEXAMPLES", "examples");
-
-    QCOMPARE(changeLines(),
-             (QStringList{changeLine("HALCONROOT", "system", "C:\\Older", "C:\\H"),
-                          changeLine("HALCONARCH", "user", "architecture", "x64-win64"),
-                          changeLine("HALCONIMAGES", "user", "", "D:\\E\\examples\\images"),
-                          changeLine("HALCONEXAMPLES", "system", "examples", "D:\\E\\examples")}));
-}
-
-void PermanentSwitchTest::otherTypesOfValues()
-{
-    // Not expanded: what is stored is what is reported.
-    Registry::setExpandString(userKey, "HALCONROOT", "%SystemDrive%\\H");
-    Registry::setExpandString(systemKey, "HALCONARCH", "%PROCESSOR_ARCHITECTURE%");
-    Registry::setDword(systemKey, "HALCONIMAGES", 7);
-    // A multi-string is not a string.
-    Registry::setStrings(userKey, "HALCONEXAMPLES", {"a", "b"});
-
-    QCOMPARE(changeLines(),
-             (QStringList{changeLine("HALCONROOT", "user", "%SystemDrive%\\H", "C:\\H"),
-                          changeLine("HALCONARCH", "system", "%PROCESSOR_ARCHITECTURE%", "x64-win64"),
-                          changeLine("HALCONIMAGES", "system", "7", "D:\\E\\examples\\images"),
-                          changeLine("HALCONEXAMPLES", "user", "", "D:\\E\\examples")}));
-}
-
-void PermanentSwitchTest::dryRunDoesNothing()
-{
-    const InstalledHalcon halcon;
-    const ElevatedHelperProgram helper;
-    const EchoChild child;
-    EchoChild::exitWith(3);
-    EnvironmentBroadcastWindow window;
-    const QStringList before = environmentLines();
-    QStringList lines{"earlier line"};
-
-    QVERIFY(permanentSwitch(halcon.installation, false, true, false, &lines));
-    QVERIFY(permanentSwitch(halcon.installation, false, true, false, nullptr));
-
-    QCOMPARE(lines, QStringList{"earlier line"} + halcon.plannedLines() + QStringList{broadcastLine});
-    // The program would have waited for a helper.
-    QVERIFY(!child.hasRecord());
-    QCOMPARE(window.closeAndTakeLines(), QStringList());
-    QCOMPARE(environmentLines(), before);
-}
-
-void PermanentSwitchTest::run_data()
-{
-    columns<quint32, QStringList>("exitCode", "failure");
-
-    const auto line = [](const QString &value) {
-        return QStringList{"helper process returned with value " + value +
-                           ". This indicates an error in the execution!"};
-    };
-    row<quint32, QStringList>("success", 0, {});
-    row<quint32>("three", 3, line("3"));
-    row<quint32>("all bits", 0xffffffff, line("-1"));
-}
-
-void PermanentSwitchTest::run()
-{
-    QFETCH(quint32, exitCode);
-    QFETCH(QStringList, failure);
-    const InstalledHalcon halcon;
-    const ElevatedHelperProgram helper;
-    const EchoChild child;
-    EchoChild::exitWith(exitCode);
-    EnvironmentBroadcastWindow window;
-    const QStringList before = environmentLines();
-    QStringList lines{"earlier line"};
-
-    QCOMPARE(permanentSwitch(halcon.installation, true, true, false, &lines), failure.isEmpty());
-
-    QCOMPARE(lines,
-             QStringList{"earlier line"} + halcon.plannedLines() + failure + QStringList{broadcastLine});
-    // The helper had ended when the window received the broadcast.
-    QCOMPARE(window.closeAndTakeLines(), QStringList{"wParam 0, text Environment, after the helper"});
-    EchoRecord found;
-    QVERIFY(child.waitForRecord(found));
-    QCOMPARE(found.executable, helperExecutablePath());
-    QCOMPARE(found.commandLine, '"' + helperExecutablePath() + "\" " + halcon.arguments);
-    QCOMPARE(found.currentDirectory, QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
-    QCOMPARE(found.showCommand, SW_SHOW);
-    // The helper sets the variables.
-    QCOMPARE(environmentLines(), before);
-}
-
-void PermanentSwitchTest::runWithoutAHelper()
-{
-    ElevatedHelperProgram::remove();
-    const InstalledHalcon halcon;
-    EnvironmentBroadcastWindow window;
-    const ElevatedHelperShellBox box;
-    QStringList lines;
-
-    QVERIFY(!permanentSwitch(halcon.installation, true, true, false, &lines));
-
-    QCOMPARE(lines,
-             halcon.plannedLines() +
-                 (QStringList{
-                     "helper process returned with value -1. This indicates an error in the execution!",
-                     broadcastLine,
-                 }));
-    QCOMPARE(window.closeAndTakeLines(), QStringList{"wParam 0, text Environment"});
-}
 
 QTEST_GUILESS_MAIN(PermanentSwitchTest)
 

@@ -46,87 +46,80 @@ class ProcessStartEnvironmentTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void inheritedButForItsOwn();
-    void withoutExamplesTheSystemsVariablesAreInherited();
-    void variableInAnotherCaseIsReplaced();
+    void initTestCase()
+    {
+        executable = QDir::toNativeSeparators(directory.filePath("tool.exe"));
+        EchoChild::copyTo(executable);
+    }
+
+    void inheritedButForItsOwn()
+    {
+        const WideVariable path("PATH", "C:\\W;D:\\Größe 寸法");
+        const WideVariable foreign("LAUNCH_TEST_FOREIGN", "Größe=寸法; %PATH%");
+        const EchoChild listener;
+        const QStringList before = ownEnvironment();
+
+        // Starting again does not lengthen the PATH.
+        for (int count = 0; count < 2; ++count) {
+            QVERIFY(startProcess(executable, "x", withExamples, nullptr));
+
+            EchoRecord child;
+            QVERIFY(listener.waitForRecord(child));
+            QCOMPARE(child.variable("HALCONROOT"), installation.installDir);
+            QCOMPARE(child.variable("HALCONARCH"), "x64-win64");
+            QCOMPARE(child.variable("HALCONIMAGES"), "D:\\Examples\\examples\\images");
+            QCOMPARE(child.variable("HALCONEXAMPLES"), "D:\\Examples\\examples");
+            QCOMPARE(child.variable("PATH"), binaries + "C:\\W;D:\\Größe 寸法");
+            QVERIFY(child.environment.contains("LAUNCH_TEST_FOREIGN=Größe=寸法; %PATH%"));
+            QCOMPARE(inherited(child.environment), inherited(before));
+            QCOMPARE(ownEnvironment(), before);
+        }
+    }
+
+    void withoutExamplesTheSystemsVariablesAreInherited()
+    {
+        const WideVariable ownImages("HALCONIMAGES", "E:\\old\\images");
+        const WideVariable ownExamples("HALCONEXAMPLES", QString());
+        const WideVariable path("PATH", QString());
+
+        const EchoRecord child = start(installation);
+
+        QCOMPARE(child.variable("HALCONIMAGES"), "E:\\old\\images");
+        QVERIFY(child.variable("HALCONEXAMPLES").isNull());
+        QCOMPARE(child.variable("HALCONROOT"), installation.installDir);
+        QCOMPARE(child.variable("PATH"), binaries);
+    }
+
+    /// Windows itself spells it "Path".
+    void variableInAnotherCaseIsReplaced()
+    {
+        const WideVariable upperCasePath("PATH", QString());
+        const WideVariable path("Path", "C:\\W");
+        const WideVariable root("HalconRoot", "E:\\old");
+        QVERIFY(ownEnvironment().contains("Path=C:\\W"));
+
+        const QStringList entries = start(installation).environment;
+
+        QCOMPARE(entries.filter(QRegularExpression("^(?i)PATH=")), QStringList{"Path=" + binaries + "C:\\W"});
+        QCOMPARE(entries.filter(QRegularExpression("^(?i)HALCONROOT=")),
+                 QStringList{"HalconRoot=" + installation.installDir});
+    }
 
 private:
     /// The record of a child started for @p installation. The test program ends when no child starts.
-    EchoRecord start(const HalconInstallation &installation);
+    EchoRecord start(const HalconInstallation &installation)
+    {
+        const EchoChild child;
+        EchoRecord record;
+        if (!startProcess(executable, "x", installation, nullptr) || !child.waitForRecord(record)) {
+            qFatal("no child started");
+        }
+        return record;
+    }
 
     QTemporaryDir directory;
     QString executable;
 };
-
-void ProcessStartEnvironmentTest::initTestCase()
-{
-    executable = QDir::toNativeSeparators(directory.filePath("tool.exe"));
-    EchoChild::copyTo(executable);
-}
-
-EchoRecord ProcessStartEnvironmentTest::start(const HalconInstallation &installation)
-{
-    const EchoChild child;
-    EchoRecord record;
-    if (!startProcess(executable, "x", installation, nullptr) || !child.waitForRecord(record)) {
-        qFatal("no child started");
-    }
-    return record;
-}
-
-void ProcessStartEnvironmentTest::inheritedButForItsOwn()
-{
-    const WideVariable path("PATH", "C:\\W;D:\\Größe 寸法");
-    const WideVariable foreign("LAUNCH_TEST_FOREIGN", "Größe=寸法; %PATH%");
-    const EchoChild listener;
-    const QStringList before = ownEnvironment();
-
-    // Starting again does not lengthen the PATH.
-    for (int count = 0; count < 2; ++count) {
-        QVERIFY(startProcess(executable, "x", withExamples, nullptr));
-
-        EchoRecord child;
-        QVERIFY(listener.waitForRecord(child));
-        QCOMPARE(child.variable("HALCONROOT"), installation.installDir);
-        QCOMPARE(child.variable("HALCONARCH"), "x64-win64");
-        QCOMPARE(child.variable("HALCONIMAGES"), "D:\\Examples\\examples\\images");
-        QCOMPARE(child.variable("HALCONEXAMPLES"), "D:\\Examples\\examples");
-        QCOMPARE(child.variable("PATH"), binaries + "C:\\W;D:\\Größe 寸法");
-        QVERIFY(child.environment.contains("LAUNCH_TEST_FOREIGN=Größe=寸法; %PATH%"));
-        QCOMPARE(inherited(child.environment), inherited(before));
-        QCOMPARE(ownEnvironment(), before);
-    }
-}
-
-void ProcessStartEnvironmentTest::withoutExamplesTheSystemsVariablesAreInherited()
-{
-    const WideVariable ownImages("HALCONIMAGES", "E:\\old\\images");
-    const WideVariable ownExamples("HALCONEXAMPLES", QString());
-    const WideVariable path("PATH", QString());
-
-    const EchoRecord child = start(installation);
-
-    QCOMPARE(child.variable("HALCONIMAGES"), "E:\\old\\images");
-    QVERIFY(child.variable("HALCONEXAMPLES").isNull());
-    QCOMPARE(child.variable("HALCONROOT"), installation.installDir);
-    QCOMPARE(child.variable("PATH"), binaries);
-}
-
-/// Windows itself spells it "Path".
-void ProcessStartEnvironmentTest::variableInAnotherCaseIsReplaced()
-{
-    const WideVariable upperCasePath("PATH", QString());
-    const WideVariable path("Path", "C:\\W");
-    const WideVariable root("HalconRoot", "E:\\old");
-    QVERIFY(ownEnvironment().contains("Path=C:\\W"));
-
-    const QStringList entries = start(installation).environment;
-
-    QCOMPARE(entries.filter(QRegularExpression("^(?i)PATH=")), QStringList{"Path=" + binaries + "C:\\W"});
-    QCOMPARE(entries.filter(QRegularExpression("^(?i)HALCONROOT=")),
-             QStringList{"HalconRoot=" + installation.installDir});
-}
 
 QTEST_GUILESS_MAIN(ProcessStartEnvironmentTest)
 

@@ -17,106 +17,101 @@ class DroppedLicenseTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void fileThatNobodyElseMayRead();
-    void fileThatIsStillThere();
-    void fileThatVanished_data();
-    void fileThatVanished();
-};
-
-void DroppedLicenseTest::fileThatNobodyElseMayRead()
-{
-    const LicenseFiles files;
-    files.write("license.dat", "x");
-    DropArea frame;
-    const QList<QUrl> urls{QUrl::fromLocalFile(files.path("license.dat"))};
+    void fileThatNobodyElseMayRead()
     {
-        const WindowsHandle locked(CreateFileW(wide(files.native("license.dat")), GENERIC_READ, 0, nullptr,
-                                               OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-        QVERIFY(locked);
+        const LicenseFiles files;
+        files.write("license.dat", "x");
+        DropArea frame;
+        const QList<QUrl> urls{QUrl::fromLocalFile(files.path("license.dat"))};
+        {
+            const WindowsHandle locked(CreateFileW(wide(files.native("license.dat")), GENERIC_READ, 0,
+                                                   nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+            QVERIFY(locked);
+            QVERIFY(dropFiles(frame, urls));
+            QCOMPARE(frame.dropped.size(), 0);
+        }
         QVERIFY(dropFiles(frame, urls));
-        QCOMPARE(frame.dropped.size(), 0);
+        QCOMPARE(frame.dropped.size(), 1);
     }
-    QVERIFY(dropFiles(frame, urls));
-    QCOMPARE(frame.dropped.size(), 1);
-}
 
-void DroppedLicenseTest::fileThatVanished_data()
-{
-    // installedFromMemory: when the file itself has vanished
-    const auto row = columns<QByteArray, QByteArray>("dropped", "installedFromMemory");
+    void fileThatIsStillThere()
+    {
+        const QByteArray dropped = "lone CR\r, LF\n, \x81";
+        const LicenseFiles files;
+        files.write("license.dat", dropped);
+        files.makeDirectory("H/license");
+        const InstallLicenseDialog dialog("C:\\H\\license");
+        QVERIFY(dropFiles(*dialog.findChild<InstallLicenseDropFrame *>("labelDrop"),
+                          {QUrl::fromLocalFile(files.path("license.dat"))}));
 
-    row("CR LF", "one\r\ntwo\r\n", "one\r\ntwo\r\n");
-    row("mixed", "one\ntwo\r\n", "one\r\ntwo\r\n");
-    row("lone CR", "one\rtwo\r", "onetwo");
-    // The system's code page is 1252 here.
-    row("code page",
-        "# Gr\xf6\xdf"
-        "e \x80\r\n",
-        "# Gr\xf6\xdf"
-        "e \x80\r\n");
-    row("bytes without a character in the code page", "\x81\x8d\x8f\x90\x9d", "\x81\x8d\x8f\x90\x9d");
-    row("UTF-8 with a byte order mark",
-        "\xef\xbb\xbf# Gr\xc3\xb6\xc3\x9f"
-        "e\r\n",
-        "# Gr\xf6\xdf"
-        "e\r\n");
-    row("UTF-16 with a byte order mark", QByteArray("\xff\xfe#\0\xf6\0\r\0\n\0", 10), "#\xf6\r\n");
-    row(
-        "every byte",
-        [] {
-            QByteArray bytes;
-            for (int byte = 0; byte < 256; ++byte) {
-                bytes.append(char(byte));
-            }
-            return bytes;
-        }(),
-        [] {
-            QByteArray bytes;
-            for (int byte = 0; byte < 256; ++byte) {
-                if (byte == '\n') {
-                    bytes.append('\r');
-                }
-                if (byte != '\r') {
+        QVERIFY(copyLicenseFile(dialog.selectedFile(), dialog.droppedContents(),
+                                files.path("H/license/license.dat"), nullptr));
+
+        // From the file, not from memory: byte for byte.
+        QCOMPARE(files.read("H/license/license.dat"), dropped);
+    }
+
+    void fileThatVanished_data()
+    {
+        // installedFromMemory: when the file itself has vanished
+        const auto row = columns<QByteArray, QByteArray>("dropped", "installedFromMemory");
+
+        row("CR LF", "one\r\ntwo\r\n", "one\r\ntwo\r\n");
+        row("mixed", "one\ntwo\r\n", "one\r\ntwo\r\n");
+        row("lone CR", "one\rtwo\r", "onetwo");
+        // The system's code page is 1252 here.
+        row("code page",
+            "# Gr\xf6\xdf"
+            "e \x80\r\n",
+            "# Gr\xf6\xdf"
+            "e \x80\r\n");
+        row("bytes without a character in the code page", "\x81\x8d\x8f\x90\x9d", "\x81\x8d\x8f\x90\x9d");
+        row("UTF-8 with a byte order mark",
+            "\xef\xbb\xbf# Gr\xc3\xb6\xc3\x9f"
+            "e\r\n",
+            "# Gr\xf6\xdf"
+            "e\r\n");
+        row("UTF-16 with a byte order mark", QByteArray("\xff\xfe#\0\xf6\0\r\0\n\0", 10), "#\xf6\r\n");
+        row(
+            "every byte",
+            [] {
+                QByteArray bytes;
+                for (int byte = 0; byte < 256; ++byte) {
                     bytes.append(char(byte));
                 }
-            }
-            return bytes;
-        }());
-}
+                return bytes;
+            }(),
+            [] {
+                QByteArray bytes;
+                for (int byte = 0; byte < 256; ++byte) {
+                    if (byte == '\n') {
+                        bytes.append('\r');
+                    }
+                    if (byte != '\r') {
+                        bytes.append(char(byte));
+                    }
+                }
+                return bytes;
+            }());
+    }
 
-void DroppedLicenseTest::fileThatIsStillThere()
-{
-    const QByteArray dropped = "lone CR\r, LF\n, \x81";
-    const LicenseFiles files;
-    files.write("license.dat", dropped);
-    files.makeDirectory("H/license");
-    const InstallLicenseDialog dialog("C:\\H\\license");
-    QVERIFY(dropFiles(*dialog.findChild<InstallLicenseDropFrame *>("labelDrop"),
-                      {QUrl::fromLocalFile(files.path("license.dat"))}));
+    void fileThatVanished()
+    {
+        QFETCH(QByteArray, dropped);
+        const LicenseFiles files;
+        files.write("license.dat", dropped);
+        files.makeDirectory("H/license");
+        const InstallLicenseDialog dialog("C:\\H\\license");
+        QVERIFY(dropFiles(*dialog.findChild<InstallLicenseDropFrame *>("labelDrop"),
+                          {QUrl::fromLocalFile(files.path("license.dat"))}));
+        QVERIFY(QFile::remove(files.path("license.dat")));
 
-    QVERIFY(copyLicenseFile(dialog.selectedFile(), dialog.droppedContents(),
-                            files.path("H/license/license.dat"), nullptr));
+        QVERIFY(copyLicenseFile(dialog.selectedFile(), dialog.droppedContents(),
+                                files.path("H/license/license.dat"), nullptr));
 
-    // From the file, not from memory: byte for byte.
-    QCOMPARE(files.read("H/license/license.dat"), dropped);
-}
-
-void DroppedLicenseTest::fileThatVanished()
-{
-    QFETCH(QByteArray, dropped);
-    const LicenseFiles files;
-    files.write("license.dat", dropped);
-    files.makeDirectory("H/license");
-    const InstallLicenseDialog dialog("C:\\H\\license");
-    QVERIFY(dropFiles(*dialog.findChild<InstallLicenseDropFrame *>("labelDrop"),
-                      {QUrl::fromLocalFile(files.path("license.dat"))}));
-    QVERIFY(QFile::remove(files.path("license.dat")));
-
-    QVERIFY(copyLicenseFile(dialog.selectedFile(), dialog.droppedContents(),
-                            files.path("H/license/license.dat"), nullptr));
-
-    QTEST(files.read("H/license/license.dat"), "installedFromMemory");
-}
+        QTEST(files.read("H/license/license.dat"), "installedFromMemory");
+    }
+};
 
 QTEST_MAIN(DroppedLicenseTest)
 

@@ -21,26 +21,25 @@ class InstallLicenseSettingsTest : public QObject {
 
 private slots:
     void initTestCase() { setApplicationIdentity(); }
-    void directoryInTheRegistry();
+
+    void directoryInTheRegistry()
+    {
+        QVERIFY(!storedDirectory().isValid());
+        InstallLicenseDialog dialog("C:\\H\\license");
+
+        dialog.set_path_and_content("C:/dropped/license.dat", "contents");
+        QVERIFY(!storedDirectory().isValid());
+
+        dialog.set_path("C:/my licences/Gr\u00f6\u00dfe/license.dat");
+        QCOMPARE(storedDirectory(), QVariant("C:\\my licences\\Gr\u00f6\u00dfe"));
+
+        dialog.set_path("D:\\license.dat");
+        QCOMPARE(storedDirectory(), QVariant("D:\\"));
+
+        dialog.set_path_and_content("C:/dropped/license.dat", "contents");
+        QCOMPARE(storedDirectory(), QVariant("D:\\"));
+    }
 };
-
-void InstallLicenseSettingsTest::directoryInTheRegistry()
-{
-    QVERIFY(!storedDirectory().isValid());
-    InstallLicenseDialog dialog("C:\\H\\license");
-
-    dialog.set_path_and_content("C:/dropped/license.dat", "contents");
-    QVERIFY(!storedDirectory().isValid());
-
-    dialog.set_path("C:/my licences/Gr\u00f6\u00dfe/license.dat");
-    QCOMPARE(storedDirectory(), QVariant("C:\\my licences\\Gr\u00f6\u00dfe"));
-
-    dialog.set_path("D:\\license.dat");
-    QCOMPARE(storedDirectory(), QVariant("D:\\"));
-
-    dialog.set_path_and_content("C:/dropped/license.dat", "contents");
-    QCOMPARE(storedDirectory(), QVariant("D:\\"));
-}
 
 QTEST_MAIN(InstallLicenseSettingsTest)
 

@@ -42,190 +42,179 @@ class LicenseCopyFallbackTest : public QObject {
 
 private slots:
     void init() { ElevatedHelperFake::reset(); }
-    void cleanup();
-    void helperIsNotNeeded();
-    void missingTargetDirectory_data();
-    void missingTargetDirectory();
-    void targetThatCannotBeRemoved();
-    void vanishedSource_data();
-    void vanishedSource();
-    void sourceThatCannotBeRead();
-    void temporaryFileIsNotWhole_data();
-    void temporaryFileIsNotWhole();
-    void translated();
+
+    void cleanup() { QVERIFY(QDir(files.path("H")).removeRecursively()); }
+
+    void helperIsNotNeeded()
+    {
+        files.write("license.dat", "x");
+        files.write("H/license/license.dat", "old");
+
+        QVERIFY(install(files, "license.dat"));
+        QVERIFY(install(files, "mail/1.dat", "x"));
+
+        QCOMPARE(ElevatedHelperFake::starts().size(), 0);
+        QCOMPARE(ElevatedHelperFake::broadcasts(), 0);
+    }
+
+    void missingTargetDirectory_data()
+    {
+        const auto row = columns<int, QStringList>("exitCode", "failure");
+
+        const QString line =
+            "helper process returned with value %1. This indicates an error in its execution!";
+        row("helper succeeds", 0, {});
+        row("helper fails", 3, {line.arg(3)});
+        row("helper not started", -1, {line.arg(-1)});
+    }
+
+    void missingTargetDirectory()
+    {
+        QFETCH(int, exitCode);
+        QFETCH(QStringList, failure);
+        files.write("my licences/license 1.dat", "x");
+        ElevatedHelperFake::setOutcome(exitCode, true);
+        const LogLines log;
+        QStringList errors{"earlier line"};
+
+        QCOMPARE(install(files, "my licences/license 1.dat", "unused", &errors), failure.isEmpty());
+
+        QCOMPARE(errors, failure);
+        const QString source = files.native("my licences/license 1.dat");
+        QCOMPARE(ElevatedHelperFake::starts().size(), 1);
+        const ElevatedHelperFake::Start &start = ElevatedHelperFake::starts().constFirst();
+        QCOMPARE(start.executable, helperExecutablePath());
+        QCOMPARE(start.arguments, "--copy=\"" + target + "\" \"" + source + "\"");
+        QVERIFY(!start.show);
+        QVERIFY(start.wait);
+        QCOMPARE(log.lines(), helperLogLines(source, target));
+        QCOMPARE(ElevatedHelperFake::broadcasts(), 0);
+    }
+
+    /// A directory as the target represents anything that cannot be removed.
+    void targetThatCannotBeRemoved()
+    {
+        files.write("license.dat", "x");
+        files.makeDirectory("H/license/license.dat");
+        const LogLines log;
+        QStringList errors;
+
+        QVERIFY(install(files, "license.dat", QString(), &errors));
+
+        QCOMPARE(errors, QStringList());
+        const QStringList removal{"removing existing file " + target,
+                                  "warning: cannot remove existing file " + target + " \""};
+        QCOMPARE(log.lines(), removal + helperLogLines(files.path("license.dat"), target));
+        QCOMPARE(ElevatedHelperFake::starts().size(), 1);
+    }
+
+    void vanishedSource_data()
+    {
+        columns<int>("exitCode");
+
+        row("helper succeeds", 0);
+        row("helper fails", 3);
+    }
+
+    void vanishedSource()
+    {
+        QFETCH(int, exitCode);
+        ElevatedHelperFake::setOutcome(exitCode, true);
+        const LogLines log;
+
+        QCOMPARE(install(files, "mail/license.dat", "x"), exitCode == 0);
+
+        // The helper is given the temporary file, whose name only the log tells.
+        const QString temporary = loggedTemporaryFile(log);
+        QCOMPARE(QFileInfo(temporary).path(), files.path("temporary"));
+        QCOMPARE(log.lines(), QStringList("dropped file " + files.path("mail/license.dat") +
+                                          " no longer exists. creating temporary file " + temporary +
+                                          " with the same contents") +
+                                  helperLogLines(temporary, target));
+        QCOMPARE(ElevatedHelperFake::starts().size(), 1);
+        QCOMPARE(ElevatedHelperFake::starts().constFirst().arguments,
+                 "--copy=\"" + target + "\" \"" + temporary + "\"");
+        QCOMPARE(files.temporaryFiles(), QStringList());
+    }
+
+    /// The old file stays until there is something to replace it with. A directory represents anything that
+    /// cannot be read.
+    void sourceThatCannotBeRead()
+    {
+        files.makeDirectory("unreadable.dat");
+        files.write("H/license/license.dat", "the old one");
+        const LogLines log;
+
+        QVERIFY(install(files, "unreadable.dat"));
+
+        QCOMPARE(files.read("H/license/license.dat"), QByteArray("the old one"));
+        QCOMPARE(log.lines(), helperLogLines(files.path("unreadable.dat"), target));
+        QCOMPARE(ElevatedHelperFake::starts().size(), 1);
+    }
+
+    void temporaryFileIsNotWhole_data()
+    {
+        columns<int>("size"); // for which the disk has room
+
+        row("no room", 0);
+        row("one byte missing", 99999);
+    }
+
+    /// A part of a licence is not a licence.
+    void temporaryFileIsNotWhole()
+    {
+        QFETCH(int, size);
+        files.write("H/license/license.dat", "the old one");
+        const LogLines log;
+        QStringList errors{"earlier line"};
+        bool copied = true;
+        {
+            const FullDisk disk(static_cast<rlim_t>(size));
+            copied = install(files, "mail/license.dat", QString(100000, 'x'), &errors);
+        }
+
+        QVERIFY(!copied);
+        QCOMPARE(log.lines().size(), 1);
+        const QString temporary = loggedTemporaryFile(log);
+        QCOMPARE(QFileInfo(temporary).path(), files.path("temporary"));
+        QCOMPARE(errors, QStringList{"Dropped file " + files.path("mail/license.dat") +
+                                     " no longer exists and could not create temporary file " + temporary +
+                                     " with the same contents"});
+        QCOMPARE(files.read("H/license/license.dat"), QByteArray("the old one"));
+        QCOMPARE(files.temporaryFiles(), QStringList());
+        QCOMPARE(ElevatedHelperFake::starts().size(), 0);
+    }
+
+    /// The user reads the errors in his language, a developer the log in English.
+    void translated()
+    {
+        const MarkingTranslator translator;
+        files.makeDirectory("H/license/license.dat");
+        ElevatedHelperFake::setOutcome(3, true);
+        const LogLines log;
+        QStringList errors;
+
+        QVERIFY(!install(files, "mail/license.dat", "x", &errors));
+
+        const QString failure =
+            "helper process returned with value 3. This indicates an error in its execution!";
+        QCOMPARE(errors, QStringList{'[' + failure + ']'});
+        QCOMPARE(log.lines().size(), 5);
+        QVERIFY(!log.lines().join(QString()).contains('['));
+
+        const LicenseFiles others;
+        others.loseTemporaryDirectory();
+        QVERIFY(!install(others, "mail/license.dat", "x", &errors));
+        QCOMPARE(
+            errors,
+            QStringList{"[Dropped file " + others.path("mail/license.dat") +
+                        " no longer exists and could not create temporary file  with the same contents]"});
+    }
 
 private:
     const LicenseFiles files;
     const QString target = files.path("H/license/license.dat");
 };
-
-void LicenseCopyFallbackTest::cleanup()
-{
-    QVERIFY(QDir(files.path("H")).removeRecursively());
-}
-
-void LicenseCopyFallbackTest::helperIsNotNeeded()
-{
-    files.write("license.dat", "x");
-    files.write("H/license/license.dat", "old");
-
-    QVERIFY(install(files, "license.dat"));
-    QVERIFY(install(files, "mail/1.dat", "x"));
-
-    QCOMPARE(ElevatedHelperFake::starts().size(), 0);
-    QCOMPARE(ElevatedHelperFake::broadcasts(), 0);
-}
-
-void LicenseCopyFallbackTest::missingTargetDirectory_data()
-{
-    const auto row = columns<int, QStringList>("exitCode", "failure");
-
-    const QString line = "helper process returned with value %1. This indicates an error in its execution!";
-    row("helper succeeds", 0, {});
-    row("helper fails", 3, {line.arg(3)});
-    row("helper not started", -1, {line.arg(-1)});
-}
-
-void LicenseCopyFallbackTest::missingTargetDirectory()
-{
-    QFETCH(int, exitCode);
-    QFETCH(QStringList, failure);
-    files.write("my licences/license 1.dat", "x");
-    ElevatedHelperFake::setOutcome(exitCode, true);
-    const LogLines log;
-    QStringList errors{"earlier line"};
-
-    QCOMPARE(install(files, "my licences/license 1.dat", "unused", &errors), failure.isEmpty());
-
-    QCOMPARE(errors, failure);
-    const QString source = files.native("my licences/license 1.dat");
-    QCOMPARE(ElevatedHelperFake::starts().size(), 1);
-    const ElevatedHelperFake::Start &start = ElevatedHelperFake::starts().constFirst();
-    QCOMPARE(start.executable, helperExecutablePath());
-    QCOMPARE(start.arguments, "--copy=\"" + target + "\" \"" + source + "\"");
-    QVERIFY(!start.show);
-    QVERIFY(start.wait);
-    QCOMPARE(log.lines(), helperLogLines(source, target));
-    QCOMPARE(ElevatedHelperFake::broadcasts(), 0);
-}
-
-/// A directory as the target represents anything that cannot be removed.
-void LicenseCopyFallbackTest::targetThatCannotBeRemoved()
-{
-    files.write("license.dat", "x");
-    files.makeDirectory("H/license/license.dat");
-    const LogLines log;
-    QStringList errors;
-
-    QVERIFY(install(files, "license.dat", QString(), &errors));
-
-    QCOMPARE(errors, QStringList());
-    const QStringList removal{"removing existing file " + target,
-                              "warning: cannot remove existing file " + target + " \""};
-    QCOMPARE(log.lines(), removal + helperLogLines(files.path("license.dat"), target));
-    QCOMPARE(ElevatedHelperFake::starts().size(), 1);
-}
-
-void LicenseCopyFallbackTest::vanishedSource_data()
-{
-    columns<int>("exitCode");
-
-    row("helper succeeds", 0);
-    row("helper fails", 3);
-}
-
-void LicenseCopyFallbackTest::vanishedSource()
-{
-    QFETCH(int, exitCode);
-    ElevatedHelperFake::setOutcome(exitCode, true);
-    const LogLines log;
-
-    QCOMPARE(install(files, "mail/license.dat", "x"), exitCode == 0);
-
-    // The helper is given the temporary file, whose name only the log tells.
-    const QString temporary = loggedTemporaryFile(log);
-    QCOMPARE(QFileInfo(temporary).path(), files.path("temporary"));
-    QCOMPARE(log.lines(), QStringList("dropped file " + files.path("mail/license.dat") +
-                                      " no longer exists. creating temporary file " + temporary +
-                                      " with the same contents") +
-                              helperLogLines(temporary, target));
-    QCOMPARE(ElevatedHelperFake::starts().size(), 1);
-    QCOMPARE(ElevatedHelperFake::starts().constFirst().arguments,
-             "--copy=\"" + target + "\" \"" + temporary + "\"");
-    QCOMPARE(files.temporaryFiles(), QStringList());
-}
-
-/// The old file stays until there is something to replace it with. A directory represents anything that
-/// cannot be read.
-void LicenseCopyFallbackTest::sourceThatCannotBeRead()
-{
-    files.makeDirectory("unreadable.dat");
-    files.write("H/license/license.dat", "the old one");
-    const LogLines log;
-
-    QVERIFY(install(files, "unreadable.dat"));
-
-    QCOMPARE(files.read("H/license/license.dat"), QByteArray("the old one"));
-    QCOMPARE(log.lines(), helperLogLines(files.path("unreadable.dat"), target));
-    QCOMPARE(ElevatedHelperFake::starts().size(), 1);
-}
-
-void LicenseCopyFallbackTest::temporaryFileIsNotWhole_data()
-{
-    columns<int>("size"); // for which the disk has room
-
-    row("no room", 0);
-    row("one byte missing", 99999);
-}
-
-/// A part of a licence is not a licence.
-void LicenseCopyFallbackTest::temporaryFileIsNotWhole()
-{
-    QFETCH(int, size);
-    files.write("H/license/license.dat", "the old one");
-    const LogLines log;
-    QStringList errors{"earlier line"};
-    bool copied = true;
-    {
-        const FullDisk disk(static_cast<rlim_t>(size));
-        copied = install(files, "mail/license.dat", QString(100000, 'x'), &errors);
-    }
-
-    QVERIFY(!copied);
-    QCOMPARE(log.lines().size(), 1);
-    const QString temporary = loggedTemporaryFile(log);
-    QCOMPARE(QFileInfo(temporary).path(), files.path("temporary"));
-    QCOMPARE(errors, QStringList{"Dropped file " + files.path("mail/license.dat") +
-                                 " no longer exists and could not create temporary file " + temporary +
-                                 " with the same contents"});
-    QCOMPARE(files.read("H/license/license.dat"), QByteArray("the old one"));
-    QCOMPARE(files.temporaryFiles(), QStringList());
-    QCOMPARE(ElevatedHelperFake::starts().size(), 0);
-}
-
-/// The user reads the errors in his language, a developer the log in English.
-void LicenseCopyFallbackTest::translated()
-{
-    const MarkingTranslator translator;
-    files.makeDirectory("H/license/license.dat");
-    ElevatedHelperFake::setOutcome(3, true);
-    const LogLines log;
-    QStringList errors;
-
-    QVERIFY(!install(files, "mail/license.dat", "x", &errors));
-
-    const QString failure = "helper process returned with value 3. This indicates an error in its execution!";
-    QCOMPARE(errors, QStringList{'[' + failure + ']'});
-    QCOMPARE(log.lines().size(), 5);
-    QVERIFY(!log.lines().join(QString()).contains('['));
-
-    const LicenseFiles others;
-    others.loseTemporaryDirectory();
-    QVERIFY(!install(others, "mail/license.dat", "x", &errors));
-    QCOMPARE(errors,
-             QStringList{"[Dropped file " + others.path("mail/license.dat") +
-                         " no longer exists and could not create temporary file  with the same contents]"});
-}
 
 QTEST_GUILESS_MAIN(LicenseCopyFallbackTest)
 

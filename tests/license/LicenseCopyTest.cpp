@@ -25,169 +25,160 @@ class LicenseCopyTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void byteIdentical_data();
-    void byteIdentical();
-    void droppedContentsOfAFileThatIsThere();
-    void existingTarget();
-    void fromItsOwnPlace_data();
-    void fromItsOwnPlace();
-    void vanishedSource_data();
-    void vanishedSource();
-    void vanishedSourceAndExistingTarget();
-    void noTemporaryFile();
+    void byteIdentical_data()
+    {
+        const auto row = columns<QByteArray>("contents");
+
+        row("empty", {});
+        row("every byte", allBytes());
+    }
+
+    void byteIdentical()
+    {
+        QFETCH(QByteArray, contents);
+        const LicenseFiles files;
+        files.write("license.dat", contents);
+        files.makeDirectory("H/license");
+        const LogLines log;
+        QStringList errors{"earlier line"};
+
+        QVERIFY(install(files, "license.dat", QString(), &errors));
+
+        QVERIFY(files.read("H/license/license.dat") == contents);
+        QVERIFY(files.read("license.dat") == contents);
+        QCOMPARE(errors, QStringList());
+        QCOMPARE(log.lines(), QStringList());
+        QCOMPARE(files.temporaryFiles(), QStringList());
+    }
+
+    void droppedContentsOfAFileThatIsThere()
+    {
+        const LicenseFiles files;
+        files.write("license.dat", "now\r\n");
+        files.makeDirectory("H/license");
+        const LogLines log;
+
+        QVERIFY(install(files, "license.dat", "when dropped\n"));
+
+        QCOMPARE(files.read("H/license/license.dat"), QByteArray("now\r\n"));
+        QCOMPARE(log.lines(), QStringList());
+    }
+
+    void existingTarget()
+    {
+        const LicenseFiles files;
+        files.write("license.dat", "new");
+        files.write("H/license/license.dat", "a longer old one");
+        files.write("H/license/another.dat", "another");
+        const LogLines log;
+        QStringList errors;
+
+        QVERIFY(install(files, "license.dat", QString(), &errors));
+
+        QCOMPARE(files.read("H/license/license.dat"), QByteArray("new"));
+        QCOMPARE(files.read("H/license/another.dat"), QByteArray("another"));
+        QCOMPARE(errors, QStringList());
+        QCOMPARE(log.lines(), QStringList{"removing existing file " + files.native("H/license/license.dat")});
+    }
+
+    void fromItsOwnPlace_data()
+    {
+        columns<QString>("source"); // a path to the file H/license/license.dat
+
+        row("same path", "H/license/license.dat");
+        row("over the parent directory", "H/license/../license/license.dat");
+        row("second name", "second.dat");
+    }
+
+    /// Otherwise the user's only licence would be removed to make room for its own copy.
+    void fromItsOwnPlace()
+    {
+        QFETCH(QString, source);
+        const LicenseFiles files;
+        files.write("H/license/license.dat", "the only one");
+        std::filesystem::create_hard_link(files.path("H/license/license.dat").toStdWString(),
+                                          files.path("second.dat").toStdWString());
+        QCOMPARE(files.read(source), QByteArray("the only one"));
+        const LogLines log;
+        QStringList errors{"earlier line"};
+
+        QVERIFY(install(files, source, "dropped", &errors));
+
+        QCOMPARE(files.read("H/license/license.dat"), QByteArray("the only one"));
+        QCOMPARE(errors, QStringList());
+        QCOMPARE(log.lines(), QStringList());
+    }
+
+    void vanishedSource_data()
+    {
+        columns<QString, bool>("contents", "withErrors");
+
+        row("contents", "one line", true);
+        row("contents, no list", "one line", false);
+        row("nothing in it", "", true);
+    }
+
+    void vanishedSource()
+    {
+        QFETCH(QString, contents);
+        QFETCH(bool, withErrors);
+        const LicenseFiles files;
+        files.makeDirectory("H/license");
+        const LogLines log;
+        QStringList errors;
+
+        QVERIFY(install(files, "mail/license.dat", contents, withErrors ? &errors : nullptr));
+
+        QVERIFY(files.read("H/license/license.dat") == contents.toLatin1());
+        QCOMPARE(QDir(files.path("H/license")).entryList(QDir::Files), QStringList{"license.dat"});
+        QCOMPARE(errors, QStringList());
+        QCOMPARE(files.temporaryFiles(), QStringList());
+        QCOMPARE(log.lines().size(), 1);
+        const QString before = "dropped file " + files.native("mail/license.dat") +
+                               " no longer exists. creating temporary file " + files.native("temporary/");
+        const QRegularExpression line('^' + QRegularExpression::escape(before) +
+                                      "[^/\\\\ ]+ with the same contents$");
+        QVERIFY2(line.match(log.lines().first()).hasMatch(), qPrintable(log.lines().first()));
+    }
+
+    void vanishedSourceAndExistingTarget()
+    {
+        const LicenseFiles files;
+        files.write("H/license/license.dat", "a longer old one");
+        const LogLines log;
+
+        QVERIFY(install(files, "mail/license.dat", "new"));
+
+        QCOMPARE(files.read("H/license/license.dat"), QByteArray("new"));
+        QCOMPARE(log.lines().size(), 2);
+        QVERIFY(log.lines().first().startsWith("dropped file "));
+        QCOMPARE(log.lines().last(), "removing existing file " + files.native("H/license/license.dat"));
+        QCOMPARE(files.temporaryFiles(), QStringList());
+    }
+
+    void noTemporaryFile()
+    {
+        const LicenseFiles files;
+        files.write("H/license/license.dat", "old");
+        files.loseTemporaryDirectory();
+        const LogLines log;
+        QStringList errors{"earlier line"};
+
+        QVERIFY(!install(files, "mail/license.dat", "new", &errors));
+
+        // A file that was never created has no name.
+        const QString source = files.native("mail/license.dat");
+        QCOMPARE(
+            errors,
+            QStringList{"Dropped file " + source +
+                        " no longer exists and could not create temporary file  with the same contents"});
+        QCOMPARE(log.lines(),
+                 QStringList{"dropped file " + source +
+                             " no longer exists. creating temporary file  with the same contents"});
+        QCOMPARE(files.read("H/license/license.dat"), QByteArray("old"));
+        QVERIFY(!copyLicenseFile(source, "new", files.path("H/license/license.dat"), nullptr));
+    }
 };
-
-void LicenseCopyTest::byteIdentical_data()
-{
-    const auto row = columns<QByteArray>("contents");
-
-    row("empty", {});
-    row("every byte", allBytes());
-}
-
-void LicenseCopyTest::byteIdentical()
-{
-    QFETCH(QByteArray, contents);
-    const LicenseFiles files;
-    files.write("license.dat", contents);
-    files.makeDirectory("H/license");
-    const LogLines log;
-    QStringList errors{"earlier line"};
-
-    QVERIFY(install(files, "license.dat", QString(), &errors));
-
-    QVERIFY(files.read("H/license/license.dat") == contents);
-    QVERIFY(files.read("license.dat") == contents);
-    QCOMPARE(errors, QStringList());
-    QCOMPARE(log.lines(), QStringList());
-    QCOMPARE(files.temporaryFiles(), QStringList());
-}
-
-void LicenseCopyTest::droppedContentsOfAFileThatIsThere()
-{
-    const LicenseFiles files;
-    files.write("license.dat", "now\r\n");
-    files.makeDirectory("H/license");
-    const LogLines log;
-
-    QVERIFY(install(files, "license.dat", "when dropped\n"));
-
-    QCOMPARE(files.read("H/license/license.dat"), QByteArray("now\r\n"));
-    QCOMPARE(log.lines(), QStringList());
-}
-
-void LicenseCopyTest::existingTarget()
-{
-    const LicenseFiles files;
-    files.write("license.dat", "new");
-    files.write("H/license/license.dat", "a longer old one");
-    files.write("H/license/another.dat", "another");
-    const LogLines log;
-    QStringList errors;
-
-    QVERIFY(install(files, "license.dat", QString(), &errors));
-
-    QCOMPARE(files.read("H/license/license.dat"), QByteArray("new"));
-    QCOMPARE(files.read("H/license/another.dat"), QByteArray("another"));
-    QCOMPARE(errors, QStringList());
-    QCOMPARE(log.lines(), QStringList{"removing existing file " + files.native("H/license/license.dat")});
-}
-
-void LicenseCopyTest::fromItsOwnPlace_data()
-{
-    columns<QString>("source"); // a path to the file H/license/license.dat
-
-    row("same path", "H/license/license.dat");
-    row("over the parent directory", "H/license/../license/license.dat");
-    row("second name", "second.dat");
-}
-
-/// Otherwise the user's only licence would be removed to make room for its own copy.
-void LicenseCopyTest::fromItsOwnPlace()
-{
-    QFETCH(QString, source);
-    const LicenseFiles files;
-    files.write("H/license/license.dat", "the only one");
-    std::filesystem::create_hard_link(files.path("H/license/license.dat").toStdWString(),
-                                      files.path("second.dat").toStdWString());
-    QCOMPARE(files.read(source), QByteArray("the only one"));
-    const LogLines log;
-    QStringList errors{"earlier line"};
-
-    QVERIFY(install(files, source, "dropped", &errors));
-
-    QCOMPARE(files.read("H/license/license.dat"), QByteArray("the only one"));
-    QCOMPARE(errors, QStringList());
-    QCOMPARE(log.lines(), QStringList());
-}
-
-void LicenseCopyTest::vanishedSource_data()
-{
-    columns<QString, bool>("contents", "withErrors");
-
-    row("contents", "one line", true);
-    row("contents, no list", "one line", false);
-    row("nothing in it", "", true);
-}
-
-void LicenseCopyTest::vanishedSource()
-{
-    QFETCH(QString, contents);
-    QFETCH(bool, withErrors);
-    const LicenseFiles files;
-    files.makeDirectory("H/license");
-    const LogLines log;
-    QStringList errors;
-
-    QVERIFY(install(files, "mail/license.dat", contents, withErrors ? &errors : nullptr));
-
-    QVERIFY(files.read("H/license/license.dat") == contents.toLatin1());
-    QCOMPARE(QDir(files.path("H/license")).entryList(QDir::Files), QStringList{"license.dat"});
-    QCOMPARE(errors, QStringList());
-    QCOMPARE(files.temporaryFiles(), QStringList());
-    QCOMPARE(log.lines().size(), 1);
-    const QString before = "dropped file " + files.native("mail/license.dat") +
-                           " no longer exists. creating temporary file " + files.native("temporary/");
-    const QRegularExpression line('^' + QRegularExpression::escape(before) +
-                                  "[^/\\\\ ]+ with the same contents$");
-    QVERIFY2(line.match(log.lines().first()).hasMatch(), qPrintable(log.lines().first()));
-}
-
-void LicenseCopyTest::vanishedSourceAndExistingTarget()
-{
-    const LicenseFiles files;
-    files.write("H/license/license.dat", "a longer old one");
-    const LogLines log;
-
-    QVERIFY(install(files, "mail/license.dat", "new"));
-
-    QCOMPARE(files.read("H/license/license.dat"), QByteArray("new"));
-    QCOMPARE(log.lines().size(), 2);
-    QVERIFY(log.lines().first().startsWith("dropped file "));
-    QCOMPARE(log.lines().last(), "removing existing file " + files.native("H/license/license.dat"));
-    QCOMPARE(files.temporaryFiles(), QStringList());
-}
-
-void LicenseCopyTest::noTemporaryFile()
-{
-    const LicenseFiles files;
-    files.write("H/license/license.dat", "old");
-    files.loseTemporaryDirectory();
-    const LogLines log;
-    QStringList errors{"earlier line"};
-
-    QVERIFY(!install(files, "mail/license.dat", "new", &errors));
-
-    // A file that was never created has no name.
-    const QString source = files.native("mail/license.dat");
-    QCOMPARE(errors,
-             QStringList{"Dropped file " + source +
-                         " no longer exists and could not create temporary file  with the same contents"});
-    QCOMPARE(log.lines(), QStringList{"dropped file " + source +
-                                      " no longer exists. creating temporary file  with the same contents"});
-    QCOMPARE(files.read("H/license/license.dat"), QByteArray("old"));
-    QVERIFY(!copyLicenseFile(source, "new", files.path("H/license/license.dat"), nullptr));
-}
 
 QTEST_GUILESS_MAIN(LicenseCopyTest)
 

@@ -69,59 +69,56 @@ class LicenseOwnPlaceTest : public QObject {
 private slots:
     void initTestCase() { license = std::make_unique<OnlyLicense>(); }
     void cleanupTestCase() { license.reset(); }
-    void stays_data();
-    void stays();
-    void otherFilesAreNotTheSame();
+
+    void stays_data()
+    {
+        columns<QString, bool>("way", "toTheTarget");
+
+        for (const char *way : {"capitals", "drive letter", "drive of the whole file system", "share",
+                                "linked directory", "short names"}) {
+            row(way, way, false);
+        }
+        row("share of the target", "share", true);
+    }
+
+    void stays()
+    {
+        QFETCH(QString, way);
+        QFETCH(bool, toTheTarget);
+        const QString other = license->path(way);
+        QVERIFY(other != license->path());
+        QFile reached(other);
+        QVERIFY2(reached.open(QFile::ReadOnly), qPrintable(other));
+        QCOMPARE(reached.readAll(), QByteArray("the only one"));
+        reached.close();
+        const LogLines log;
+        QStringList errors;
+
+        QVERIFY(copyLicenseFile(toTheTarget ? license->path() : other, "dropped",
+                                toTheTarget ? other : license->path(), &errors));
+
+        QCOMPARE(license->files.read("H/license/the only license.dat"), QByteArray("the only one"));
+        QCOMPARE(QDir(license->files.path("H/license")).entryList(QDir::Files).size(), 1);
+        QCOMPARE(errors, QStringList());
+        QCOMPARE(log.lines(), QStringList());
+    }
+
+    /// The control: otherwise nothing would ever be copied.
+    void otherFilesAreNotTheSame()
+    {
+        license->files.write("H/license/copy.dat", "the only one");
+
+        QVERIFY(!isSameFile(license->path(), license->files.path("H/license/copy.dat")));
+        QVERIFY(!isSameFile("W:\\license\\copy.dat", "W:\\license\\the only license.dat"));
+        QVERIFY(!isSameFile(license->path(), license->files.path("missing.dat")));
+        QVERIFY(!isSameFile(license->files.path("missing.dat"), license->path()));
+        QVERIFY(!isSameFile(license->files.path("missing.dat"), license->files.path("missing.dat")));
+        QVERIFY(isSameFile(license->path("share"), license->path("drive letter")));
+    }
 
 private:
     std::unique_ptr<OnlyLicense> license;
 };
-
-void LicenseOwnPlaceTest::stays_data()
-{
-    columns<QString, bool>("way", "toTheTarget");
-
-    for (const char *way : {"capitals", "drive letter", "drive of the whole file system", "share",
-                            "linked directory", "short names"}) {
-        row(way, way, false);
-    }
-    row("share of the target", "share", true);
-}
-
-void LicenseOwnPlaceTest::stays()
-{
-    QFETCH(QString, way);
-    QFETCH(bool, toTheTarget);
-    const QString other = license->path(way);
-    QVERIFY(other != license->path());
-    QFile reached(other);
-    QVERIFY2(reached.open(QFile::ReadOnly), qPrintable(other));
-    QCOMPARE(reached.readAll(), QByteArray("the only one"));
-    reached.close();
-    const LogLines log;
-    QStringList errors;
-
-    QVERIFY(copyLicenseFile(toTheTarget ? license->path() : other, "dropped",
-                            toTheTarget ? other : license->path(), &errors));
-
-    QCOMPARE(license->files.read("H/license/the only license.dat"), QByteArray("the only one"));
-    QCOMPARE(QDir(license->files.path("H/license")).entryList(QDir::Files).size(), 1);
-    QCOMPARE(errors, QStringList());
-    QCOMPARE(log.lines(), QStringList());
-}
-
-/// The control: otherwise nothing would ever be copied.
-void LicenseOwnPlaceTest::otherFilesAreNotTheSame()
-{
-    license->files.write("H/license/copy.dat", "the only one");
-
-    QVERIFY(!isSameFile(license->path(), license->files.path("H/license/copy.dat")));
-    QVERIFY(!isSameFile("W:\\license\\copy.dat", "W:\\license\\the only license.dat"));
-    QVERIFY(!isSameFile(license->path(), license->files.path("missing.dat")));
-    QVERIFY(!isSameFile(license->files.path("missing.dat"), license->path()));
-    QVERIFY(!isSameFile(license->files.path("missing.dat"), license->files.path("missing.dat")));
-    QVERIFY(isSameFile(license->path("share"), license->path("drive letter")));
-}
 
 QTEST_GUILESS_MAIN(LicenseOwnPlaceTest)
 

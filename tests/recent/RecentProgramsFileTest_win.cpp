@@ -31,86 +31,80 @@ class RecentProgramsFileTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void codePage_data();
-    void codePage();
-    void westernCodePage();
-    void fileThatNobodyElseMayRead();
-    void fileThatOthersReadAndWrite();
-    void directoryBeyondTheCodePage();
-};
-
-void RecentProgramsFileTest::codePage_data()
-{
-    columns<QString>("path");
-
-    row("umlauts", "C:\\Gr\u00f6\u00dfe\\\u00dcbung.hdev");
-    row("Euro sign", "C:\\100 \u20ac.hdev");
-    row("Japanese", "C:\\\u691c\u67fb.hdev");
-}
-
-void RecentProgramsFileTest::codePage()
-{
-    QFETCH(QString, path);
-    const QByteArray bytes = inCodePage(path);
-    if (bytes.isEmpty()) {
-        QSKIP(qPrintable(QString("Code page %1 lacks such characters.").arg(GetACP())));
-    }
-    const HDevelopSettings settings;
-    settings.write("RecentPrograms=" + bytes + ", \"" + bytes + ", 2\"\r\n");
-    QCOMPARE(readRecentPrograms(), (QStringList{path, path + ", 2"}));
-}
-
-void RecentProgramsFileTest::westernCodePage()
-{
-    if (GetACP() != 1252) {
-        QSKIP(qPrintable(QString("The code page is %1.").arg(GetACP())));
-    }
-    const HDevelopSettings settings;
-    settings.write("RecentPrograms=C:\\Gr\xf6\xdf"
-                   "e\\\xdc"
-                   "bung \x80.hdev\r\n");
-    QCOMPARE(readRecentPrograms(), QStringList{"C:\\Gr\u00f6\u00dfe\\\u00dcbung \u20ac.hdev"});
-    // A file in another encoding is misread.
-    settings.write("RecentPrograms=\xc3\xbc.hdev\r\n");
-    QCOMPARE(readRecentPrograms(), QStringList{"\u00c3\u00bc.hdev"});
-}
-
-void RecentProgramsFileTest::fileThatNobodyElseMayRead()
-{
-    const HDevelopSettings settings;
-    settings.writePrograms({"a", "b"});
-    const LogLines log;
+    void codePage_data()
     {
-        const WindowsHandle locked(CreateFileW(wide(QDir::toNativeSeparators(settings.file())), GENERIC_READ,
-                                               0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-        QVERIFY(locked);
-        QCOMPARE(readRecentPrograms(), QStringList{""});
+        columns<QString>("path");
+
+        row("umlauts", "C:\\Gr\u00f6\u00dfe\\\u00dcbung.hdev");
+        row("Euro sign", "C:\\100 \u20ac.hdev");
+        row("Japanese", "C:\\\u691c\u67fb.hdev");
     }
-    QCOMPARE(readRecentPrograms(), (QStringList{"a", "b"}));
-    QCOMPARE(log.lines(), QStringList());
-}
 
-void RecentProgramsFileTest::fileThatOthersReadAndWrite()
-{
-    const HDevelopSettings settings;
-    settings.writePrograms({"a", "b"});
-    const WindowsHandle open(CreateFileW(wide(QDir::toNativeSeparators(settings.file())),
-                                         GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                         nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    QVERIFY(open);
-    QCOMPARE(readRecentPrograms(), (QStringList{"a", "b"}));
-}
+    void codePage()
+    {
+        QFETCH(QString, path);
+        const QByteArray bytes = inCodePage(path);
+        if (bytes.isEmpty()) {
+            QSKIP(qPrintable(QString("Code page %1 lacks such characters.").arg(GetACP())));
+        }
+        const HDevelopSettings settings;
+        settings.write("RecentPrograms=" + bytes + ", \"" + bytes + ", 2\"\r\n");
+        QCOMPARE(readRecentPrograms(), (QStringList{path, path + ", 2"}));
+    }
 
-void RecentProgramsFileTest::directoryBeyondTheCodePage()
-{
-    HDevelopSettings settings;
-    const QString directory = settings.path("\u691c\u67fb & Gr\u00f6\u00dfe");
-    settings.moveTo(directory);
-    settings.writePrograms({"a", "b"});
-    // Not every name can be written in the code page.
-    QCOMPARE(_wputenv_s(L"APPDATA", wide(QDir::toNativeSeparators(directory))), 0);
-    QCOMPARE(readRecentPrograms(), (QStringList{"a", "b"}));
-}
+    void westernCodePage()
+    {
+        if (GetACP() != 1252) {
+            QSKIP(qPrintable(QString("The code page is %1.").arg(GetACP())));
+        }
+        const HDevelopSettings settings;
+        settings.write("RecentPrograms=C:\\Gr\xf6\xdf"
+                       "e\\\xdc"
+                       "bung \x80.hdev\r\n");
+        QCOMPARE(readRecentPrograms(), QStringList{"C:\\Gr\u00f6\u00dfe\\\u00dcbung \u20ac.hdev"});
+        // A file in another encoding is misread.
+        settings.write("RecentPrograms=\xc3\xbc.hdev\r\n");
+        QCOMPARE(readRecentPrograms(), QStringList{"\u00c3\u00bc.hdev"});
+    }
+
+    void fileThatNobodyElseMayRead()
+    {
+        const HDevelopSettings settings;
+        settings.writePrograms({"a", "b"});
+        const LogLines log;
+        {
+            const WindowsHandle locked(CreateFileW(wide(QDir::toNativeSeparators(settings.file())),
+                                                   GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                                                   FILE_ATTRIBUTE_NORMAL, nullptr));
+            QVERIFY(locked);
+            QCOMPARE(readRecentPrograms(), QStringList{""});
+        }
+        QCOMPARE(readRecentPrograms(), (QStringList{"a", "b"}));
+        QCOMPARE(log.lines(), QStringList());
+    }
+
+    void fileThatOthersReadAndWrite()
+    {
+        const HDevelopSettings settings;
+        settings.writePrograms({"a", "b"});
+        const WindowsHandle open(CreateFileW(wide(QDir::toNativeSeparators(settings.file())),
+                                             GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                             nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+        QVERIFY(open);
+        QCOMPARE(readRecentPrograms(), (QStringList{"a", "b"}));
+    }
+
+    void directoryBeyondTheCodePage()
+    {
+        HDevelopSettings settings;
+        const QString directory = settings.path("\u691c\u67fb & Gr\u00f6\u00dfe");
+        settings.moveTo(directory);
+        settings.writePrograms({"a", "b"});
+        // Not every name can be written in the code page.
+        QCOMPARE(_wputenv_s(L"APPDATA", wide(QDir::toNativeSeparators(directory))), 0);
+        QCOMPARE(readRecentPrograms(), (QStringList{"a", "b"}));
+    }
+};
 
 QTEST_MAIN(RecentProgramsFileTest)
 

@@ -18,253 +18,238 @@ class RecentProgramsFrameTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void widgets();
-    void layouts();
-    void appearance();
-    void models();
-    void searchLineHasTheFocus();
-    void rows_data();
-    void rows();
-    void longPathsFit_data();
-    void longPathsFit();
-    void updateRecent();
-    void developersSeeTheList();
-    void failuresAreSilent();
-    void controlsHaveNames();
-    void screenReadersGetPaths();
-    void translated();
+    void widgets()
+    {
+        const RecentProgramsFrame frame;
+        // The list creates its header itself.
+        QCOMPARE(describeWidgets(frame).mid(0, 4).join('\n'),
+                 QString("RecentProgramsFrame RecentProgramsFrame Preferred/Preferred\n"
+                         "QLineEdit leSearchRecent Expanding/Fixed in horizontalLayout_2 at 0\n"
+                         "QPushButton pbOK \"OK\" Minimum/Fixed in horizontalLayout_2 at 1\n"
+                         "QTreeView treeView Expanding/Expanding in verticalLayout at 2"));
+        QCOMPARE(frame.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly).size(), 3);
+    }
+
+    void layouts()
+    {
+        const RecentProgramsFrame frame;
+        const QStyle *style = frame.style();
+        QCOMPARE(frame.layout()->contentsMargins(),
+                 QMargins(style->pixelMetric(QStyle::PM_LayoutLeftMargin, nullptr, &frame),
+                          style->pixelMetric(QStyle::PM_LayoutTopMargin, nullptr, &frame),
+                          style->pixelMetric(QStyle::PM_LayoutRightMargin, nullptr, &frame),
+                          style->pixelMetric(QStyle::PM_LayoutBottomMargin, nullptr, &frame)));
+        // Defaults of the style differ between machines.
+        frame.layout()->setContentsMargins(0, 0, 0, 0);
+        for (QLayout *layout : frame.findChildren<QLayout *>()) {
+            layout->setSpacing(0);
+        }
+        QCOMPARE(describeLayouts(*frame.layout()).join('\n'),
+                 QString("QVBoxLayout verticalLayout spacing 0 margins 0,0,0,0: "
+                         "horizontalLayout_2 | horizontalLayout_3 | treeView\n"
+                         "QHBoxLayout horizontalLayout_2 spacing 0 margins 9,9,0,0: leSearchRecent | pbOK\n"
+                         "QHBoxLayout horizontalLayout_3 spacing 0 margins 0,0,0,0: "));
+    }
+
+    void appearance()
+    {
+        const RecentProgramsFrame frame;
+        QCOMPARE(frame.size(), QSize(400, 178));
+        QCOMPARE(frame.windowTitle(), QString("Frame"));
+        QCOMPARE(searchLine(frame)->placeholderText(), QString("Search recent programs"));
+        QCOMPARE(searchLine(frame)->text(), QString());
+        const QTreeView *view = list(frame);
+        QVERIFY(!view->rootIsDecorated());
+        QVERIFY(view->uniformRowHeights());
+        QVERIFY(!view->itemsExpandable());
+        QVERIFY(!view->isSortingEnabled());
+        QCOMPARE(view->editTriggers(), QAbstractItemView::NoEditTriggers);
+        QVERIFY(qobject_cast<HtmlDelegate *>(view->itemDelegate()) != nullptr);
+        QVERIFY(!view->isHeaderHidden());
+    }
+
+    void models()
+    {
+        settings.writePrograms({"C:\\a.hdev", "C:\\b.hdev"});
+        const RecentProgramsFrame frame;
+        const QSortFilterProxyModel *shown = shownModel(frame);
+        QVERIFY(shown != nullptr);
+        QCOMPARE(shown->sortRole(), Qt::UserRole + 1);
+        QCOMPARE(shown->sortColumn(), 0);
+        QCOMPARE(shown->sortOrder(), Qt::DescendingOrder);
+        QVERIFY(settingsModel(frame) != nullptr);
+        for (const QAbstractItemModel *model : {list(frame)->model(), shown->sourceModel()}) {
+            QCOMPARE(model->columnCount(), 1);
+            QCOMPARE(model->rowCount(), 2);
+            QVERIFY(!model->hasChildren(model->index(0, 0)));
+            QCOMPARE(model->headerData(0, Qt::Horizontal).toString(), QString("Recent"));
+        }
+    }
+
+    void searchLineHasTheFocus()
+    {
+        QWidget window;
+        const RecentProgramsFrame frame(&window);
+        QCOMPARE(frame.focusWidget(), searchLine(frame));
+        QCOMPARE(window.focusWidget(), searchLine(frame));
+    }
+
+    void rows_data()
+    {
+        const auto row =
+            columns<QByteArray, QStringList, QStringList, QStringList>("contents", "paths", "texts", "keys");
+
+        row("several", "RecentPrograms=C:\\a.hdev, D:/b.hdev,\"C:\\c, d.hdev\"\r\n",
+            {"C:\\a.hdev", "D:/b.hdev", "C:\\c, d.hdev"}, {"C:\\a.hdev", "D:\\b.hdev", "C:\\c, d.hdev"},
+            {"0", "-1", "-2"});
+        row("signs", "RecentPrograms=C:\\a & <b>.hdev,C:\\%1 &amp;.hdev\r\n",
+            {"C:\\a & <b>.hdev", "C:\\%1 &amp;.hdev"},
+            {"C:\\a &amp; &lt;b&gt;.hdev", "C:\\%1 &amp;amp;.hdev"}, {"0", "-1"});
+        row("empty entries", "RecentPrograms=,a,,b\r\n", {"", "a", "", "b"}, {"", "a", "", "b"},
+            {"0", "-1", "-2", "-3"});
+        row("no line with programs", "Other=1\r\n", {""}, {""}, {"0"});
+        row("no entry", "RecentPrograms=\"\r\n", {}, {}, {});
+    }
+
+    void rows()
+    {
+        QFETCH(QByteArray, contents);
+        settings.write(contents);
+        const RecentProgramsFrame frame;
+        QTEST(shownPaths(frame), "paths");
+        QTEST(shownTexts(frame), "texts");
+        QTEST(shownKeys(frame), "keys");
+        QTEST(rowsOf(*settingsModel(frame), pathRole), "paths");
+    }
+
+    void longPathsFit_data()
+    {
+        columns<bool>("inCapitals");
+
+        row("searched for as it is", false);
+        row("searched for in capitals", true);
+    }
+
+    void longPathsFit()
+    {
+        QFETCH(bool, inCapitals);
+        const QString path = "C:/" + QString("a long directory name/").repeated(20) + "a.hdev";
+        settings.writePrograms({"C:/a.hdev", path, "C:/b.hdev"});
+        RecentProgramsFrame frame;
+        frame.show();
+        QVERIFY(eventuallyExposed(&frame));
+        const int lineHeight = list(frame)->visualRect(shownModel(frame)->index(0, 0)).height();
+
+        // The whole row matches, and bold letters are wider.
+        const QString search = QString(path).replace('/', '\\');
+        searchLine(frame)->setText(inCapitals ? search.toUpper() : search);
+
+        QTextDocument document;
+        document.setDefaultFont(list(frame)->font());
+        document.setHtml(shownTexts(frame).constFirst());
+        const QRect row = list(frame)->visualRect(shownModel(frame)->index(0, 0));
+        QVERIFY2(row.width() >= int(document.idealWidth()),
+                 qPrintable(QString("%1 < %2").arg(row.width()).arg(document.idealWidth())));
+        QCOMPARE(row.height(), lineHeight);
+        // Rows wider than the frame can be scrolled.
+        EVENTUALLY_VERIFY(list(frame)->horizontalScrollBar()->maximum() > 0);
+    }
+
+    void updateRecent()
+    {
+        settings.writePrograms({"C:\\a.hdev", "C:\\b.hdev", "C:\\c.hdev"});
+        RecentProgramsFrame frame;
+        QCOMPARE(shownModel(frame)->rowCount(), 3);
+
+        settings.writePrograms({"C:\\b.hdev", "C:\\d.hdev"});
+        frame.update_recent();
+        QCOMPARE(shownPaths(frame), (QStringList{"C:\\b.hdev", "C:\\d.hdev"}));
+        QCOMPARE(shownKeys(frame), (QStringList{"0", "-1"}));
+        QVERIFY(!shownModel(frame)->index(1, 0).flags().testFlag(Qt::ItemIsEditable));
+
+        QVERIFY(QFile::remove(settings.file()));
+        frame.update_recent();
+        QCOMPARE(shownModel(frame)->rowCount(), 0);
+        QCOMPARE(settingsModel(frame)->rowCount(), 0);
+        // Nothing to mark, no crash.
+        searchLine(frame)->setText("hdev");
+        QCOMPARE(shownModel(frame)->rowCount(), 0);
+
+        // The search is that of the search line.
+        settings.writePrograms({"C:\\a.txt", "C:\\a.hdev", "C:\\hdev\\a.hdev"});
+        frame.update_recent();
+        const QString match = "<b><font color='red'>hdev</font></b>";
+        QCOMPARE(shownTexts(frame),
+                 (QStringList{"C:\\" + match + "\\a." + match, "C:\\a." + match, "C:\\a.txt"}));
+        QCOMPARE(shownKeys(frame), (QStringList{"4", "2", "0"}));
+        QCOMPARE(shownModel(frame)->headerData(0, Qt::Horizontal).toString(), QString("Recent"));
+    }
+
+    void developersSeeTheList()
+    {
+        settings.writePrograms({"C:/first.hdev", "C:/second.hdev"});
+        const LogLines log;
+        QTest::ignoreMessage(QtDebugMsg, QRegularExpression("first\\.hdev.*second\\.hdev"));
+        RecentProgramsFrame frame;
+
+        settings.writePrograms({"C:/third.hdev"});
+        QTest::ignoreMessage(QtDebugMsg, QRegularExpression("third\\.hdev"));
+        frame.update_recent();
+
+        // Only in the message channel.
+        QCOMPARE(log.lines(), QStringList());
+    }
+
+    void failuresAreSilent()
+    {
+        const LogLines log;
+        const CaughtMessages messages;
+        qunsetenv("APPDATA");
+        RecentProgramsFrame frame;
+        QCOMPARE(shownModel(frame)->rowCount(), 0);
+        QCOMPARE(shownModel(frame)->headerData(0, Qt::Horizontal).toString(), QString("Recent"));
+        searchLine(frame)->setText("a");
+        frame.update_recent();
+        QCOMPARE(shownModel(frame)->rowCount(), 0);
+        settings.moveTo(settings.path(""));
+        QCOMPARE(log.lines(), QStringList());
+        QCOMPARE(messages.warnings(), QStringList());
+    }
+
+    void controlsHaveNames()
+    {
+        RecentProgramsFrame frame;
+        frame.show();
+        QCOMPARE(accessibleControls(frame).join(", "),
+                 QString("Search recent programs, OK, Recent programs"));
+    }
+
+    void screenReadersGetPaths()
+    {
+        settings.writePrograms({"C:\\a & b.hdev", "D:\\c.hdev"});
+        RecentProgramsFrame frame;
+        frame.show();
+        searchLine(frame)->setText("HDEV");
+        QVERIFY(shownTexts(frame).first().contains("<b>"));
+        QAccessibleInterface *table = QAccessible::queryAccessibleInterface(list(frame));
+        QStringList spoken;
+        for (int row = 0; row < 2; ++row) {
+            spoken.append(table->tableInterface()->cellAt(row, 0)->text(QAccessible::Name));
+        }
+        QCOMPARE(spoken, (QStringList{"C:\\a & b.hdev", "D:\\c.hdev"}));
+    }
+
+    void translated()
+    {
+        const MarkingTranslator translator;
+        const RecentProgramsFrame frame;
+        QCOMPARE(shownModel(frame)->headerData(0, Qt::Horizontal).toString(), QString("[Recent]"));
+        QCOMPARE(searchLine(frame)->placeholderText(), QString("[Search recent programs]"));
+    }
 
 private:
     HDevelopSettings settings;
 };
-
-void RecentProgramsFrameTest::widgets()
-{
-    const RecentProgramsFrame frame;
-    // The list creates its header itself.
-    QCOMPARE(describeWidgets(frame).mid(0, 4).join('\n'),
-             QString("RecentProgramsFrame RecentProgramsFrame Preferred/Preferred\n"
-                     "QLineEdit leSearchRecent Expanding/Fixed in horizontalLayout_2 at 0\n"
-                     "QPushButton pbOK \"OK\" Minimum/Fixed in horizontalLayout_2 at 1\n"
-                     "QTreeView treeView Expanding/Expanding in verticalLayout at 2"));
-    QCOMPARE(frame.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly).size(), 3);
-}
-
-void RecentProgramsFrameTest::layouts()
-{
-    const RecentProgramsFrame frame;
-    const QStyle *style = frame.style();
-    QCOMPARE(frame.layout()->contentsMargins(),
-             QMargins(style->pixelMetric(QStyle::PM_LayoutLeftMargin, nullptr, &frame),
-                      style->pixelMetric(QStyle::PM_LayoutTopMargin, nullptr, &frame),
-                      style->pixelMetric(QStyle::PM_LayoutRightMargin, nullptr, &frame),
-                      style->pixelMetric(QStyle::PM_LayoutBottomMargin, nullptr, &frame)));
-    // Defaults of the style differ between machines.
-    frame.layout()->setContentsMargins(0, 0, 0, 0);
-    for (QLayout *layout : frame.findChildren<QLayout *>()) {
-        layout->setSpacing(0);
-    }
-    QCOMPARE(describeLayouts(*frame.layout()).join('\n'),
-             QString("QVBoxLayout verticalLayout spacing 0 margins 0,0,0,0: "
-                     "horizontalLayout_2 | horizontalLayout_3 | treeView\n"
-                     "QHBoxLayout horizontalLayout_2 spacing 0 margins 9,9,0,0: leSearchRecent | pbOK\n"
-                     "QHBoxLayout horizontalLayout_3 spacing 0 margins 0,0,0,0: "));
-}
-
-void RecentProgramsFrameTest::appearance()
-{
-    const RecentProgramsFrame frame;
-    QCOMPARE(frame.size(), QSize(400, 178));
-    QCOMPARE(frame.windowTitle(), QString("Frame"));
-    QCOMPARE(searchLine(frame)->placeholderText(), QString("Search recent programs"));
-    QCOMPARE(searchLine(frame)->text(), QString());
-    const QTreeView *view = list(frame);
-    QVERIFY(!view->rootIsDecorated());
-    QVERIFY(view->uniformRowHeights());
-    QVERIFY(!view->itemsExpandable());
-    QVERIFY(!view->isSortingEnabled());
-    QCOMPARE(view->editTriggers(), QAbstractItemView::NoEditTriggers);
-    QVERIFY(qobject_cast<HtmlDelegate *>(view->itemDelegate()) != nullptr);
-    QVERIFY(!view->isHeaderHidden());
-}
-
-void RecentProgramsFrameTest::models()
-{
-    settings.writePrograms({"C:\\a.hdev", "C:\\b.hdev"});
-    const RecentProgramsFrame frame;
-    const QSortFilterProxyModel *shown = shownModel(frame);
-    QVERIFY(shown != nullptr);
-    QCOMPARE(shown->sortRole(), Qt::UserRole + 1);
-    QCOMPARE(shown->sortColumn(), 0);
-    QCOMPARE(shown->sortOrder(), Qt::DescendingOrder);
-    QVERIFY(settingsModel(frame) != nullptr);
-    for (const QAbstractItemModel *model : {list(frame)->model(), shown->sourceModel()}) {
-        QCOMPARE(model->columnCount(), 1);
-        QCOMPARE(model->rowCount(), 2);
-        QVERIFY(!model->hasChildren(model->index(0, 0)));
-        QCOMPARE(model->headerData(0, Qt::Horizontal).toString(), QString("Recent"));
-    }
-}
-
-void RecentProgramsFrameTest::searchLineHasTheFocus()
-{
-    QWidget window;
-    const RecentProgramsFrame frame(&window);
-    QCOMPARE(frame.focusWidget(), searchLine(frame));
-    QCOMPARE(window.focusWidget(), searchLine(frame));
-}
-
-void RecentProgramsFrameTest::rows_data()
-{
-    const auto row =
-        columns<QByteArray, QStringList, QStringList, QStringList>("contents", "paths", "texts", "keys");
-
-    row("several", "RecentPrograms=C:\\a.hdev, D:/b.hdev,\"C:\\c, d.hdev\"\r\n",
-        {"C:\\a.hdev", "D:/b.hdev", "C:\\c, d.hdev"}, {"C:\\a.hdev", "D:\\b.hdev", "C:\\c, d.hdev"},
-        {"0", "-1", "-2"});
-    row("signs", "RecentPrograms=C:\\a & <b>.hdev,C:\\%1 &amp;.hdev\r\n",
-        {"C:\\a & <b>.hdev", "C:\\%1 &amp;.hdev"}, {"C:\\a &amp; &lt;b&gt;.hdev", "C:\\%1 &amp;amp;.hdev"},
-        {"0", "-1"});
-    row("empty entries", "RecentPrograms=,a,,b\r\n", {"", "a", "", "b"}, {"", "a", "", "b"},
-        {"0", "-1", "-2", "-3"});
-    row("no line with programs", "Other=1\r\n", {""}, {""}, {"0"});
-    row("no entry", "RecentPrograms=\"\r\n", {}, {}, {});
-}
-
-void RecentProgramsFrameTest::rows()
-{
-    QFETCH(QByteArray, contents);
-    settings.write(contents);
-    const RecentProgramsFrame frame;
-    QTEST(shownPaths(frame), "paths");
-    QTEST(shownTexts(frame), "texts");
-    QTEST(shownKeys(frame), "keys");
-    QTEST(rowsOf(*settingsModel(frame), pathRole), "paths");
-}
-
-void RecentProgramsFrameTest::longPathsFit_data()
-{
-    columns<bool>("inCapitals");
-
-    row("searched for as it is", false);
-    row("searched for in capitals", true);
-}
-
-void RecentProgramsFrameTest::longPathsFit()
-{
-    QFETCH(bool, inCapitals);
-    const QString path = "C:/" + QString("a long directory name/").repeated(20) + "a.hdev";
-    settings.writePrograms({"C:/a.hdev", path, "C:/b.hdev"});
-    RecentProgramsFrame frame;
-    frame.show();
-    QVERIFY(eventuallyExposed(&frame));
-    const int lineHeight = list(frame)->visualRect(shownModel(frame)->index(0, 0)).height();
-
-    // The whole row matches, and bold letters are wider.
-    const QString search = QString(path).replace('/', '\\');
-    searchLine(frame)->setText(inCapitals ? search.toUpper() : search);
-
-    QTextDocument document;
-    document.setDefaultFont(list(frame)->font());
-    document.setHtml(shownTexts(frame).constFirst());
-    const QRect row = list(frame)->visualRect(shownModel(frame)->index(0, 0));
-    QVERIFY2(row.width() >= int(document.idealWidth()),
-             qPrintable(QString("%1 < %2").arg(row.width()).arg(document.idealWidth())));
-    QCOMPARE(row.height(), lineHeight);
-    // Rows wider than the frame can be scrolled.
-    EVENTUALLY_VERIFY(list(frame)->horizontalScrollBar()->maximum() > 0);
-}
-
-void RecentProgramsFrameTest::updateRecent()
-{
-    settings.writePrograms({"C:\\a.hdev", "C:\\b.hdev", "C:\\c.hdev"});
-    RecentProgramsFrame frame;
-    QCOMPARE(shownModel(frame)->rowCount(), 3);
-
-    settings.writePrograms({"C:\\b.hdev", "C:\\d.hdev"});
-    frame.update_recent();
-    QCOMPARE(shownPaths(frame), (QStringList{"C:\\b.hdev", "C:\\d.hdev"}));
-    QCOMPARE(shownKeys(frame), (QStringList{"0", "-1"}));
-    QVERIFY(!shownModel(frame)->index(1, 0).flags().testFlag(Qt::ItemIsEditable));
-
-    QVERIFY(QFile::remove(settings.file()));
-    frame.update_recent();
-    QCOMPARE(shownModel(frame)->rowCount(), 0);
-    QCOMPARE(settingsModel(frame)->rowCount(), 0);
-    // Nothing to mark, no crash.
-    searchLine(frame)->setText("hdev");
-    QCOMPARE(shownModel(frame)->rowCount(), 0);
-
-    // The search is that of the search line.
-    settings.writePrograms({"C:\\a.txt", "C:\\a.hdev", "C:\\hdev\\a.hdev"});
-    frame.update_recent();
-    const QString match = "<b><font color='red'>hdev</font></b>";
-    QCOMPARE(shownTexts(frame),
-             (QStringList{"C:\\" + match + "\\a." + match, "C:\\a." + match, "C:\\a.txt"}));
-    QCOMPARE(shownKeys(frame), (QStringList{"4", "2", "0"}));
-    QCOMPARE(shownModel(frame)->headerData(0, Qt::Horizontal).toString(), QString("Recent"));
-}
-
-void RecentProgramsFrameTest::developersSeeTheList()
-{
-    settings.writePrograms({"C:/first.hdev", "C:/second.hdev"});
-    const LogLines log;
-    QTest::ignoreMessage(QtDebugMsg, QRegularExpression("first\\.hdev.*second\\.hdev"));
-    RecentProgramsFrame frame;
-
-    settings.writePrograms({"C:/third.hdev"});
-    QTest::ignoreMessage(QtDebugMsg, QRegularExpression("third\\.hdev"));
-    frame.update_recent();
-
-    // Only in the message channel.
-    QCOMPARE(log.lines(), QStringList());
-}
-
-void RecentProgramsFrameTest::failuresAreSilent()
-{
-    const LogLines log;
-    const CaughtMessages messages;
-    qunsetenv("APPDATA");
-    RecentProgramsFrame frame;
-    QCOMPARE(shownModel(frame)->rowCount(), 0);
-    QCOMPARE(shownModel(frame)->headerData(0, Qt::Horizontal).toString(), QString("Recent"));
-    searchLine(frame)->setText("a");
-    frame.update_recent();
-    QCOMPARE(shownModel(frame)->rowCount(), 0);
-    settings.moveTo(settings.path(""));
-    QCOMPARE(log.lines(), QStringList());
-    QCOMPARE(messages.warnings(), QStringList());
-}
-
-void RecentProgramsFrameTest::controlsHaveNames()
-{
-    RecentProgramsFrame frame;
-    frame.show();
-    QCOMPARE(accessibleControls(frame).join(", "), QString("Search recent programs, OK, Recent programs"));
-}
-
-void RecentProgramsFrameTest::screenReadersGetPaths()
-{
-    settings.writePrograms({"C:\\a & b.hdev", "D:\\c.hdev"});
-    RecentProgramsFrame frame;
-    frame.show();
-    searchLine(frame)->setText("HDEV");
-    QVERIFY(shownTexts(frame).first().contains("<b>"));
-    QAccessibleInterface *table = QAccessible::queryAccessibleInterface(list(frame));
-    QStringList spoken;
-    for (int row = 0; row < 2; ++row) {
-        spoken.append(table->tableInterface()->cellAt(row, 0)->text(QAccessible::Name));
-    }
-    QCOMPARE(spoken, (QStringList{"C:\\a & b.hdev", "D:\\c.hdev"}));
-}
-
-void RecentProgramsFrameTest::translated()
-{
-    const MarkingTranslator translator;
-    const RecentProgramsFrame frame;
-    QCOMPARE(shownModel(frame)->headerData(0, Qt::Horizontal).toString(), QString("[Recent]"));
-    QCOMPARE(searchLine(frame)->placeholderText(), QString("[Search recent programs]"));
-}
 
 QTEST_MAIN(RecentProgramsFrameTest)
 

@@ -31,22 +31,243 @@ class RecentProgramsKeysTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
-    void keysThatLeadToTheList_data();
-    void keysThatLeadToTheList();
-    void keysThatTheSearchLineKeeps_data();
-    void keysThatTheSearchLineKeeps();
-    void keysThatTheButtonKeeps_data();
-    void keysThatTheButtonKeeps();
-    void keysThatMoveInTheList_data();
-    void keysThatMoveInTheList();
-    void keysThatLeadOutOfTheList_data();
-    void keysThatLeadOutOfTheList();
-    void typingGoesOnInTheSearchLine();
-    void otherEventsPass();
-    void escapeHidesTheFrame_data();
-    void escapeHidesTheFrame();
+    void init()
+    {
+        QStringList paths;
+        for (int i = 0; i < 100; ++i) {
+            paths.append(QString("C:/inspection %1.hdev").arg(i));
+        }
+        settings.writePrograms(paths);
+        window.reset(new QWidget);
+        window->resize(500, 300);
+        frame = new RecentProgramsFrame(window.data());
+        window->show();
+        QVERIFY(eventuallyActive(window.data()));
+        QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
+    }
+
+    void cleanup() { window.reset(); }
+
+    void keysThatLeadToTheList_data()
+    {
+        columns<QString, int, Qt::KeyboardModifiers, int, int>("from", "key", "modifiers", "before", "after");
+
+        for (const char *from : {"leSearchRecent", "pbOK"}) {
+            const auto row = [&](const char *name, int key,
+                                 Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+                QTest::addRow("%s, %s", from, name) << from << key << modifiers << 40 << 40;
+                // A list without a current row makes the first one current when it gets the focus.
+                QTest::addRow("%s, %s, no current row", from, name) << from << key << modifiers << -1 << 0;
+            };
+            row("Up", Qt::Key_Up);
+            row("Down", Qt::Key_Down);
+            row("Page Up", Qt::Key_PageUp);
+            row("Page Down", Qt::Key_PageDown);
+            row("Shift+Down", Qt::Key_Down, Qt::ShiftModifier);
+            row("Down on the number pad", Qt::Key_Down, Qt::KeypadModifier);
+        }
+    }
+
+    void keysThatLeadToTheList()
+    {
+        QFETCH(QString, from);
+        QFETCH(int, key);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        QFETCH(int, before);
+        searchLine(*frame)->setText("inspection");
+        if (before >= 0) {
+            setCurrentRow(before);
+        }
+        frame->findChild<QWidget *>(from)->setFocus();
+        const FocusReasons focus(*list(*frame));
+
+        press(key, modifiers);
+
+        QCOMPARE(QApplication::focusWidget(), list(*frame));
+        QCOMPARE(focus.reasons, QList<Qt::FocusReason>{Qt::OtherFocusReason});
+        QTEST(currentRow(), "after");
+        QCOMPARE(searchLine(*frame)->text(), QString("inspection"));
+    }
+
+    void keysThatTheSearchLineKeeps_data()
+    {
+        columns<int, QString, int>("key", "text", "cursor");
+
+        row("Home", int(Qt::Key_Home), "hdev", 0);
+        row("End", int(Qt::Key_End), "hdev", 4);
+        row("Left", int(Qt::Key_Left), "hdev", 1);
+        row("letter", int(Qt::Key_X), "hdxev", 3);
+        row("Return", int(Qt::Key_Return), "hdev", 2);
+    }
+
+    void keysThatTheSearchLineKeeps()
+    {
+        QFETCH(int, key);
+        searchLine(*frame)->setText("hdev");
+        searchLine(*frame)->setCursorPosition(2);
+        setCurrentRow(40);
+
+        press(key);
+
+        QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
+        QTEST(searchLine(*frame)->text(), "text");
+        QTEST(searchLine(*frame)->cursorPosition(), "cursor");
+        QCOMPARE(list(*frame)->currentIndex().data(pathRole).toString(), QString("C:/inspection 40.hdev"));
+        QVERIFY(frame->isVisible());
+    }
+
+    void keysThatTheButtonKeeps_data()
+    {
+        columns<int, int>("key", "clicks");
+
+        row("Home", int(Qt::Key_Home), 0);
+        row("letter", int(Qt::Key_X), 0);
+        row("space", int(Qt::Key_Space), 1);
+    }
+
+    void keysThatTheButtonKeeps()
+    {
+        QFETCH(int, key);
+        setCurrentRow(40);
+        okButton(*frame)->setFocus();
+        const QSignalSpy clicked(okButton(*frame), &QPushButton::clicked);
+
+        press(key);
+
+        QCOMPARE(QApplication::focusWidget(), okButton(*frame));
+        QTEST(int(clicked.size()), "clicks");
+        QCOMPARE(searchLine(*frame)->text(), QString());
+        QCOMPARE(currentRow(), 40);
+        QVERIFY(frame->isVisible());
+    }
+
+    void keysThatMoveInTheList_data()
+    {
+        columns<int, int, int>("key", "lowest", "highest");
+
+        // How many rows a page has differs between machines.
+        row("Up", int(Qt::Key_Up), 39, 39);
+        row("Down", int(Qt::Key_Down), 41, 41);
+        row("Home", int(Qt::Key_Home), 0, 0);
+        row("End", int(Qt::Key_End), 99, 99);
+        row("Page Up", int(Qt::Key_PageUp), 20, 38);
+        row("Page Down", int(Qt::Key_PageDown), 42, 60);
+    }
+
+    void keysThatMoveInTheList()
+    {
+        QFETCH(int, key);
+        QFETCH(int, lowest);
+        QFETCH(int, highest);
+        setCurrentRow(40);
+        list(*frame)->setFocus();
+
+        press(key);
+
+        QCOMPARE(QApplication::focusWidget(), list(*frame));
+        QVERIFY2(currentRow() >= lowest && currentRow() <= highest,
+                 qPrintable(QString("row %1").arg(currentRow())));
+    }
+
+    void keysThatLeadOutOfTheList_data()
+    {
+        columns<int, Qt::KeyboardModifiers>("key", "modifiers");
+
+        const auto row = [](const char *name, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+            ::row(name, key, modifiers);
+        };
+        row("letter", Qt::Key_I);
+        row("space", Qt::Key_Space);
+        row("Enter", Qt::Key_Enter, Qt::KeypadModifier);
+        row("Escape", Qt::Key_Escape);
+        row("Tab", Qt::Key_Tab);
+        row("Left", Qt::Key_Left);
+        row("Backspace", Qt::Key_Backspace);
+        row("Shift", Qt::Key_Shift);
+        row("Alt", Qt::Key_Alt);
+    }
+
+    void keysThatLeadOutOfTheList()
+    {
+        QFETCH(int, key);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        searchLine(*frame)->setText("hdev");
+        setCurrentRow(40);
+        list(*frame)->setFocus();
+        const FocusReasons focus(*searchLine(*frame));
+
+        press(key, modifiers);
+
+        QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
+        QCOMPARE(focus.reasons, QList<Qt::FocusReason>{Qt::OtherFocusReason});
+        // Deliberate: the key itself is lost.
+        QCOMPARE(searchLine(*frame)->text(), QString("hdev"));
+        QCOMPARE(searchLine(*frame)->selectedText(), QString());
+        QCOMPARE(currentRow(), 40);
+        QCOMPARE(list(*frame)->selectionModel()->selectedRows().size(), 1);
+        QVERIFY(frame->isVisible());
+    }
+
+    void typingGoesOnInTheSearchLine()
+    {
+        press(Qt::Key_Down);
+        press(Qt::Key_Down);
+        press(Qt::Key_Down);
+        QCOMPARE(currentRow(), 2);
+
+        // The first letter only moves the focus there.
+        press(Qt::Key_H);
+        press(Qt::Key_9);
+        press(Qt::Key_7);
+
+        QCOMPARE(searchLine(*frame)->text(), QString("97"));
+        QCOMPARE(shownPaths(*frame).constFirst(), QString("C:/inspection 97.hdev"));
+    }
+
+    void otherEventsPass()
+    {
+        // A key may be released in another widget than it was pressed in.
+        list(*frame)->setFocus();
+        QTest::keyRelease(window->windowHandle(), Qt::Key_A);
+        QCOMPARE(QApplication::focusWidget(), list(*frame));
+        searchLine(*frame)->setFocus();
+        QTest::keyRelease(window->windowHandle(), Qt::Key_Down);
+        QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
+
+        const QRect thirdRow = list(*frame)->visualRect(shownModel(*frame)->index(2, 0));
+        QTest::mouseClick(list(*frame)->viewport(), Qt::LeftButton, Qt::NoModifier, thirdRow.center());
+        QCOMPARE(QApplication::focusWidget(), list(*frame));
+        QCOMPARE(currentRow(), 2);
+        QTest::mouseClick(searchLine(*frame), Qt::LeftButton);
+        QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
+
+        // From widget to widget, as everywhere.
+        press(Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), okButton(*frame));
+        press(Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), list(*frame));
+    }
+
+    void escapeHidesTheFrame_data()
+    {
+        columns<QString>("from");
+
+        row("search line", "leSearchRecent");
+        row("button", "pbOK");
+    }
+
+    void escapeHidesTheFrame()
+    {
+        QFETCH(QString, from);
+        searchLine(*frame)->setText("hdev");
+        frame->findChild<QWidget *>(from)->setFocus();
+
+        press(Qt::Key_Escape);
+
+        QVERIFY(!frame->isVisible());
+        QVERIFY(window->isVisible());
+        QCOMPARE(searchLine(*frame)->text(), QString("hdev"));
+    }
 
 private:
     /// Presses and releases a key as the window system does.
@@ -61,246 +282,6 @@ private:
     QScopedPointer<QWidget> window;
     RecentProgramsFrame *frame = nullptr;
 };
-
-void RecentProgramsKeysTest::init()
-{
-    QStringList paths;
-    for (int i = 0; i < 100; ++i) {
-        paths.append(QString("C:/inspection %1.hdev").arg(i));
-    }
-    settings.writePrograms(paths);
-    window.reset(new QWidget);
-    window->resize(500, 300);
-    frame = new RecentProgramsFrame(window.data());
-    window->show();
-    QVERIFY(eventuallyActive(window.data()));
-    QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
-}
-
-void RecentProgramsKeysTest::cleanup()
-{
-    window.reset();
-}
-
-void RecentProgramsKeysTest::keysThatLeadToTheList_data()
-{
-    columns<QString, int, Qt::KeyboardModifiers, int, int>("from", "key", "modifiers", "before", "after");
-
-    for (const char *from : {"leSearchRecent", "pbOK"}) {
-        const auto row = [&](const char *name, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-            QTest::addRow("%s, %s", from, name) << from << key << modifiers << 40 << 40;
-            // A list without a current row makes the first one current when it gets the focus.
-            QTest::addRow("%s, %s, no current row", from, name) << from << key << modifiers << -1 << 0;
-        };
-        row("Up", Qt::Key_Up);
-        row("Down", Qt::Key_Down);
-        row("Page Up", Qt::Key_PageUp);
-        row("Page Down", Qt::Key_PageDown);
-        row("Shift+Down", Qt::Key_Down, Qt::ShiftModifier);
-        row("Down on the number pad", Qt::Key_Down, Qt::KeypadModifier);
-    }
-}
-
-void RecentProgramsKeysTest::keysThatLeadToTheList()
-{
-    QFETCH(QString, from);
-    QFETCH(int, key);
-    QFETCH(Qt::KeyboardModifiers, modifiers);
-    QFETCH(int, before);
-    searchLine(*frame)->setText("inspection");
-    if (before >= 0) {
-        setCurrentRow(before);
-    }
-    frame->findChild<QWidget *>(from)->setFocus();
-    const FocusReasons focus(*list(*frame));
-
-    press(key, modifiers);
-
-    QCOMPARE(QApplication::focusWidget(), list(*frame));
-    QCOMPARE(focus.reasons, QList<Qt::FocusReason>{Qt::OtherFocusReason});
-    QTEST(currentRow(), "after");
-    QCOMPARE(searchLine(*frame)->text(), QString("inspection"));
-}
-
-void RecentProgramsKeysTest::keysThatTheSearchLineKeeps_data()
-{
-    columns<int, QString, int>("key", "text", "cursor");
-
-    row("Home", int(Qt::Key_Home), "hdev", 0);
-    row("End", int(Qt::Key_End), "hdev", 4);
-    row("Left", int(Qt::Key_Left), "hdev", 1);
-    row("letter", int(Qt::Key_X), "hdxev", 3);
-    row("Return", int(Qt::Key_Return), "hdev", 2);
-}
-
-void RecentProgramsKeysTest::keysThatTheSearchLineKeeps()
-{
-    QFETCH(int, key);
-    searchLine(*frame)->setText("hdev");
-    searchLine(*frame)->setCursorPosition(2);
-    setCurrentRow(40);
-
-    press(key);
-
-    QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
-    QTEST(searchLine(*frame)->text(), "text");
-    QTEST(searchLine(*frame)->cursorPosition(), "cursor");
-    QCOMPARE(list(*frame)->currentIndex().data(pathRole).toString(), QString("C:/inspection 40.hdev"));
-    QVERIFY(frame->isVisible());
-}
-
-void RecentProgramsKeysTest::keysThatTheButtonKeeps_data()
-{
-    columns<int, int>("key", "clicks");
-
-    row("Home", int(Qt::Key_Home), 0);
-    row("letter", int(Qt::Key_X), 0);
-    row("space", int(Qt::Key_Space), 1);
-}
-
-void RecentProgramsKeysTest::keysThatTheButtonKeeps()
-{
-    QFETCH(int, key);
-    setCurrentRow(40);
-    okButton(*frame)->setFocus();
-    const QSignalSpy clicked(okButton(*frame), &QPushButton::clicked);
-
-    press(key);
-
-    QCOMPARE(QApplication::focusWidget(), okButton(*frame));
-    QTEST(int(clicked.size()), "clicks");
-    QCOMPARE(searchLine(*frame)->text(), QString());
-    QCOMPARE(currentRow(), 40);
-    QVERIFY(frame->isVisible());
-}
-
-void RecentProgramsKeysTest::keysThatMoveInTheList_data()
-{
-    columns<int, int, int>("key", "lowest", "highest");
-
-    // How many rows a page has differs between machines.
-    row("Up", int(Qt::Key_Up), 39, 39);
-    row("Down", int(Qt::Key_Down), 41, 41);
-    row("Home", int(Qt::Key_Home), 0, 0);
-    row("End", int(Qt::Key_End), 99, 99);
-    row("Page Up", int(Qt::Key_PageUp), 20, 38);
-    row("Page Down", int(Qt::Key_PageDown), 42, 60);
-}
-
-void RecentProgramsKeysTest::keysThatMoveInTheList()
-{
-    QFETCH(int, key);
-    QFETCH(int, lowest);
-    QFETCH(int, highest);
-    setCurrentRow(40);
-    list(*frame)->setFocus();
-
-    press(key);
-
-    QCOMPARE(QApplication::focusWidget(), list(*frame));
-    QVERIFY2(currentRow() >= lowest && currentRow() <= highest,
-             qPrintable(QString("row %1").arg(currentRow())));
-}
-
-void RecentProgramsKeysTest::keysThatLeadOutOfTheList_data()
-{
-    columns<int, Qt::KeyboardModifiers>("key", "modifiers");
-
-    const auto row = [](const char *name, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        ::row(name, key, modifiers);
-    };
-    row("letter", Qt::Key_I);
-    row("space", Qt::Key_Space);
-    row("Enter", Qt::Key_Enter, Qt::KeypadModifier);
-    row("Escape", Qt::Key_Escape);
-    row("Tab", Qt::Key_Tab);
-    row("Left", Qt::Key_Left);
-    row("Backspace", Qt::Key_Backspace);
-    row("Shift", Qt::Key_Shift);
-    row("Alt", Qt::Key_Alt);
-}
-
-void RecentProgramsKeysTest::keysThatLeadOutOfTheList()
-{
-    QFETCH(int, key);
-    QFETCH(Qt::KeyboardModifiers, modifiers);
-    searchLine(*frame)->setText("hdev");
-    setCurrentRow(40);
-    list(*frame)->setFocus();
-    const FocusReasons focus(*searchLine(*frame));
-
-    press(key, modifiers);
-
-    QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
-    QCOMPARE(focus.reasons, QList<Qt::FocusReason>{Qt::OtherFocusReason});
-    // Deliberate: the key itself is lost.
-    QCOMPARE(searchLine(*frame)->text(), QString("hdev"));
-    QCOMPARE(searchLine(*frame)->selectedText(), QString());
-    QCOMPARE(currentRow(), 40);
-    QCOMPARE(list(*frame)->selectionModel()->selectedRows().size(), 1);
-    QVERIFY(frame->isVisible());
-}
-
-void RecentProgramsKeysTest::typingGoesOnInTheSearchLine()
-{
-    press(Qt::Key_Down);
-    press(Qt::Key_Down);
-    press(Qt::Key_Down);
-    QCOMPARE(currentRow(), 2);
-
-    // The first letter only moves the focus there.
-    press(Qt::Key_H);
-    press(Qt::Key_9);
-    press(Qt::Key_7);
-
-    QCOMPARE(searchLine(*frame)->text(), QString("97"));
-    QCOMPARE(shownPaths(*frame).constFirst(), QString("C:/inspection 97.hdev"));
-}
-
-void RecentProgramsKeysTest::otherEventsPass()
-{
-    // A key may be released in another widget than it was pressed in.
-    list(*frame)->setFocus();
-    QTest::keyRelease(window->windowHandle(), Qt::Key_A);
-    QCOMPARE(QApplication::focusWidget(), list(*frame));
-    searchLine(*frame)->setFocus();
-    QTest::keyRelease(window->windowHandle(), Qt::Key_Down);
-    QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
-
-    const QRect thirdRow = list(*frame)->visualRect(shownModel(*frame)->index(2, 0));
-    QTest::mouseClick(list(*frame)->viewport(), Qt::LeftButton, Qt::NoModifier, thirdRow.center());
-    QCOMPARE(QApplication::focusWidget(), list(*frame));
-    QCOMPARE(currentRow(), 2);
-    QTest::mouseClick(searchLine(*frame), Qt::LeftButton);
-    QCOMPARE(QApplication::focusWidget(), searchLine(*frame));
-
-    // From widget to widget, as everywhere.
-    press(Qt::Key_Tab);
-    QCOMPARE(QApplication::focusWidget(), okButton(*frame));
-    press(Qt::Key_Tab);
-    QCOMPARE(QApplication::focusWidget(), list(*frame));
-}
-
-void RecentProgramsKeysTest::escapeHidesTheFrame_data()
-{
-    columns<QString>("from");
-
-    row("search line", "leSearchRecent");
-    row("button", "pbOK");
-}
-
-void RecentProgramsKeysTest::escapeHidesTheFrame()
-{
-    QFETCH(QString, from);
-    searchLine(*frame)->setText("hdev");
-    frame->findChild<QWidget *>(from)->setFocus();
-
-    press(Qt::Key_Escape);
-
-    QVERIFY(!frame->isVisible());
-    QVERIFY(window->isVisible());
-    QCOMPARE(searchLine(*frame)->text(), QString("hdev"));
-}
 
 QTEST_MAIN(RecentProgramsKeysTest)
 

@@ -56,130 +56,125 @@ class RecentProgramsModelsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void initTestCase()
+    {
+        // So that the signals can be recorded.
+        qRegisterMetaType<QList<QPersistentModelIndex>>();
+        qRegisterMetaType<QAbstractItemModel::LayoutChangeHint>();
+    }
+
     void init() { messages.reset(new CaughtMessages); }
     void cleanup() { messages.reset(); }
-    void consistent();
+
+    void consistent()
+    {
+        using Tester = QAbstractItemModelTester;
+        settings.writePrograms({"c.txt", "b.hdev", "hdev.hdev"});
+        RecentProgramsFrame frame;
+        const Tester shown(shownModel(frame), Tester::FailureReportingMode::QtTest);
+        const Tester source(settingsModel(frame), Tester::FailureReportingMode::QtTest);
+        frame.show();
+
+        for (const char *search : {"hdev", "HDEV", "txt", "", "&", "c"}) {
+            searchLine(frame)->setText(search);
+        }
+        for (const int number : {100, 1, 0, 20}) {
+            settings.writePrograms(manyPaths(number));
+            frame.update_recent();
+            searchLine(frame)->setText("hdev");
+            searchLine(frame)->clear();
+            searchLine(frame)->setText("1");
+        }
+        QVERIFY(QFile::remove(settings.file()));
+        frame.update_recent();
+        searchLine(frame)->setText("2");
+        settings.write("RecentPrograms=\"\r\n");
+        frame.update_recent();
+        searchLine(frame)->clear();
+        QCOMPARE(shownModel(frame)->rowCount(), 0);
+        settings.writePrograms({"a", "b"});
+        frame.update_recent();
+        QCOMPARE(shownPaths(frame), (QStringList{"a", "b"}));
+    }
+
     void orderedOncePerKeystroke_data() { numbersOfPrograms(); }
-    void orderedOncePerKeystroke();
+
+    void orderedOncePerKeystroke()
+    {
+        QFETCH(int, number);
+        settings.writePrograms(manyPaths(number));
+        RecentProgramsFrame frame;
+        frame.show();
+        ModelChanges shown(*shownModel(frame));
+        ModelChanges source(*settingsModel(frame));
+
+        for (const char key : {'h', 'd', 'x', '\b', '\b', '\b'}) {
+            key == '\b' ? QTest::keyClick(searchLine(frame), Qt::Key_Backspace)
+                        : QTest::keyClick(searchLine(frame), key);
+            QCOMPARE(shown.take(), (QList<int>{1, 1, 0, 0, 0, 0}));
+            QCOMPARE(source.take(), (QList<int>{1, 0, 0, 0, 0, 0}));
+        }
+        QCOMPARE(searchLine(frame)->text(), QString());
+        QVERIFY(!shownModel(frame)->dynamicSortFilter());
+    }
+
     void orderedOncePerUpdate_data() { numbersOfPrograms(); }
-    void orderedOncePerUpdate();
-    void manyPrograms();
+
+    void orderedOncePerUpdate()
+    {
+        QFETCH(int, number);
+        settings.writePrograms(manyPaths(number));
+        RecentProgramsFrame frame;
+        frame.show();
+        searchLine(frame)->setText("hdev");
+        ModelChanges shown(*shownModel(frame));
+        ModelChanges source(*settingsModel(frame));
+
+        frame.update_recent();
+
+        QCOMPARE(shown.take(), (QList<int>{0, 1, 1, 1, 0, 0}));
+        QCOMPARE(source.take(), (QList<int>{0, 0, 1, 1, 0, 0}));
+    }
+
+    void manyPrograms()
+    {
+        const int number = 20000;
+        const QStringList paths = manyPaths(number);
+        settings.writePrograms(paths);
+        RecentProgramsFrame frame;
+        frame.show();
+        QCOMPARE(shownPaths(frame), paths);
+
+        searchLine(frame)->setText("hdev");
+        QStringList expected;
+        for (int i = 0; i < number; i += 10) {
+            expected.append(paths.at(i));
+        }
+        for (int i = 0; i < number; ++i) {
+            if (i % 10 != 0) {
+                expected.append(paths.at(i));
+            }
+        }
+        QCOMPARE(shownPaths(frame), expected);
+        QCOMPARE(shownKeys(frame).constFirst(), QString::number(2 * number));
+        QCOMPARE(shownKeys(frame).constLast(), QString::number(number - (number - 1)));
+
+        searchLine(frame)->clear();
+        QCOMPARE(shownPaths(frame), paths);
+    }
 
 private:
-    static void numbersOfPrograms();
+    static void numbersOfPrograms()
+    {
+        columns<int>("number");
+
+        row("one", 1);
+        row("many", 500);
+    }
 
     HDevelopSettings settings;
     QScopedPointer<CaughtMessages> messages; // otherwise the lists would fill the test's log
 };
-
-void RecentProgramsModelsTest::initTestCase()
-{
-    // So that the signals can be recorded.
-    qRegisterMetaType<QList<QPersistentModelIndex>>();
-    qRegisterMetaType<QAbstractItemModel::LayoutChangeHint>();
-}
-
-void RecentProgramsModelsTest::numbersOfPrograms()
-{
-    columns<int>("number");
-
-    row("one", 1);
-    row("many", 500);
-}
-
-void RecentProgramsModelsTest::consistent()
-{
-    using Tester = QAbstractItemModelTester;
-    settings.writePrograms({"c.txt", "b.hdev", "hdev.hdev"});
-    RecentProgramsFrame frame;
-    const Tester shown(shownModel(frame), Tester::FailureReportingMode::QtTest);
-    const Tester source(settingsModel(frame), Tester::FailureReportingMode::QtTest);
-    frame.show();
-
-    for (const char *search : {"hdev", "HDEV", "txt", "", "&", "c"}) {
-        searchLine(frame)->setText(search);
-    }
-    for (const int number : {100, 1, 0, 20}) {
-        settings.writePrograms(manyPaths(number));
-        frame.update_recent();
-        searchLine(frame)->setText("hdev");
-        searchLine(frame)->clear();
-        searchLine(frame)->setText("1");
-    }
-    QVERIFY(QFile::remove(settings.file()));
-    frame.update_recent();
-    searchLine(frame)->setText("2");
-    settings.write("RecentPrograms=\"\r\n");
-    frame.update_recent();
-    searchLine(frame)->clear();
-    QCOMPARE(shownModel(frame)->rowCount(), 0);
-    settings.writePrograms({"a", "b"});
-    frame.update_recent();
-    QCOMPARE(shownPaths(frame), (QStringList{"a", "b"}));
-}
-
-void RecentProgramsModelsTest::orderedOncePerKeystroke()
-{
-    QFETCH(int, number);
-    settings.writePrograms(manyPaths(number));
-    RecentProgramsFrame frame;
-    frame.show();
-    ModelChanges shown(*shownModel(frame));
-    ModelChanges source(*settingsModel(frame));
-
-    for (const char key : {'h', 'd', 'x', '\b', '\b', '\b'}) {
-        key == '\b' ? QTest::keyClick(searchLine(frame), Qt::Key_Backspace)
-                    : QTest::keyClick(searchLine(frame), key);
-        QCOMPARE(shown.take(), (QList<int>{1, 1, 0, 0, 0, 0}));
-        QCOMPARE(source.take(), (QList<int>{1, 0, 0, 0, 0, 0}));
-    }
-    QCOMPARE(searchLine(frame)->text(), QString());
-    QVERIFY(!shownModel(frame)->dynamicSortFilter());
-}
-
-void RecentProgramsModelsTest::orderedOncePerUpdate()
-{
-    QFETCH(int, number);
-    settings.writePrograms(manyPaths(number));
-    RecentProgramsFrame frame;
-    frame.show();
-    searchLine(frame)->setText("hdev");
-    ModelChanges shown(*shownModel(frame));
-    ModelChanges source(*settingsModel(frame));
-
-    frame.update_recent();
-
-    QCOMPARE(shown.take(), (QList<int>{0, 1, 1, 1, 0, 0}));
-    QCOMPARE(source.take(), (QList<int>{0, 0, 1, 1, 0, 0}));
-}
-
-void RecentProgramsModelsTest::manyPrograms()
-{
-    const int number = 20000;
-    const QStringList paths = manyPaths(number);
-    settings.writePrograms(paths);
-    RecentProgramsFrame frame;
-    frame.show();
-    QCOMPARE(shownPaths(frame), paths);
-
-    searchLine(frame)->setText("hdev");
-    QStringList expected;
-    for (int i = 0; i < number; i += 10) {
-        expected.append(paths.at(i));
-    }
-    for (int i = 0; i < number; ++i) {
-        if (i % 10 != 0) {
-            expected.append(paths.at(i));
-        }
-    }
-    QCOMPARE(shownPaths(frame), expected);
-    QCOMPARE(shownKeys(frame).constFirst(), QString::number(2 * number));
-    QCOMPARE(shownKeys(frame).constLast(), QString::number(number - (number - 1)));
-
-    searchLine(frame)->clear();
-    QCOMPARE(shownPaths(frame), paths);
-}
 
 QTEST_MAIN(RecentProgramsModelsTest)
 

@@ -95,247 +95,235 @@ class UpdateCheckTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void request();
-    void throughAProxy();
-    void answers_data();
-    void answers();
-    void nothingToTalkTo_data();
-    void nothingToTalkTo();
-    void dataComeAllAtOnce();
-    void silentServer();
-    void destroyedWhileUnderWay_data();
-    void destroyedWhileUnderWay();
-    void destroyedByWhoIsTold();
-    void endedReplies_data();
-    void endedReplies();
-};
-
-void UpdateCheckTest::init()
-{
-    // Not the building machine's proxy.
-    QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy);
-}
-
-/// Creating the object starts the request.
-void UpdateCheckTest::request()
-{
-    WebServer server;
-    server.setAnswer("/file.json?a=1&b=%20", WebAnswer::ok("contents"));
-
-    Download check(server.url("/file.json?a=1&b=%20"));
-    EVENTUALLY_COMPARE(check.ended.count(), 1);
-
-    QCOMPARE(server.requests().size(), 1);
-    const WebRequest request = server.requests().constFirst();
-    QCOMPARE(request.line, QByteArray("GET /file.json?a=1&b=%20 HTTP/1.1"));
-    // The documentation tells users that these are all headers.
-    QStringList names;
-    for (const QByteArray &header : request.headers) {
-        names.append(header.left(header.indexOf(':')));
+    void init()
+    {
+        // Not the building machine's proxy.
+        QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy);
     }
-    names.sort();
-    QCOMPARE(names, (QStringList{"Accept-Encoding", "Accept-Language", "Connection", "Host", "User-Agent"}));
-    QCOMPARE(request.header("Host"), server.url(QString()).authority().toUtf8());
-    QCOMPARE(request.header("User-Agent"), QByteArray("Mozilla/5.0"));
-    QCOMPARE(check.downloadedData(), QByteArray("contents"));
-}
 
-void UpdateCheckTest::throughAProxy()
-{
-    WebServer server;
-    server.setAnswer("http://www.nobody.example/file.json", WebAnswer::ok("contents"));
-    const ApplicationProxy proxy(server.asProxy());
-    Download check(QUrl("http://www.nobody.example/file.json"));
+    /// Creating the object starts the request.
+    void request()
+    {
+        WebServer server;
+        server.setAnswer("/file.json?a=1&b=%20", WebAnswer::ok("contents"));
 
-    EVENTUALLY_COMPARE(check.ended.count(), 1);
+        Download check(server.url("/file.json?a=1&b=%20"));
+        EVENTUALLY_COMPARE(check.ended.count(), 1);
 
-    QCOMPARE(server.targets(), QList<QByteArray>{"http://www.nobody.example/file.json"});
-    QCOMPARE(check.downloadedData(), QByteArray("contents"));
-}
+        QCOMPARE(server.requests().size(), 1);
+        const WebRequest request = server.requests().constFirst();
+        QCOMPARE(request.line, QByteArray("GET /file.json?a=1&b=%20 HTTP/1.1"));
+        // The documentation tells users that these are all headers.
+        QStringList names;
+        for (const QByteArray &header : request.headers) {
+            names.append(header.left(header.indexOf(':')));
+        }
+        names.sort();
+        QCOMPARE(names,
+                 (QStringList{"Accept-Encoding", "Accept-Language", "Connection", "Host", "User-Agent"}));
+        QCOMPARE(request.header("Host"), server.url(QString()).authority().toUtf8());
+        QCOMPARE(request.header("User-Agent"), QByteArray("Mozilla/5.0"));
+        QCOMPARE(check.downloadedData(), QByteArray("contents"));
+    }
 
-void UpdateCheckTest::answers_data()
-{
-    const auto row = columns<WebAnswer, QByteArray>("answer", "data");
+    void throughAProxy()
+    {
+        WebServer server;
+        server.setAnswer("http://www.nobody.example/file.json", WebAnswer::ok("contents"));
+        const ApplicationProxy proxy(server.asProxy());
+        Download check(QUrl("http://www.nobody.example/file.json"));
 
-    const QByteArray json = R"({"halcon": [{"version": "20.11"}]})";
-    row("200", WebAnswer::ok(json), json);
-    row("200 without a body", WebAnswer::ok({}), {});
-    row("200 with every byte", WebAnswer::ok(QByteArray("\0\r\n\r\n\xff\xef\xbb\xbf", 9)),
-        QByteArray("\0\r\n\r\n\xff\xef\xbb\xbf", 9));
-    row("404 with a body", WebAnswer::whole("404 Not Found", "<html>nothing here</html>"),
-        "<html>nothing here</html>");
-    row("401", WebAnswer::whole("401 Unauthorized", "who are you", {"WWW-Authenticate: Basic realm=\"x\""}),
-        "who are you");
-    row("5 MB in a thousand pieces", inPieces(WebAnswer::ok(largeBody()), 1000), largeBody());
-    row("cut half-way", WebAnswer::cutOff("first half, other half"), "first half,");
-    row("closed without an answer", WebAnswer::closed(), {});
-    row("no HTTP", raw({"220 mail.example ready\r\n\r\nhello"}), {});
-    // Redirects are not followed.
-    row("301", WebAnswer::whole("301 Moved Permanently", {}, {"Location: /elsewhere"}), {});
-    row("308 with a body", WebAnswer::whole("308 Permanent Redirect", "moved", {"Location: /elsewhere"}),
-        "moved");
-}
+        EVENTUALLY_COMPARE(check.ended.count(), 1);
 
-void UpdateCheckTest::answers()
-{
-    QFETCH(WebAnswer, answer);
-    QFETCH(QByteArray, data);
-    WebServer server;
-    server.setAnswer(path, answer);
-    Download check(server.url(path));
+        QCOMPARE(server.targets(), QList<QByteArray>{"http://www.nobody.example/file.json"});
+        QCOMPARE(check.downloadedData(), QByteArray("contents"));
+    }
 
-    EVENTUALLY_COMPARE(check.ended.count(), 1);
-    EVENTUALLY_COMPARE(server.openConnections(), 0);
+    void answers_data()
+    {
+        const auto row = columns<WebAnswer, QByteArray>("answer", "data");
 
-    QVERIFY2(check.downloadedData() == data, check.downloadedData().left(1000));
-    QCOMPARE(check.ended.count(), 1);
-    QVERIFY(!server.targets().contains("/elsewhere"));
-}
+        const QByteArray json = R"({"halcon": [{"version": "20.11"}]})";
+        row("200", WebAnswer::ok(json), json);
+        row("200 without a body", WebAnswer::ok({}), {});
+        row("200 with every byte", WebAnswer::ok(QByteArray("\0\r\n\r\n\xff\xef\xbb\xbf", 9)),
+            QByteArray("\0\r\n\r\n\xff\xef\xbb\xbf", 9));
+        row("404 with a body", WebAnswer::whole("404 Not Found", "<html>nothing here</html>"),
+            "<html>nothing here</html>");
+        row("401",
+            WebAnswer::whole("401 Unauthorized", "who are you", {"WWW-Authenticate: Basic realm=\"x\""}),
+            "who are you");
+        row("5 MB in a thousand pieces", inPieces(WebAnswer::ok(largeBody()), 1000), largeBody());
+        row("cut half-way", WebAnswer::cutOff("first half, other half"), "first half,");
+        row("closed without an answer", WebAnswer::closed(), {});
+        row("no HTTP", raw({"220 mail.example ready\r\n\r\nhello"}), {});
+        // Redirects are not followed.
+        row("301", WebAnswer::whole("301 Moved Permanently", {}, {"Location: /elsewhere"}), {});
+        row("308 with a body", WebAnswer::whole("308 Permanent Redirect", "moved", {"Location: /elsewhere"}),
+            "moved");
+    }
 
-void UpdateCheckTest::nothingToTalkTo_data()
-{
-    columns<QUrl>("url");
+    void answers()
+    {
+        QFETCH(WebAnswer, answer);
+        QFETCH(QByteArray, data);
+        WebServer server;
+        server.setAnswer(path, answer);
+        Download check(server.url(path));
 
-    row("nobody listens", address(WebServer::closedPort()));
-    row("no address", QUrl());
-    row("no protocol that it knows", QUrl("nobody://127.0.0.1/file.json"));
-}
+        EVENTUALLY_COMPARE(check.ended.count(), 1);
+        EVENTUALLY_COMPARE(server.openConnections(), 0);
 
-void UpdateCheckTest::nothingToTalkTo()
-{
-    QFETCH(QUrl, url);
-    Download check(url);
+        QVERIFY2(check.downloadedData() == data, check.downloadedData().left(1000));
+        QCOMPARE(check.ended.count(), 1);
+        QVERIFY(!server.targets().contains("/elsewhere"));
+    }
 
-    // Never from within the constructor: nothing could have been connected by then.
-    EVENTUALLY_COMPARE(check.ended.count(), 1);
+    void nothingToTalkTo_data()
+    {
+        columns<QUrl>("url");
 
-    QCOMPARE(check.downloadedData(), QByteArray());
-}
+        row("nobody listens", address(WebServer::closedPort()));
+        row("no address", QUrl());
+        row("no protocol that it knows", QUrl("nobody://127.0.0.1/file.json"));
+    }
 
-void UpdateCheckTest::dataComeAllAtOnce()
-{
-    WebServer server;
-    WebAnswer answer = raw({"HTTP/1.1 200 OK\r\nContent-Length: 8\r\n\r\n", "con", "ten", "ts"});
-    answer.when = WebAnswer::When::WhenTold;
-    server.setAnswer(path, answer);
-    Download check(server.url(path));
-    QCOMPARE(check.downloadedData(), QByteArray());
-    EVENTUALLY_COMPARE(server.targets(), QList<QByteArray>{path});
+    void nothingToTalkTo()
+    {
+        QFETCH(QUrl, url);
+        Download check(url);
 
-    for (int piece = 0; piece < 3; ++piece) {
-        server.proceed();
-        // When another download has ended, the piece has arrived as well.
-        Download other(server.url("/other"));
-        EVENTUALLY_COMPARE(other.ended.count(), 1);
+        // Never from within the constructor: nothing could have been connected by then.
+        EVENTUALLY_COMPARE(check.ended.count(), 1);
+
         QCOMPARE(check.downloadedData(), QByteArray());
-        QCOMPARE(check.ended.count(), 0);
     }
-    server.proceed();
 
-    EVENTUALLY_COMPARE(check.ended.count(), 1);
-    QCOMPARE(check.downloadedData(), QByteArray("contents"));
-}
-
-void UpdateCheckTest::silentServer()
-{
-    WebServer server;
-    server.setAnswer(path, WebAnswer::silent());
-    Download check(server.url(path));
-    EVENTUALLY_COMPARE(server.targets(), QList<QByteArray>{path});
-
-    QTimer timer;
-    QSignalSpy ticks(&timer, &QTimer::timeout);
-    timer.start(1);
-    EVENTUALLY_VERIFY(ticks.count() >= 20);
-
-    QCOMPARE(check.ended.count(), 0);
-    QCOMPARE(check.downloadedData(), QByteArray());
-    QCOMPARE(server.openConnections(), 1);
-}
-
-void UpdateCheckTest::destroyedWhileUnderWay_data()
-{
-    columns<WebAnswer, bool>("answer", "waitsForRequest");
-
-    WebAnswer half = inPieces(WebAnswer::ok("contents"), 2);
-    half.closes = false;
-    half.pieces.removeLast();
-    row("before it has asked", WebAnswer::silent(), false);
-    row("before the answer", WebAnswer::silent(), true);
-    row("within the answer", half, true);
-}
-
-/// As when the window is closed during the download.
-void UpdateCheckTest::destroyedWhileUnderWay()
-{
-    QFETCH(WebAnswer, answer);
-    QFETCH(bool, waitsForRequest);
-    WebServer server;
-    server.setAnswer(path, answer);
-    auto parent = std::make_unique<QObject>();
-    const QPointer<UpdateCheck> check = new UpdateCheck(server.url(path), parent.get());
-    int downloaded = 0;
-    connect(check, &UpdateCheck::downloaded, this, [&downloaded] { ++downloaded; });
-    if (waitsForRequest) {
+    void dataComeAllAtOnce()
+    {
+        WebServer server;
+        WebAnswer answer = raw({"HTTP/1.1 200 OK\r\nContent-Length: 8\r\n\r\n", "con", "ten", "ts"});
+        answer.when = WebAnswer::When::WhenTold;
+        server.setAnswer(path, answer);
+        Download check(server.url(path));
+        QCOMPARE(check.downloadedData(), QByteArray());
         EVENTUALLY_COMPARE(server.targets(), QList<QByteArray>{path});
-        QCoreApplication::processEvents();
+
+        for (int piece = 0; piece < 3; ++piece) {
+            server.proceed();
+            // When another download has ended, the piece has arrived as well.
+            Download other(server.url("/other"));
+            EVENTUALLY_COMPARE(other.ended.count(), 1);
+            QCOMPARE(check.downloadedData(), QByteArray());
+            QCOMPARE(check.ended.count(), 0);
+        }
+        server.proceed();
+
+        EVENTUALLY_COMPARE(check.ended.count(), 1);
+        QCOMPARE(check.downloadedData(), QByteArray("contents"));
     }
 
-    parent.reset();
+    void silentServer()
+    {
+        WebServer server;
+        server.setAnswer(path, WebAnswer::silent());
+        Download check(server.url(path));
+        EVENTUALLY_COMPARE(server.targets(), QList<QByteArray>{path});
 
-    QVERIFY(check.isNull());
-    // The server sees the connection's end after everything else that was sent.
-    UpdateCheck next(server.url("/next"), nullptr);
-    EVENTUALLY_VERIFY(server.targets().contains("/next"));
-    EVENTUALLY_COMPARE(server.openConnections(), 0);
-    QCOMPARE(downloaded, 0);
-}
+        QTimer timer;
+        QSignalSpy ticks(&timer, &QTimer::timeout);
+        timer.start(1);
+        EVENTUALLY_VERIFY(ticks.count() >= 20);
 
-void UpdateCheckTest::destroyedByWhoIsTold()
-{
-    WebServer server;
-    server.setAnswer(path, WebAnswer::ok("contents"));
-    const QPointer<UpdateCheck> check = new UpdateCheck(server.url(path), nullptr);
-    QByteArray data;
-    connect(check, &UpdateCheck::downloaded, this, [&] {
-        data = check->downloadedData();
-        check->deleteLater();
-    });
+        QCOMPARE(check.ended.count(), 0);
+        QCOMPARE(check.downloadedData(), QByteArray());
+        QCOMPARE(server.openConnections(), 1);
+    }
 
-    EVENTUALLY_VERIFY(check.isNull());
+    void destroyedWhileUnderWay_data()
+    {
+        columns<WebAnswer, bool>("answer", "waitsForRequest");
 
-    QCOMPARE(data, QByteArray("contents"));
-}
+        WebAnswer half = inPieces(WebAnswer::ok("contents"), 2);
+        half.closes = false;
+        half.pieces.removeLast();
+        row("before it has asked", WebAnswer::silent(), false);
+        row("before the answer", WebAnswer::silent(), true);
+        row("within the answer", half, true);
+    }
 
-void UpdateCheckTest::endedReplies_data()
-{
-    columns<QNetworkReply::NetworkError, QByteArray>("error", "contents");
+    /// As when the window is closed during the download.
+    void destroyedWhileUnderWay()
+    {
+        QFETCH(WebAnswer, answer);
+        QFETCH(bool, waitsForRequest);
+        WebServer server;
+        server.setAnswer(path, answer);
+        auto parent = std::make_unique<QObject>();
+        const QPointer<UpdateCheck> check = new UpdateCheck(server.url(path), parent.get());
+        int downloaded = 0;
+        connect(check, &UpdateCheck::downloaded, this, [&downloaded] { ++downloaded; });
+        if (waitsForRequest) {
+            EVENTUALLY_COMPARE(server.targets(), QList<QByteArray>{path});
+            QCoreApplication::processEvents();
+        }
 
-    row("no error", QNetworkReply::NoError, QByteArray("some\0contents", 13));
-    row("not found, with contents", QNetworkReply::ContentNotFoundError, QByteArray("some\0contents", 13));
-    row("refused", QNetworkReply::ConnectionRefusedError, QByteArray());
-}
+        parent.reset();
 
-void UpdateCheckTest::endedReplies()
-{
-    QFETCH(QNetworkReply::NetworkError, error);
-    QFETCH(QByteArray, contents);
-    WebServer server;
-    server.setAnswer(path, WebAnswer::silent());
-    UpdateCheck check(server.url(path), nullptr);
-    const QPointer<QNetworkReply> reply = new EndedReply(contents, error);
-    QList<QByteArray> dataWhenTold;
-    connect(&check, &UpdateCheck::downloaded, this, [&] { dataWhenTold << check.downloadedData(); });
+        QVERIFY(check.isNull());
+        // The server sees the connection's end after everything else that was sent.
+        UpdateCheck next(server.url("/next"), nullptr);
+        EVENTUALLY_VERIFY(server.targets().contains("/next"));
+        EVENTUALLY_COMPARE(server.openConnections(), 0);
+        QCOMPARE(downloaded, 0);
+    }
 
-    QVERIFY(QMetaObject::invokeMethod(&check, "fileDownloaded", Q_ARG(QNetworkReply *, reply)));
+    void destroyedByWhoIsTold()
+    {
+        WebServer server;
+        server.setAnswer(path, WebAnswer::ok("contents"));
+        const QPointer<UpdateCheck> check = new UpdateCheck(server.url(path), nullptr);
+        QByteArray data;
+        connect(check, &UpdateCheck::downloaded, this, [&] {
+            data = check->downloadedData();
+            check->deleteLater();
+        });
 
-    QCOMPARE(dataWhenTold, QList<QByteArray>{contents});
-    QVERIFY2(!reply.isNull(), "It is still in the middle of its signal.");
-    EVENTUALLY_VERIFY(reply.isNull());
-    QCOMPARE(check.downloadedData(), contents);
-    QCOMPARE(dataWhenTold.size(), 1);
-}
+        EVENTUALLY_VERIFY(check.isNull());
+
+        QCOMPARE(data, QByteArray("contents"));
+    }
+
+    void endedReplies_data()
+    {
+        columns<QNetworkReply::NetworkError, QByteArray>("error", "contents");
+
+        row("no error", QNetworkReply::NoError, QByteArray("some\0contents", 13));
+        row("not found, with contents", QNetworkReply::ContentNotFoundError,
+            QByteArray("some\0contents", 13));
+        row("refused", QNetworkReply::ConnectionRefusedError, QByteArray());
+    }
+
+    void endedReplies()
+    {
+        QFETCH(QNetworkReply::NetworkError, error);
+        QFETCH(QByteArray, contents);
+        WebServer server;
+        server.setAnswer(path, WebAnswer::silent());
+        UpdateCheck check(server.url(path), nullptr);
+        const QPointer<QNetworkReply> reply = new EndedReply(contents, error);
+        QList<QByteArray> dataWhenTold;
+        connect(&check, &UpdateCheck::downloaded, this, [&] { dataWhenTold << check.downloadedData(); });
+
+        QVERIFY(QMetaObject::invokeMethod(&check, "fileDownloaded", Q_ARG(QNetworkReply *, reply)));
+
+        QCOMPARE(dataWhenTold, QList<QByteArray>{contents});
+        QVERIFY2(!reply.isNull(), "It is still in the middle of its signal.");
+        EVENTUALLY_VERIFY(reply.isNull());
+        QCOMPARE(check.downloadedData(), contents);
+        QCOMPARE(dataWhenTold.size(), 1);
+    }
+};
 
 QTEST_GUILESS_MAIN(UpdateCheckTest)
 #include "UpdateCheckTest.moc"

@@ -34,45 +34,40 @@ class BufferGuardTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void mistakesEndTheProgram_data();
-    void mistakesEndTheProgram();
-    void missingElementIsNamed();
-    void guardDiffersFromRunToRun();
+    void mistakesEndTheProgram_data()
+    {
+        columns<QString, int>("mistake", "exitCode");
+        row("past the end of a buffer on the stack", "stack", overrun);
+        row("more copied than fits", "copy", overrun);
+        row("element that is not there", "element", aborted);
+    }
+
+    void mistakesEndTheProgram()
+    {
+        QFETCH(QString, mistake);
+        QFETCH(int, exitCode);
+        QCOMPARE(runCareless({mistake, "within bounds"}), 0);
+        QCOMPARE(runCareless({mistake}), exitCode);
+    }
+
+    void missingElementIsNamed()
+    {
+        QByteArray errors;
+        runCareless({"element"}, nullptr, &errors);
+        QVERIFY2(errors.contains("Assertion '__n < this->size()' failed."), errors.constData());
+    }
+
+    void guardDiffersFromRunToRun()
+    {
+        QByteArray first;
+        QByteArray second;
+        QCOMPARE(runCareless({"guard"}, &first), 0);
+        QCOMPARE(runCareless({"guard"}, &second), 0);
+        QVERIFY2(first != second, first.constData());
+        // The byte that stops reading or copying a string.
+        QVERIFY2(first.endsWith("00"), first.constData());
+    }
 };
-
-void BufferGuardTest::mistakesEndTheProgram_data()
-{
-    columns<QString, int>("mistake", "exitCode");
-    row("past the end of a buffer on the stack", "stack", overrun);
-    row("more copied than fits", "copy", overrun);
-    row("element that is not there", "element", aborted);
-}
-
-void BufferGuardTest::mistakesEndTheProgram()
-{
-    QFETCH(QString, mistake);
-    QFETCH(int, exitCode);
-    QCOMPARE(runCareless({mistake, "within bounds"}), 0);
-    QCOMPARE(runCareless({mistake}), exitCode);
-}
-
-void BufferGuardTest::missingElementIsNamed()
-{
-    QByteArray errors;
-    runCareless({"element"}, nullptr, &errors);
-    QVERIFY2(errors.contains("Assertion '__n < this->size()' failed."), errors.constData());
-}
-
-void BufferGuardTest::guardDiffersFromRunToRun()
-{
-    QByteArray first;
-    QByteArray second;
-    QCOMPARE(runCareless({"guard"}, &first), 0);
-    QCOMPARE(runCareless({"guard"}, &second), 0);
-    QVERIFY2(first != second, first.constData());
-    // The byte that stops reading or copying a string.
-    QVERIFY2(first.endsWith("00"), first.constData());
-}
 
 QTEST_GUILESS_MAIN(BufferGuardTest)
 

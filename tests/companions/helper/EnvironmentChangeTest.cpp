@@ -100,129 +100,120 @@ class EnvironmentChangeTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void setsAll();
-    void types_data();
-    void types();
-    void nothingIsWrittenWhenAValueCannotBeRead();
-    void putsBack_data();
-    void putsBack();
-    void cannotPutBack_data();
-    void cannotPutBack();
+    void setsAll()
+    {
+        FakeStore store;
+        store.values = mixedValues();
+
+        QCOMPARE(changeEnvironment(store, assignments), HelperExitCode::done);
+
+        QVERIFY(store.values == changedValues());
+        // All are read before one is written.
+        QCOMPARE(store.calls, (QStringList{"read HALCONROOT", "read HALCONARCH", "read HALCONIMAGES",
+                                           "read HALCONEXAMPLES", "write HALCONROOT", "write HALCONARCH",
+                                           "write HALCONIMAGES", "write HALCONEXAMPLES"}));
+    }
+
+    void types_data()
+    {
+        columns<quint32, quint32>("before", "after");
+
+        row("string", regSz, regSz);
+        row("expandable string", regExpandSz, regExpandSz);
+        row("none", quint32(0), regSz);
+        row("number", regDword, regSz);
+        row("unknown", quint32(77), regSz);
+    }
+
+    void types()
+    {
+        QFETCH(quint32, before);
+        FakeStore store;
+        store.values[L"HALCONROOT"] = {before, stored("old")};
+
+        QCOMPARE(changeEnvironment(store, {{L"HALCONROOT", L"new"}}), HelperExitCode::done);
+
+        QTEST(store.values[L"HALCONROOT"].first, "after");
+        QCOMPARE(store.values[L"HALCONROOT"].second, stored("new"));
+    }
+
+    /// When reading throws, the caller may report that nothing was changed.
+    void nothingIsWrittenWhenAValueCannotBeRead()
+    {
+        for (const EnvironmentAssignment &assignment : assignments) {
+            FakeStore store;
+            store.values = mixedValues();
+            store.unreadable = {assignment.name};
+
+            QCOMPARE(changeEnvironment(store, assignments), HelperExitCode::variablesRestored);
+            store.throws = true;
+            QVERIFY_EXCEPTION_THROWN(changeEnvironment(store, assignments), std::bad_alloc);
+
+            QVERIFY(store.values == mixedValues());
+            QVERIFY(store.calls.filter("write").isEmpty());
+            QVERIFY(store.calls.filter("remove").isEmpty());
+        }
+    }
+
+    void putsBack_data()
+    {
+        const auto row = columns<int, QStringList>("failing", "calls");
+
+        row("first fails", 1, {"write HALCONROOT"});
+        row("second fails", 2, {"write HALCONROOT", "write HALCONARCH", "write HALCONROOT"});
+        row("third fails", 3,
+            {"write HALCONROOT", "write HALCONARCH", "write HALCONIMAGES", "write HALCONARCH",
+             "write HALCONROOT"});
+        row("fourth fails", 4,
+            {"write HALCONROOT", "write HALCONARCH", "write HALCONIMAGES", "write HALCONEXAMPLES",
+             "remove HALCONIMAGES", "write HALCONARCH", "write HALCONROOT"});
+    }
+
+    /// Restores value, type and absence, the last change first, whether the failure is returned or thrown.
+    void putsBack()
+    {
+        QFETCH(int, failing);
+        for (const bool throws : {false, true}) {
+            FakeStore store;
+            store.values = mixedValues();
+            store.failingChanges = {failing};
+            store.throws = throws;
+
+            QCOMPARE(changeEnvironment(store, assignments), HelperExitCode::variablesRestored);
+
+            QVERIFY(store.values == mixedValues());
+            QTEST(QStringList(store.calls.mid(4)), "calls");
+        }
+    }
+
+    void cannotPutBack_data()
+    {
+        columns<int, QString>("failing", "changed");
+
+        row("absence", 5, "HALCONIMAGES");
+        row("number", 6, "HALCONARCH");
+        row("string", 7, "HALCONROOT");
+    }
+
+    /// The others are still restored.
+    void cannotPutBack()
+    {
+        QFETCH(int, failing);
+        QFETCH(QString, changed);
+        for (const bool throws : {false, true}) {
+            FakeStore store;
+            store.values = mixedValues();
+            store.failingChanges = {4, failing};
+            store.throws = throws;
+
+            QCOMPARE(changeEnvironment(store, assignments), HelperExitCode::variablesNotRestored);
+
+            FakeStore::Values expected = mixedValues();
+            expected[toWide(changed)] = changedValues()[toWide(changed)];
+            QVERIFY(store.values == expected);
+        }
+    }
 };
-
-void EnvironmentChangeTest::setsAll()
-{
-    FakeStore store;
-    store.values = mixedValues();
-
-    QCOMPARE(changeEnvironment(store, assignments), HelperExitCode::done);
-
-    QVERIFY(store.values == changedValues());
-    // All are read before one is written.
-    QCOMPARE(store.calls, (QStringList{"read HALCONROOT", "read HALCONARCH", "read HALCONIMAGES",
-                                       "read HALCONEXAMPLES", "write HALCONROOT", "write HALCONARCH",
-                                       "write HALCONIMAGES", "write HALCONEXAMPLES"}));
-}
-
-void EnvironmentChangeTest::types_data()
-{
-    columns<quint32, quint32>("before", "after");
-
-    row("string", regSz, regSz);
-    row("expandable string", regExpandSz, regExpandSz);
-    row("none", quint32(0), regSz);
-    row("number", regDword, regSz);
-    row("unknown", quint32(77), regSz);
-}
-
-void EnvironmentChangeTest::types()
-{
-    QFETCH(quint32, before);
-    FakeStore store;
-    store.values[L"HALCONROOT"] = {before, stored("old")};
-
-    QCOMPARE(changeEnvironment(store, {{L"HALCONROOT", L"new"}}), HelperExitCode::done);
-
-    QTEST(store.values[L"HALCONROOT"].first, "after");
-    QCOMPARE(store.values[L"HALCONROOT"].second, stored("new"));
-}
-
-/// When reading throws, the caller may report that nothing was changed.
-void EnvironmentChangeTest::nothingIsWrittenWhenAValueCannotBeRead()
-{
-    for (const EnvironmentAssignment &assignment : assignments) {
-        FakeStore store;
-        store.values = mixedValues();
-        store.unreadable = {assignment.name};
-
-        QCOMPARE(changeEnvironment(store, assignments), HelperExitCode::variablesRestored);
-        store.throws = true;
-        QVERIFY_EXCEPTION_THROWN(changeEnvironment(store, assignments), std::bad_alloc);
-
-        QVERIFY(store.values == mixedValues());
-        QVERIFY(store.calls.filter("write").isEmpty());
-        QVERIFY(store.calls.filter("remove").isEmpty());
-    }
-}
-
-void EnvironmentChangeTest::putsBack_data()
-{
-    const auto row = columns<int, QStringList>("failing", "calls");
-
-    row("first fails", 1, {"write HALCONROOT"});
-    row("second fails", 2, {"write HALCONROOT", "write HALCONARCH", "write HALCONROOT"});
-    row("third fails", 3,
-        {"write HALCONROOT", "write HALCONARCH", "write HALCONIMAGES", "write HALCONARCH",
-         "write HALCONROOT"});
-    row("fourth fails", 4,
-        {"write HALCONROOT", "write HALCONARCH", "write HALCONIMAGES", "write HALCONEXAMPLES",
-         "remove HALCONIMAGES", "write HALCONARCH", "write HALCONROOT"});
-}
-
-/// Restores value, type and absence, the last change first, whether the failure is returned or thrown.
-void EnvironmentChangeTest::putsBack()
-{
-    QFETCH(int, failing);
-    for (const bool throws : {false, true}) {
-        FakeStore store;
-        store.values = mixedValues();
-        store.failingChanges = {failing};
-        store.throws = throws;
-
-        QCOMPARE(changeEnvironment(store, assignments), HelperExitCode::variablesRestored);
-
-        QVERIFY(store.values == mixedValues());
-        QTEST(QStringList(store.calls.mid(4)), "calls");
-    }
-}
-
-void EnvironmentChangeTest::cannotPutBack_data()
-{
-    columns<int, QString>("failing", "changed");
-
-    row("absence", 5, "HALCONIMAGES");
-    row("number", 6, "HALCONARCH");
-    row("string", 7, "HALCONROOT");
-}
-
-/// The others are still restored.
-void EnvironmentChangeTest::cannotPutBack()
-{
-    QFETCH(int, failing);
-    QFETCH(QString, changed);
-    for (const bool throws : {false, true}) {
-        FakeStore store;
-        store.values = mixedValues();
-        store.failingChanges = {4, failing};
-        store.throws = throws;
-
-        QCOMPARE(changeEnvironment(store, assignments), HelperExitCode::variablesNotRestored);
-
-        FakeStore::Values expected = mixedValues();
-        expected[toWide(changed)] = changedValues()[toWide(changed)];
-        QVERIFY(store.values == expected);
-    }
-}
 
 QTEST_APPLESS_MAIN(EnvironmentChangeTest)
 

@@ -90,96 +90,90 @@ class HelperCallsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void startOfRegsvr32();
-    void flushedBeforeItTakesThePlace();
-    void failedFlush();
-    void nothingIsDoneUnsecured();
-    void secureProcess();
+    void init()
+    {
+        QDir("C:\\Calls test").removeRecursively();
+        makeFile(source, "the new license");
+        makeFile(target, "old");
+        starts.clear();
+        flushes.clear();
+        flushingFails = false;
+    }
+
+    /// regsvr32 finds only the system's files, inherits no handles of the helper, and shows nothing.
+    void startOfRegsvr32()
+    {
+        using namespace std::chrono_literals;
+        QCOMPARE(registerLibrary(L"C:\\windows\\system32\\regsvr32.exe", L"C:\\a b\\halconx.dll", 5s),
+                 std::wstring(L"could not be started"));
+
+        QCOMPARE(starts.size(), 1);
+        const Start &start = starts.constFirst();
+        QCOMPARE(start.program, QString("C:\\windows\\system32\\regsvr32.exe"));
+        QCOMPARE(start.commandLine,
+                 QString("\"C:\\windows\\system32\\regsvr32.exe\" /s \"C:\\a b\\halconx.dll\""));
+        QCOMPARE(start.directory, QString("C:\\windows\\system32"));
+        QVERIFY(!start.inheritsHandles);
+        QCOMPARE(start.flags, DWORD(CREATE_NO_WINDOW | CREATE_UNICODE_ENVIRONMENT));
+        QCOMPARE(start.startup.cb, DWORD(sizeof(STARTUPINFOW)));
+        QCOMPARE(start.startup.dwFlags, DWORD(STARTF_USESHOWWINDOW));
+        QCOMPARE(start.startup.wShowWindow, WORD(SW_HIDE));
+        QVERIFY(start.startup.hStdInput == nullptr && start.startup.hStdOutput == nullptr &&
+                start.startup.hStdError == nullptr);
+    }
+
+    /// Otherwise a power failure could leave an empty file instead of the old one.
+    void flushedBeforeItTakesThePlace()
+    {
+        QCOMPARE(replaceLicenseFile(toWide(target), toWide(source)).code, HelperExitCode::done);
+
+        QCOMPARE(flushes.size(), 1);
+        QCOMPARE(flushes.constFirst(), (QMap<QString, qint64>{{"new", 15}, {"old", 3}}));
+        QCOMPARE(read(target), QByteArray("the new license"));
+    }
+
+    void failedFlush()
+    {
+        flushingFails = true;
+
+        const HelperOutcome outcome = replaceLicenseFile(toWide(target), toWide(source));
+
+        QCOMPARE(outcome.code, HelperExitCode::copyFailed);
+        QCOMPARE(fromWide(outcome.reason), "A new file in \"" + license + "\" could not be written.");
+        QCOMPARE(flushes.size(), 1);
+        QCOMPARE(read(target), QByteArray("old"));
+        QCOMPARE(QDir(license).entryList(QDir::Files), QStringList{"license.dat"});
+    }
+
+    void nothingIsDoneUnsecured()
+    {
+        const std::wstring line = toWide("qz_com_helper --copy=\"" + target + "\" \"" + source + "\"");
+        restrictingFails = true;
+        QCOMPARE(runHelper(line), HelperExitCode::internalError);
+        QCOMPARE(read(target), QByteArray("old"));
+        restrictingFails = false;
+    }
+
+    /// Must be the last test: it cannot be undone.
+    void secureProcess()
+    {
+        const QString planted = "C:\\Calls test\\planted.dll";
+        HelperMachine::copyFile(PLANTED_LIBRARY, planted);
+        const CurrentDirectory directory("C:\\Calls test");
+        const HMODULE found = LoadLibraryW(L"planted.dll");
+        QVERIFY(found != nullptr);
+        FreeLibrary(found);
+        SetErrorMode(0);
+
+        const std::wstring line = toWide("qz_com_helper --copy=\"" + target + "\" \"" + source + "\"");
+        QCOMPARE(runHelper(line), HelperExitCode::done);
+
+        QCOMPARE(read(target), QByteArray("the new license"));
+        QVERIFY(LoadLibraryW(L"planted.dll") == nullptr);
+        QCOMPARE(GetErrorMode(),
+                 UINT(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX));
+    }
 };
-
-void HelperCallsTest::init()
-{
-    QDir("C:\\Calls test").removeRecursively();
-    makeFile(source, "the new license");
-    makeFile(target, "old");
-    starts.clear();
-    flushes.clear();
-    flushingFails = false;
-}
-
-/// regsvr32 finds only the system's files, inherits no handles of the helper, and shows nothing.
-void HelperCallsTest::startOfRegsvr32()
-{
-    using namespace std::chrono_literals;
-    QCOMPARE(registerLibrary(L"C:\\windows\\system32\\regsvr32.exe", L"C:\\a b\\halconx.dll", 5s),
-             std::wstring(L"could not be started"));
-
-    QCOMPARE(starts.size(), 1);
-    const Start &start = starts.constFirst();
-    QCOMPARE(start.program, QString("C:\\windows\\system32\\regsvr32.exe"));
-    QCOMPARE(start.commandLine,
-             QString("\"C:\\windows\\system32\\regsvr32.exe\" /s \"C:\\a b\\halconx.dll\""));
-    QCOMPARE(start.directory, QString("C:\\windows\\system32"));
-    QVERIFY(!start.inheritsHandles);
-    QCOMPARE(start.flags, DWORD(CREATE_NO_WINDOW | CREATE_UNICODE_ENVIRONMENT));
-    QCOMPARE(start.startup.cb, DWORD(sizeof(STARTUPINFOW)));
-    QCOMPARE(start.startup.dwFlags, DWORD(STARTF_USESHOWWINDOW));
-    QCOMPARE(start.startup.wShowWindow, WORD(SW_HIDE));
-    QVERIFY(start.startup.hStdInput == nullptr && start.startup.hStdOutput == nullptr &&
-            start.startup.hStdError == nullptr);
-}
-
-/// Otherwise a power failure could leave an empty file instead of the old one.
-void HelperCallsTest::flushedBeforeItTakesThePlace()
-{
-    QCOMPARE(replaceLicenseFile(toWide(target), toWide(source)).code, HelperExitCode::done);
-
-    QCOMPARE(flushes.size(), 1);
-    QCOMPARE(flushes.constFirst(), (QMap<QString, qint64>{{"new", 15}, {"old", 3}}));
-    QCOMPARE(read(target), QByteArray("the new license"));
-}
-
-void HelperCallsTest::failedFlush()
-{
-    flushingFails = true;
-
-    const HelperOutcome outcome = replaceLicenseFile(toWide(target), toWide(source));
-
-    QCOMPARE(outcome.code, HelperExitCode::copyFailed);
-    QCOMPARE(fromWide(outcome.reason), "A new file in \"" + license + "\" could not be written.");
-    QCOMPARE(flushes.size(), 1);
-    QCOMPARE(read(target), QByteArray("old"));
-    QCOMPARE(QDir(license).entryList(QDir::Files), QStringList{"license.dat"});
-}
-
-void HelperCallsTest::nothingIsDoneUnsecured()
-{
-    const std::wstring line = toWide("qz_com_helper --copy=\"" + target + "\" \"" + source + "\"");
-    restrictingFails = true;
-    QCOMPARE(runHelper(line), HelperExitCode::internalError);
-    QCOMPARE(read(target), QByteArray("old"));
-    restrictingFails = false;
-}
-
-/// Must be the last test: it cannot be undone.
-void HelperCallsTest::secureProcess()
-{
-    const QString planted = "C:\\Calls test\\planted.dll";
-    HelperMachine::copyFile(PLANTED_LIBRARY, planted);
-    const CurrentDirectory directory("C:\\Calls test");
-    const HMODULE found = LoadLibraryW(L"planted.dll");
-    QVERIFY(found != nullptr);
-    FreeLibrary(found);
-    SetErrorMode(0);
-
-    const std::wstring line = toWide("qz_com_helper --copy=\"" + target + "\" \"" + source + "\"");
-    QCOMPARE(runHelper(line), HelperExitCode::done);
-
-    QCOMPARE(read(target), QByteArray("the new license"));
-    QVERIFY(LoadLibraryW(L"planted.dll") == nullptr);
-    QCOMPARE(GetErrorMode(), UINT(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX));
-}
 
 QTEST_GUILESS_MAIN(HelperCallsTest)
 

@@ -103,113 +103,106 @@ class HelperEnvironmentTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void setsAll_data();
-    void setsAll();
-    void keepsTextTypes();
-    void putsBack();
-    void keyLocked();
-    void keyMissing();
-};
-
-void HelperEnvironmentTest::init()
-{
-    removeVariables();
-    QVERIFY(values(environmentKey).contains("ComSpec"));
-}
-
-void HelperEnvironmentTest::setsAll_data()
-{
-    const auto row = columns<QStringList>("four");
-
-    row("no example root", {"C:\\H", "x64-win64", "", ""});
-    row("signs", {"C:\\R&D 100% (a=b)^", "%TEMP%", "--x64", "a|b<c>d --env X=y"});
-    row("not ASCII", {"C:\\Größe", "寸法", "Размер", "😀"});
-    row("long", {QString(4096, 'x'), "x64-win64", QString(4096, 'y'), QString(4096, 'z')});
-}
-
-/// Nothing else under the key changes.
-void HelperEnvironmentTest::setsAll()
-{
-    QFETCH(QStringList, four);
-    Values expected = values(environmentKey);
-    for (int i = 0; i < 4; ++i) {
-        QVERIFY(!expected.contains(names[i]));
-        expected[names[i]] = plainText(four[i]);
-    }
-
-    const HelperResult result = run(line(four));
-
-    QCOMPARE(result.exitCode, 0);
-    QCOMPARE(result.errors, QByteArray());
-    QCOMPARE(result.output, QByteArray());
-    QCOMPARE(values(environmentKey), expected);
-}
-
-void HelperEnvironmentTest::keepsTextTypes()
-{
-    Registry::setExpandString(environmentKey, "HALCONROOT", "%ProgramFiles%\\Old");
-    Registry::setExpandString(environmentKey, "HALCONIMAGES", "%ProgramFiles%\\Old\\images");
-    Registry::setString(environmentKey, "HALCONARCH", "old");
-    Registry::setString(environmentKey, "HALCONEXAMPLES", "old");
-    Values expected = values(environmentKey);
-    expected["HALCONROOT"] = expandableText("C:\\H");
-    expected["HALCONARCH"] = plainText("x64-win64");
-    expected["HALCONIMAGES"] = expandableText("");
-    expected["HALCONEXAMPLES"] = plainText("");
-
-    QCOMPARE(run(line({"C:\\H", "x64-win64", "", ""})).exitCode, 0);
-
-    QCOMPARE(values(environmentKey), expected);
-}
-
-/// Restores value, type and absence in the real registry.
-void HelperEnvironmentTest::putsBack()
-{
-    Registry::setExpandString(environmentKey, "HALCONROOT", "%ProgramFiles%\\Old");
-    Registry::setBinary(environmentKey, "HALCONARCH", QByteArray(5000, 'x'));
-    const Values before = values(environmentKey);
-    FailingEnvironment store(4);
-
-    const HelperExitCode result = changeEnvironment(store, {{L"HALCONROOT", L"C:\\H"},
-                                                            {L"HALCONARCH", L"x64-win64"},
-                                                            {L"HALCONIMAGES", L""},
-                                                            {L"HALCONEXAMPLES", L""}});
-
-    QCOMPARE(result, HelperExitCode::variablesRestored);
-    QCOMPARE(values(environmentKey), before);
-}
-
-void HelperEnvironmentTest::keyLocked()
-{
-    Registry::setString(environmentKey, "HALCONROOT", "before");
-    const Values before = values(environmentKey);
-    HelperResult result;
+    void init()
     {
-        const LockedEnvironment locked;
-        result = run(line({"C:\\H", "x64-win64", "", ""}));
+        removeVariables();
+        QVERIFY(values(environmentKey).contains("ComSpec"));
     }
 
-    QCOMPARE(result.exitCode, 3);
-    QCOMPARE(
-        result.errors,
-        QByteArray("qz_com_helper: A system variable could not be set. All of them are as they were.\r\n"));
-    QCOMPARE(values(environmentKey), before);
-}
+    void setsAll_data()
+    {
+        const auto row = columns<QStringList>("four");
 
-/// The key is not created: without it the machine is broken.
-void HelperEnvironmentTest::keyMissing()
-{
-    Registry::removeTree(environmentKey);
-    RegDeleteKeyW(HKEY_LOCAL_MACHINE, L"SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment");
-    const QString parent = environmentKey.section('\\', 0, -2);
-    QVERIFY(!subkeys(parent).contains("Environment"));
+        row("no example root", {"C:\\H", "x64-win64", "", ""});
+        row("signs", {"C:\\R&D 100% (a=b)^", "%TEMP%", "--x64", "a|b<c>d --env X=y"});
+        row("not ASCII", {"C:\\Größe", "寸法", "Размер", "😀"});
+        row("long", {QString(4096, 'x'), "x64-win64", QString(4096, 'y'), QString(4096, 'z')});
+    }
 
-    QCOMPARE(run(line({"C:\\H", "x64-win64", "", ""})).exitCode, 3);
+    /// Nothing else under the key changes.
+    void setsAll()
+    {
+        QFETCH(QStringList, four);
+        Values expected = values(environmentKey);
+        for (int i = 0; i < 4; ++i) {
+            QVERIFY(!expected.contains(names[i]));
+            expected[names[i]] = plainText(four[i]);
+        }
 
-    QVERIFY(!subkeys(parent).contains("Environment"));
-    Registry::setString(environmentKey, "ComSpec", "C:\\windows\\system32\\cmd.exe");
-}
+        const HelperResult result = run(line(four));
+
+        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(result.errors, QByteArray());
+        QCOMPARE(result.output, QByteArray());
+        QCOMPARE(values(environmentKey), expected);
+    }
+
+    void keepsTextTypes()
+    {
+        Registry::setExpandString(environmentKey, "HALCONROOT", "%ProgramFiles%\\Old");
+        Registry::setExpandString(environmentKey, "HALCONIMAGES", "%ProgramFiles%\\Old\\images");
+        Registry::setString(environmentKey, "HALCONARCH", "old");
+        Registry::setString(environmentKey, "HALCONEXAMPLES", "old");
+        Values expected = values(environmentKey);
+        expected["HALCONROOT"] = expandableText("C:\\H");
+        expected["HALCONARCH"] = plainText("x64-win64");
+        expected["HALCONIMAGES"] = expandableText("");
+        expected["HALCONEXAMPLES"] = plainText("");
+
+        QCOMPARE(run(line({"C:\\H", "x64-win64", "", ""})).exitCode, 0);
+
+        QCOMPARE(values(environmentKey), expected);
+    }
+
+    /// Restores value, type and absence in the real registry.
+    void putsBack()
+    {
+        Registry::setExpandString(environmentKey, "HALCONROOT", "%ProgramFiles%\\Old");
+        Registry::setBinary(environmentKey, "HALCONARCH", QByteArray(5000, 'x'));
+        const Values before = values(environmentKey);
+        FailingEnvironment store(4);
+
+        const HelperExitCode result = changeEnvironment(store, {{L"HALCONROOT", L"C:\\H"},
+                                                                {L"HALCONARCH", L"x64-win64"},
+                                                                {L"HALCONIMAGES", L""},
+                                                                {L"HALCONEXAMPLES", L""}});
+
+        QCOMPARE(result, HelperExitCode::variablesRestored);
+        QCOMPARE(values(environmentKey), before);
+    }
+
+    void keyLocked()
+    {
+        Registry::setString(environmentKey, "HALCONROOT", "before");
+        const Values before = values(environmentKey);
+        HelperResult result;
+        {
+            const LockedEnvironment locked;
+            result = run(line({"C:\\H", "x64-win64", "", ""}));
+        }
+
+        QCOMPARE(result.exitCode, 3);
+        QCOMPARE(result.errors,
+                 QByteArray(
+                     "qz_com_helper: A system variable could not be set. All of them are as they were.\r\n"));
+        QCOMPARE(values(environmentKey), before);
+    }
+
+    /// The key is not created: without it the machine is broken.
+    void keyMissing()
+    {
+        Registry::removeTree(environmentKey);
+        RegDeleteKeyW(HKEY_LOCAL_MACHINE,
+                      L"SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment");
+        const QString parent = environmentKey.section('\\', 0, -2);
+        QVERIFY(!subkeys(parent).contains("Environment"));
+
+        QCOMPARE(run(line({"C:\\H", "x64-win64", "", ""})).exitCode, 3);
+
+        QVERIFY(!subkeys(parent).contains("Environment"));
+        Registry::setString(environmentKey, "ComSpec", "C:\\windows\\system32\\cmd.exe");
+    }
+};
 
 QTEST_GUILESS_MAIN(HelperEnvironmentTest)
 

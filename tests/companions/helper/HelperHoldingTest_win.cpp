@@ -47,75 +47,70 @@ class HelperHoldingTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void directoriesAreHeld();
-    void endsAtTheFirstDoubt_data();
-    void endsAtTheFirstDoubt();
-};
-
-void HelperHoldingTest::init()
-{
-    QDir(top).removeRecursively();
-    QVERIFY(!QFileInfo::exists(top));
-}
-
-/// Holds the license directory and those above. Others may still create files there.
-void HelperHoldingTest::directoriesAreHeld()
-{
-    const QString license = top + "\\H\\license";
-    QVERIFY(QDir().mkpath(license));
+    void init()
     {
-        const HeldPath directory(toWide(license));
-        QCOMPARE(fromWide(directory.refusal()), QString());
+        QDir(top).removeRecursively();
+        QVERIFY(!QFileInfo::exists(top));
+    }
 
-        QCOMPARE(errorOf(RemoveDirectoryW(wide(license))), DWORD(ERROR_SHARING_VIOLATION));
-        for (const QString &each : {top, top + "\\H", license}) {
-            QCOMPARE(errorOfMoving(each, each + " moved"), DWORD(ERROR_SHARING_VIOLATION));
-            QCOMPARE(errorOfOpening(each, DELETE), DWORD(ERROR_SHARING_VIOLATION));
+    /// Holds the license directory and those above. Others may still create files there.
+    void directoriesAreHeld()
+    {
+        const QString license = top + "\\H\\license";
+        QVERIFY(QDir().mkpath(license));
+        {
+            const HeldPath directory(toWide(license));
+            QCOMPARE(fromWide(directory.refusal()), QString());
+
+            QCOMPARE(errorOf(RemoveDirectoryW(wide(license))), DWORD(ERROR_SHARING_VIOLATION));
+            for (const QString &each : {top, top + "\\H", license}) {
+                QCOMPARE(errorOfMoving(each, each + " moved"), DWORD(ERROR_SHARING_VIOLATION));
+                QCOMPARE(errorOfOpening(each, DELETE), DWORD(ERROR_SHARING_VIOLATION));
+            }
+            makeFile(license + "\\new.dat", "new");
+            QVERIFY(QFile::remove(license + "\\new.dat"));
         }
-        makeFile(license + "\\new.dat", "new");
-        QVERIFY(QFile::remove(license + "\\new.dat"));
+
+        QCOMPARE(errorOf(RemoveDirectoryW(wide(license))), DWORD(ERROR_SUCCESS));
     }
 
-    QCOMPARE(errorOf(RemoveDirectoryW(wide(license))), DWORD(ERROR_SUCCESS));
-}
-
-void HelperHoldingTest::endsAtTheFirstDoubt_data()
-{
-    columns<QString, QString>("path", "refusal");
-    // Wine opens what a link leads to.
-    const QString elsewhere = "\" lies elsewhere than its path says.";
-
-    row("directory", top + "\\H\\license", "");
-    row("link", top + "\\link\\license", '"' + top + "\\link" + elsewhere);
-    row("link at the end", top + "\\H\\link", '"' + top + "\\H\\link" + elsewhere);
-    // The drive with the whole file system also leads to drive C.
-    const QString root = onAnotherDrive("C:\\");
-    row("another drive", root + "\\Holding test\\H\\license", '"' + root + elsewhere);
-    row("missing", top + "\\G\\license", '"' + top + "\\G\" does not exist.");
-    row("file", top + "\\file\\license", '"' + top + "\\file\" is not a directory.");
-}
-
-/// Its target is not opened: an attacker may have chosen it, even on a server.
-void HelperHoldingTest::endsAtTheFirstDoubt()
-{
-    QFETCH(QString, path);
-    QFETCH(QString, refusal);
-    QVERIFY(QDir().mkpath(top + "\\H\\license"));
-    makeFile(top + "\\file", "file");
-    makeSymbolicLink("H", top + "\\link");
-    makeSymbolicLink("license", top + "\\H\\link");
-    QVERIFY(QFileInfo::exists(top + "\\link\\license"));
-    QString stopped;
+    void endsAtTheFirstDoubt_data()
     {
-        const HeldPath directory(toWide(path));
-        stopped = fromWide(directory.refusal());
-    }
-    removeSymbolicLink(top + "\\link");
-    removeSymbolicLink(top + "\\H\\link");
+        columns<QString, QString>("path", "refusal");
+        // Wine opens what a link leads to.
+        const QString elsewhere = "\" lies elsewhere than its path says.";
 
-    QCOMPARE(stopped, refusal);
-}
+        row("directory", top + "\\H\\license", "");
+        row("link", top + "\\link\\license", '"' + top + "\\link" + elsewhere);
+        row("link at the end", top + "\\H\\link", '"' + top + "\\H\\link" + elsewhere);
+        // The drive with the whole file system also leads to drive C.
+        const QString root = onAnotherDrive("C:\\");
+        row("another drive", root + "\\Holding test\\H\\license", '"' + root + elsewhere);
+        row("missing", top + "\\G\\license", '"' + top + "\\G\" does not exist.");
+        row("file", top + "\\file\\license", '"' + top + "\\file\" is not a directory.");
+    }
+
+    /// Its target is not opened: an attacker may have chosen it, even on a server.
+    void endsAtTheFirstDoubt()
+    {
+        QFETCH(QString, path);
+        QFETCH(QString, refusal);
+        QVERIFY(QDir().mkpath(top + "\\H\\license"));
+        makeFile(top + "\\file", "file");
+        makeSymbolicLink("H", top + "\\link");
+        makeSymbolicLink("license", top + "\\H\\link");
+        QVERIFY(QFileInfo::exists(top + "\\link\\license"));
+        QString stopped;
+        {
+            const HeldPath directory(toWide(path));
+            stopped = fromWide(directory.refusal());
+        }
+        removeSymbolicLink(top + "\\link");
+        removeSymbolicLink(top + "\\H\\link");
+
+        QCOMPARE(stopped, refusal);
+    }
+};
 
 QTEST_GUILESS_MAIN(HelperHoldingTest)
 

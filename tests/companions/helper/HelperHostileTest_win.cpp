@@ -69,71 +69,65 @@ class HelperHostileTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void goodLinesWork();
-    void hostile_data();
-    void hostile();
-    void cleanupTestCase();
+    void initTestCase()
+    {
+        prepared = preparedState();
+        QCOMPARE(prepared.variables.size(), 2);
+        QVERIFY(prepared.files.size() > 10);
+    }
+
+    /// The control: otherwise the hostile lines would prove nothing.
+    void goodLinesWork()
+    {
+        QCOMPARE(
+            run(R"(--env HALCONROOT="C:\Helper test\HALCON-20.11" --x64 "C:\Helper test\HALCON-20.11\bin\x64-win64\halconx.dll")")
+                .exitCode,
+            0);
+        QCOMPARE(run(R"(--copy="C:\Helper test\HALCON-20.11\license\license.dat" "C:\Helper test\new.dat")")
+                     .exitCode,
+                 0);
+
+        const State after;
+        QVERIFY(after.variables != prepared.variables);
+        QVERIFY(after.files != prepared.files);
+        QCOMPARE(after.classes.size(), prepared.classes.size() + 1);
+        prepared = preparedState();
+    }
+
+    void hostile_data()
+    {
+        columns<QString, QString>("arguments", "refusal");
+
+        for (const HostileLine &line : HOSTILE_LINES()) {
+            row(line.name, line.arguments, line.refusal);
+        }
+    }
+
+    void hostile()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(QString, refusal);
+
+        const HelperResult result = run(arguments);
+
+        QCOMPARE(result.exitCode, 2);
+        QCOMPARE(QString::fromUtf8(result.errors),
+                 "qz_com_helper: The request was refused. Nothing was changed.\r\n" + refusal + "\r\n");
+        QCOMPARE(result.output, QByteArray());
+    }
+
+    /// Nothing has changed. Checked once for all lines, because a check takes as long as a line; and for each
+    /// line only to name those that changed something.
+    void cleanupTestCase()
+    {
+        if (!(State() == prepared)) {
+            QFAIL(qPrintable("changed the machine: " + changingLines(HOSTILE_LINES()).join("; ")));
+        }
+    }
 
 private:
     State prepared;
 };
-
-void HelperHostileTest::initTestCase()
-{
-    prepared = preparedState();
-    QCOMPARE(prepared.variables.size(), 2);
-    QVERIFY(prepared.files.size() > 10);
-}
-
-/// The control: otherwise the hostile lines would prove nothing.
-void HelperHostileTest::goodLinesWork()
-{
-    QCOMPARE(
-        run(R"(--env HALCONROOT="C:\Helper test\HALCON-20.11" --x64 "C:\Helper test\HALCON-20.11\bin\x64-win64\halconx.dll")")
-            .exitCode,
-        0);
-    QCOMPARE(
-        run(R"(--copy="C:\Helper test\HALCON-20.11\license\license.dat" "C:\Helper test\new.dat")").exitCode,
-        0);
-
-    const State after;
-    QVERIFY(after.variables != prepared.variables);
-    QVERIFY(after.files != prepared.files);
-    QCOMPARE(after.classes.size(), prepared.classes.size() + 1);
-    prepared = preparedState();
-}
-
-void HelperHostileTest::hostile_data()
-{
-    columns<QString, QString>("arguments", "refusal");
-
-    for (const HostileLine &line : HOSTILE_LINES()) {
-        row(line.name, line.arguments, line.refusal);
-    }
-}
-
-void HelperHostileTest::hostile()
-{
-    QFETCH(QString, arguments);
-    QFETCH(QString, refusal);
-
-    const HelperResult result = run(arguments);
-
-    QCOMPARE(result.exitCode, 2);
-    QCOMPARE(QString::fromUtf8(result.errors),
-             "qz_com_helper: The request was refused. Nothing was changed.\r\n" + refusal + "\r\n");
-    QCOMPARE(result.output, QByteArray());
-}
-
-/// Nothing has changed. Checked once for all lines, because a check takes as long as a line; and for each
-/// line only to name those that changed something.
-void HelperHostileTest::cleanupTestCase()
-{
-    if (!(State() == prepared)) {
-        QFAIL(qPrintable("changed the machine: " + changingLines(HOSTILE_LINES()).join("; ")));
-    }
-}
 
 QTEST_GUILESS_MAIN(HelperHostileTest)
 

@@ -144,70 +144,67 @@ class HelperLineFuzzTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void validRequestsAreReadBack();
-    void damagedLinesAreRefusedOrReadAsTheyAre();
-    void damagedHostileLinesAreRefusedOrReadAsTheyAre();
+    void validRequestsAreReadBack()
+    {
+        Generator generator;
+        for (int i = 0; i < 20000; ++i) {
+            const HelperRequest request = generator.request();
+            const std::wstring line = printedRequest(request);
 
-private:
-    /// Counts the lines that were accepted.
-    void check(const std::wstring &line);
-    int accepted = 0;
-};
+            const HelperReading reading =
+                readHelperArguments(argumentsOf(L"\"C:\\a b\\helper.exe\" " + line));
 
-void HelperLineFuzzTest::check(const std::wstring &line)
-{
-    const HelperReading reading = readHelperArguments(line);
-    QCOMPARE(reading.refusal.empty(), reading.request.has_value());
-    if (!reading.request || reading.request->action == HelperAction::showHelp ||
-        reading.request->action == HelperAction::showVersion) {
-        return;
-    }
-    ++accepted;
-    QCOMPARE(fromWide(withoutLastSpace(printedRequest(*reading.request))), fromWide(withoutLastSpace(line)));
-}
-
-void HelperLineFuzzTest::validRequestsAreReadBack()
-{
-    Generator generator;
-    for (int i = 0; i < 20000; ++i) {
-        const HelperRequest request = generator.request();
-        const std::wstring line = printedRequest(request);
-
-        const HelperReading reading = readHelperArguments(argumentsOf(L"\"C:\\a b\\helper.exe\" " + line));
-
-        QVERIFY2(reading.request, qPrintable(fromWide(line + L": " + reading.refusal)));
-        QVERIFY2(sameRequest(*reading.request, request), qPrintable(fromWide(line)));
-    }
-}
-
-void HelperLineFuzzTest::damagedLinesAreRefusedOrReadAsTheyAre()
-{
-    Generator generator;
-    accepted = 0;
-    constexpr int count = 50000;
-    for (int i = 0; i < count; ++i) {
-        check(generator.damaged(printedRequest(generator.request())));
-        if (QTest::currentTestFailed()) {
-            return;
+            QVERIFY2(reading.request, qPrintable(fromWide(line + L": " + reading.refusal)));
+            QVERIFY2(sameRequest(*reading.request, request), qPrintable(fromWide(line)));
         }
     }
-    // Both must happen, or the damage would prove nothing.
-    QVERIFY2(accepted > count / 50, qPrintable(QString::number(accepted)));
-    QVERIFY2(accepted < count / 2, qPrintable(QString::number(accepted)));
-}
 
-void HelperLineFuzzTest::damagedHostileLinesAreRefusedOrReadAsTheyAre()
-{
-    Generator generator;
-    for (int round = 0; round < 50; ++round) {
-        for (const HostileLine &line : hostileLines()) {
-            check(generator.damaged(toWide(line.arguments)));
+    void damagedLinesAreRefusedOrReadAsTheyAre()
+    {
+        Generator generator;
+        accepted = 0;
+        constexpr int count = 50000;
+        for (int i = 0; i < count; ++i) {
+            check(generator.damaged(printedRequest(generator.request())));
             if (QTest::currentTestFailed()) {
                 return;
             }
         }
+        // Both must happen, or the damage would prove nothing.
+        QVERIFY2(accepted > count / 50, qPrintable(QString::number(accepted)));
+        QVERIFY2(accepted < count / 2, qPrintable(QString::number(accepted)));
     }
-}
+
+    void damagedHostileLinesAreRefusedOrReadAsTheyAre()
+    {
+        Generator generator;
+        for (int round = 0; round < 50; ++round) {
+            for (const HostileLine &line : hostileLines()) {
+                check(generator.damaged(toWide(line.arguments)));
+                if (QTest::currentTestFailed()) {
+                    return;
+                }
+            }
+        }
+    }
+
+private:
+    /// Counts the lines that were accepted.
+    void check(const std::wstring &line)
+    {
+        const HelperReading reading = readHelperArguments(line);
+        QCOMPARE(reading.refusal.empty(), reading.request.has_value());
+        if (!reading.request || reading.request->action == HelperAction::showHelp ||
+            reading.request->action == HelperAction::showVersion) {
+            return;
+        }
+        ++accepted;
+        QCOMPARE(fromWide(withoutLastSpace(printedRequest(*reading.request))),
+                 fromWide(withoutLastSpace(line)));
+    }
+
+    int accepted = 0;
+};
 
 QTEST_APPLESS_MAIN(HelperLineFuzzTest)
 

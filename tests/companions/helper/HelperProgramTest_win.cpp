@@ -110,80 +110,73 @@ class HelperProgramTest : public QObject {
 private slots:
     /// Too small to contain Qt.
     void isSmall() { QVERIFY(QFileInfo(HELPER_EXECUTABLE).size() < 1000000); }
-    void printsIntoAPipe();
-    void printsOnAConsole();
-    void startedByTheShell();
-    void boxOnAnErrorWhenVisible();
-    void noBoxWhenHiddenOrWithoutAnError();
+
+    void printsIntoAPipe()
+    {
+        const HelperResult help = run("--help");
+        QCOMPARE(QString::fromUtf8(help.output), helpText);
+        QCOMPARE(help.errors, QByteArray());
+        QCOMPARE(help.exitCode, 0);
+
+        const HelperResult version = run("--version");
+        QCOMPARE(QString::fromUtf8(version.output), versionText);
+        QCOMPARE(version.errors, QByteArray());
+        QCOMPARE(version.exitCode, 0);
+    }
+
+    void printsOnAConsole()
+    {
+        const TestConsole console;
+        const auto start = [](const QString &arguments) {
+            QProcess process;
+            process.setProgram(HELPER_EXECUTABLE);
+            process.setNativeArguments(arguments);
+            process.setProcessChannelMode(QProcess::ForwardedChannels);
+            process.start();
+            return process.waitForFinished(patienceMilliseconds) ? process.exitCode() : -1;
+        };
+
+        QCOMPARE(start("--version"), 0);
+        QCOMPARE(start("--help"), 0);
+        QCOMPARE(start("--größe"), 2);
+
+        QCOMPARE(console.lines().join("\r\n"),
+                 versionText + helpText +
+                     "qz_com_helper: The request was refused. Nothing was changed.\r\n"
+                     "The arguments are not of a known form.\r\n");
+    }
+
+    void startedByTheShell()
+    {
+        QCOMPARE(runByShell(L"--env HALCONROOT=\"C:\\By the shell\\\" --env HALCONARCH=\"x64-win64\" "
+                            L"--env HALCONIMAGES=\"\" --env HALCONEXAMPLES=\"\" "),
+                 DWORD(0));
+        QCOMPARE(values(environmentKey)["HALCONROOT"], plainText("C:\\By the shell\\"));
+        QCOMPARE(values(environmentKey)["HALCONEXAMPLES"], plainText(""));
+        QCOMPARE(runByShell(L"--env PATH=\"C:\\H\" "), DWORD(2));
+    }
+
+    void boxOnAnErrorWhenVisible()
+    {
+        QString text;
+        std::thread user([&text] { text = answerBox(); });
+        const HelperResult result = run("--env PATH=\"C:\\H\" ", Window::visible);
+        user.join();
+
+        QCOMPARE(result.exitCode, 2);
+        QCOMPARE(text, QString("The request was refused. Nothing was changed.\r\nThe variable \"PATH\" is "
+                               "none of HALCON's."));
+    }
+
+    /// A message box would wait for its answer.
+    void noBoxWhenHiddenOrWithoutAnError()
+    {
+        QCOMPARE(run("--env PATH=\"C:\\H\" ", Window::hidden).exitCode, 2);
+        QCOMPARE(run("--env PATH=\"C:\\H\" ", Window::unsaid).exitCode, 2);
+        QCOMPARE(run("--env HALCONROOT=\"C:\\H\" ", Window::visible).exitCode, 0);
+        QCOMPARE(run("--help", Window::visible).exitCode, 0);
+    }
 };
-
-void HelperProgramTest::printsIntoAPipe()
-{
-    const HelperResult help = run("--help");
-    QCOMPARE(QString::fromUtf8(help.output), helpText);
-    QCOMPARE(help.errors, QByteArray());
-    QCOMPARE(help.exitCode, 0);
-
-    const HelperResult version = run("--version");
-    QCOMPARE(QString::fromUtf8(version.output), versionText);
-    QCOMPARE(version.errors, QByteArray());
-    QCOMPARE(version.exitCode, 0);
-}
-
-void HelperProgramTest::printsOnAConsole()
-{
-    const TestConsole console;
-    const auto start = [](const QString &arguments) {
-        QProcess process;
-        process.setProgram(HELPER_EXECUTABLE);
-        process.setNativeArguments(arguments);
-        process.setProcessChannelMode(QProcess::ForwardedChannels);
-        process.start();
-        return process.waitForFinished(patienceMilliseconds) ? process.exitCode() : -1;
-    };
-
-    QCOMPARE(start("--version"), 0);
-    QCOMPARE(start("--help"), 0);
-    QCOMPARE(start("--größe"), 2);
-
-    QCOMPARE(console.lines().join("\r\n"),
-             versionText + helpText +
-                 "qz_com_helper: The request was refused. Nothing was changed.\r\n"
-                 "The arguments are not of a known form.\r\n");
-}
-
-void HelperProgramTest::startedByTheShell()
-{
-    QCOMPARE(runByShell(L"--env HALCONROOT=\"C:\\By the shell\\\" --env HALCONARCH=\"x64-win64\" "
-                        L"--env HALCONIMAGES=\"\" --env HALCONEXAMPLES=\"\" "),
-             DWORD(0));
-    QCOMPARE(values(environmentKey)["HALCONROOT"], plainText("C:\\By the shell\\"));
-    QCOMPARE(values(environmentKey)["HALCONEXAMPLES"], plainText(""));
-    QCOMPARE(runByShell(L"--env PATH=\"C:\\H\" "), DWORD(2));
-}
-
-void HelperProgramTest::boxOnAnErrorWhenVisible()
-{
-    QString text;
-    std::thread user([&text] { text = answerBox(); });
-    const HelperResult result = run("--env PATH=\"C:\\H\" ", Window::visible);
-    user.join();
-
-    QCOMPARE(result.exitCode, 2);
-    QCOMPARE(
-        text,
-        QString(
-            "The request was refused. Nothing was changed.\r\nThe variable \"PATH\" is none of HALCON's."));
-}
-
-/// A message box would wait for its answer.
-void HelperProgramTest::noBoxWhenHiddenOrWithoutAnError()
-{
-    QCOMPARE(run("--env PATH=\"C:\\H\" ", Window::hidden).exitCode, 2);
-    QCOMPARE(run("--env PATH=\"C:\\H\" ", Window::unsaid).exitCode, 2);
-    QCOMPARE(run("--env HALCONROOT=\"C:\\H\" ", Window::visible).exitCode, 0);
-    QCOMPARE(run("--help", Window::visible).exitCode, 0);
-}
 
 QTEST_GUILESS_MAIN(HelperProgramTest)
 

@@ -57,134 +57,124 @@ class HelperReplacementTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void takesThePlace();
-    void goesAway();
-    void directoryLeadsElsewhereByNow();
-    void directoryIsGone();
-
-    void replacesReadOnly();
-    void secondNameStaysReadOnly();
-    void linkIsReplacedItself();
-};
-
-void HelperReplacementTest::init()
-{
-    for (const QString &file : filesIn(license)) {
-        setReadOnly(license + '\\' + file, false);
+    void init()
+    {
+        for (const QString &file : filesIn(license)) {
+            setReadOnly(license + '\\' + file, false);
+        }
+        QDir(top).removeRecursively();
+        QVERIFY(!QFileInfo::exists(top));
+        QVERIFY(QDir().mkpath(license));
+        QVERIFY(QDir().mkpath(elsewhere));
     }
-    QDir(top).removeRecursively();
-    QVERIFY(!QFileInfo::exists(top));
-    QVERIFY(QDir().mkpath(license));
-    QVERIFY(QDir().mkpath(elsewhere));
-}
 
-void HelperReplacementTest::takesThePlace()
-{
-    makeFile(target, "old");
+    void takesThePlace()
+    {
+        makeFile(target, "old");
+        {
+            const HeldPath directory = heldLicense();
+            ReplacementFile replacement(directory, toWide(license));
+            QCOMPARE(replacement.place(), Place::inDirectory);
+            QCOMPARE(filesIn(license).size(), 2);
+            QVERIFY(replacement.write(contents));
+            QCOMPARE(read(target), QByteArray("old"));
+            QVERIFY(replacement.replace(toWide(target)));
+        }
+
+        QCOMPARE(read(target), QByteArray("new"));
+        QCOMPARE(filesIn(license), QStringList{"license.dat"});
+    }
+
+    void goesAway()
+    {
+        {
+            const HeldPath directory = heldLicense();
+            const ReplacementFile replacement(directory, toWide(license));
+            QVERIFY(replacement.write(contents));
+            QCOMPARE(filesIn(license).size(), 1);
+        }
+
+        QCOMPARE(filesIn(license), QStringList());
+    }
+
+    /// An empty directory can be turned into a junction although it is held. Not a byte gets to its target,
+    /// and no name stays there.
+    void directoryLeadsElsewhereByNow()
+    {
+        makeFile(elsewhere + "\\license.dat", "precious");
+        const HeldPath directory = heldLicense();
+        removeOpenDirectory(license);
+        makeSymbolicLink("../precious", license);
+        {
+            ReplacementFile replacement(directory, toWide(license));
+            QCOMPARE(replacement.place(), Place::elsewhere);
+            QVERIFY(!replacement.write(contents));
+            QVERIFY(!replacement.replace(toWide(target)));
+            QCOMPARE(filesIn(elsewhere).size(), 2);
+        }
+        removeSymbolicLink(license);
+
+        QCOMPARE(filesIn(elsewhere), QStringList{"license.dat"});
+        QCOMPARE(read(elsewhere + "\\license.dat"), QByteArray("precious"));
+    }
+
+    void directoryIsGone()
     {
         const HeldPath directory = heldLicense();
+        removeOpenDirectory(license);
+
         ReplacementFile replacement(directory, toWide(license));
-        QCOMPARE(replacement.place(), Place::inDirectory);
-        QCOMPARE(filesIn(license).size(), 2);
-        QVERIFY(replacement.write(contents));
-        QCOMPARE(read(target), QByteArray("old"));
-        QVERIFY(replacement.replace(toWide(target)));
-    }
 
-    QCOMPARE(read(target), QByteArray("new"));
-    QCOMPARE(filesIn(license), QStringList{"license.dat"});
-}
-
-void HelperReplacementTest::goesAway()
-{
-    {
-        const HeldPath directory = heldLicense();
-        const ReplacementFile replacement(directory, toWide(license));
-        QVERIFY(replacement.write(contents));
-        QCOMPARE(filesIn(license).size(), 1);
-    }
-
-    QCOMPARE(filesIn(license), QStringList());
-}
-
-/// An empty directory can be turned into a junction although it is held. Not a byte gets to its target, and
-/// no name stays there.
-void HelperReplacementTest::directoryLeadsElsewhereByNow()
-{
-    makeFile(elsewhere + "\\license.dat", "precious");
-    const HeldPath directory = heldLicense();
-    removeOpenDirectory(license);
-    makeSymbolicLink("../precious", license);
-    {
-        ReplacementFile replacement(directory, toWide(license));
-        QCOMPARE(replacement.place(), Place::elsewhere);
+        QCOMPARE(replacement.place(), Place::none);
         QVERIFY(!replacement.write(contents));
         QVERIFY(!replacement.replace(toWide(target)));
-        QCOMPARE(filesIn(elsewhere).size(), 2);
-    }
-    removeSymbolicLink(license);
-
-    QCOMPARE(filesIn(elsewhere), QStringList{"license.dat"});
-    QCOMPARE(read(elsewhere + "\\license.dat"), QByteArray("precious"));
-}
-
-void HelperReplacementTest::directoryIsGone()
-{
-    const HeldPath directory = heldLicense();
-    removeOpenDirectory(license);
-
-    ReplacementFile replacement(directory, toWide(license));
-
-    QCOMPARE(replacement.place(), Place::none);
-    QVERIFY(!replacement.write(contents));
-    QVERIFY(!replacement.replace(toWide(target)));
-}
-
-void HelperReplacementTest::replacesReadOnly()
-{
-    makeFile(target, "old");
-    setReadOnly(target, true);
-
-    QVERIFY(replaceTarget());
-
-    QCOMPARE(read(target), QByteArray("new"));
-    QVERIFY(!isReadOnly(target));
-}
-
-/// The file's other name may not be that of a licence.
-void HelperReplacementTest::secondNameStaysReadOnly()
-{
-    makeFile(elsewhere + "\\file", "precious");
-    makeHardLink(elsewhere + "\\file", target);
-    setReadOnly(target, true);
-
-    replaceTarget();
-
-    QVERIFY(isReadOnly(elsewhere + "\\file"));
-    QCOMPARE(read(elsewhere + "\\file"), QByteArray("precious"));
-    setReadOnly(elsewhere + "\\file", false);
-}
-
-/// A link that has replaced the file since the check.
-void HelperReplacementTest::linkIsReplacedItself()
-{
-    makeFile(elsewhere + "\\file", "precious");
-    setReadOnly(elsewhere + "\\file", true);
-    makeSymbolicLink("../../precious/file", target);
-
-    const bool replaced = replaceTarget();
-    const QByteArray now = read(target);
-    const bool readOnly = isReadOnly(elsewhere + "\\file");
-    if (!replaced) {
-        removeSymbolicLink(target);
     }
 
-    QVERIFY(readOnly);
-    QCOMPARE(read(elsewhere + "\\file"), QByteArray("precious"));
-    QCOMPARE(now, QByteArray(replaced ? "new" : "precious"));
-    setReadOnly(elsewhere + "\\file", false);
-}
+    void replacesReadOnly()
+    {
+        makeFile(target, "old");
+        setReadOnly(target, true);
+
+        QVERIFY(replaceTarget());
+
+        QCOMPARE(read(target), QByteArray("new"));
+        QVERIFY(!isReadOnly(target));
+    }
+
+    /// The file's other name may not be that of a licence.
+    void secondNameStaysReadOnly()
+    {
+        makeFile(elsewhere + "\\file", "precious");
+        makeHardLink(elsewhere + "\\file", target);
+        setReadOnly(target, true);
+
+        replaceTarget();
+
+        QVERIFY(isReadOnly(elsewhere + "\\file"));
+        QCOMPARE(read(elsewhere + "\\file"), QByteArray("precious"));
+        setReadOnly(elsewhere + "\\file", false);
+    }
+
+    /// A link that has replaced the file since the check.
+    void linkIsReplacedItself()
+    {
+        makeFile(elsewhere + "\\file", "precious");
+        setReadOnly(elsewhere + "\\file", true);
+        makeSymbolicLink("../../precious/file", target);
+
+        const bool replaced = replaceTarget();
+        const QByteArray now = read(target);
+        const bool readOnly = isReadOnly(elsewhere + "\\file");
+        if (!replaced) {
+            removeSymbolicLink(target);
+        }
+
+        QVERIFY(readOnly);
+        QCOMPARE(read(elsewhere + "\\file"), QByteArray("precious"));
+        QCOMPARE(now, QByteArray(replaced ? "new" : "precious"));
+        setReadOnly(elsewhere + "\\file", false);
+    }
+};
 
 QTEST_GUILESS_MAIN(HelperReplacementTest)
 
