@@ -10,24 +10,29 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
 
 const HalconInstallation installation = installationIn("C:\\H");
 
-const QString variableArguments =
-    R"(--env HALCONROOT="C:\H" --env HALCONARCH="x64-win64" --env HALCONIMAGES="" --env HALCONEXAMPLES="" )";
+QString variableArguments(const QString &installDir = "C:\\H")
+{
+    return "--env HALCONROOT=\"" + installDir +
+           "\" --env HALCONARCH=\"x64-win64\" --env HALCONIMAGES=\"\" --env HALCONEXAMPLES=\"\" ";
+}
 
 /// Both check boxes are ticked at first. There is no library to register, so only the option for the
 /// architecture shows that a registration was requested.
-const QString arguments = variableArguments + "--x64";
+const QString arguments = variableArguments() + "--x64";
 
 /// The lines of a dry run, where no variable is set yet.
-QStringList dryRunLines(const QString &helperArguments)
+QStringList dryRunLines(const QString &helperArguments, const QString &installDir = "C:\\H")
 {
     return {
-        "changing environment variable HALCONROOT (scope: user) from\n  to\n C:\\H (scope: system)",
+        "changing environment variable HALCONROOT (scope: user) from\n  to\n " + installDir +
+            " (scope: system)",
         "changing environment variable HALCONARCH (scope: user) from\n  to\n x64-win64 (scope: system)",
         "changing environment variable HALCONIMAGES (scope: user) from\n  to\n  (scope: system)",
         "changing environment variable HALCONEXAMPLES (scope: user) from\n  to\n  (scope: system)",
@@ -36,10 +41,10 @@ QStringList dryRunLines(const QString &helperArguments)
     };
 }
 
-QStringList questionLines(const QString &helperArguments)
+QStringList questionLines(const QString &helperArguments, const QString &installDir = "C:\\H")
 {
     return switchQuestionLines("If you continue, the following changes will be performed.\n\n" +
-                               dryRunLines(helperArguments).join("\n- "));
+                               dryRunLines(helperArguments, installDir).join("\n- "));
 }
 
 QStringList switchedLines()
@@ -108,24 +113,33 @@ private slots:
 
     void checkBoxes_data()
     {
-        // asked: after the variables
-        columns<QStringList, QString>("clicked", "asked");
+        const auto row = columns<QStringList, QStringList>("clicked", "libraries");
 
-        row("as they are at first", QStringList(), "--x64");
-        row("without HALCON COM", QStringList{"cbRegCom"}, "--x64");
-        row("without engine COM", QStringList{"cbRegComEngine"}, "--x64");
-        row("neither", QStringList{"cbRegCom", "cbRegComEngine"}, "");
-        row("neither, by the labels", QStringList{"lRegCom", "lRegComEngine"}, "");
-        row("neither, by the shields", QStringList{"pbUac", "pbUaCEngine"}, "");
-        row("neither, then HALCON COM", QStringList{"cbRegCom", "cbRegComEngine", "lRegCom"}, "--x64");
-        row("neither, then engine COM", QStringList{"lRegCom", "lRegComEngine", "cbRegComEngine"}, "--x64");
+        const QStringList halconCom{"halconx.dll", "halconxxl.dll"};
+        const QStringList engineCom{"hdevenginex.dll", "hdevenginexxl.dll"};
+        row("as they are at first", {}, halconCom + engineCom);
+        row("without HALCON COM", {"cbRegCom"}, engineCom);
+        row("without engine COM", {"cbRegComEngine"}, halconCom);
+        row("without HALCON COM, by the label", {"lRegCom"}, engineCom);
+        row("without engine COM, by the label", {"lRegComEngine"}, halconCom);
+        row("neither", {"cbRegCom", "cbRegComEngine"}, {});
+        row("neither, by the shields", {"pbUac", "pbUaCEngine"}, {});
+        row("neither, then HALCON COM", {"cbRegCom", "cbRegComEngine", "lRegCom"}, halconCom);
+        row("neither, then engine COM", {"lRegCom", "lRegComEngine", "cbRegComEngine"}, engineCom);
     }
 
     void checkBoxes()
     {
         QFETCH(QStringList, clicked);
-        QFETCH(QString, asked);
-        SingleHalconVersionFrame card(installation);
+        QFETCH(QStringList, libraries);
+        const QTemporaryDir directory;
+        // The backslashes are part of the files' names here.
+        const HalconInstallation halcon = installationIn(directory.filePath("H"));
+        const QString bin = halcon.installDir + "\\bin\\x64-win64\\";
+        for (const char *name : {"halconx.dll", "halconxxl.dll", "hdevenginex.dll", "hdevenginexxl.dll"}) {
+            QVERIFY(QFile(bin + name).open(QFile::WriteOnly));
+        }
+        SingleHalconVersionFrame card(halcon);
         card.show();
         QVERIFY(eventuallyExposed(&card));
         for (const QString &name : clicked) {
@@ -136,9 +150,13 @@ private slots:
 
         clickSwitch(card);
 
-        QCOMPARE(boxLines(boxes.shown(), card), questionLines(variableArguments + asked) + switchedLines());
+        QString asked = variableArguments(halcon.installDir);
+        if (!libraries.isEmpty()) {
+            asked += "--x64 \"" + bin + libraries.join("\" \"" + bin) + '"';
+        }
+        QCOMPARE(boxLines(boxes.shown(), card), questionLines(asked, halcon.installDir) + switchedLines());
         QCOMPARE(ElevatedHelperFake::starts().size(), 1);
-        QCOMPARE(ElevatedHelperFake::starts().constFirst().arguments, variableArguments + asked);
+        QCOMPARE(ElevatedHelperFake::starts().constFirst().arguments, asked);
     }
 
     void failure_data()
