@@ -2,8 +2,6 @@
 #include "launch/ElevatedHelper.h"
 #include "tests/card/CardLicenseUser.h"
 #include "tests/launch/ElevatedHelperProgram.h"
-#include "tests/launch/ElevatedHelperShellBox.h"
-#include "tests/support/Rows.h"
 
 #include <QtTest>
 
@@ -44,25 +42,14 @@ private slots:
                                         machine.files.native("license.dat") + '"');
     }
 
-    void helperFails_data()
-    {
-        columns<bool>("dropped"); // and vanished
-
-        row("chosen file", false);
-        row("dropped file", true);
-    }
-
     void helperFails()
     {
-        QFETCH(bool, dropped);
         const EchoChild child; // before the directory for temporary files changes
         const LicensedCard machine;
         const ElevatedHelperProgram helper;
         EchoChild::exitWith(3);
 
-        QVERIFY(installThroughCard(machine.card, dropped
-                                                     ? dropLicense(machine.files.path("license.dat"), false)
-                                                     : choose(machine.files.path("license.dat"))));
+        QVERIFY(installThroughCard(machine.card, dropLicense(machine.files.path("license.dat"), false)));
 
         QCOMPARE(machine.shown(),
                  warningLines(
@@ -71,21 +58,6 @@ private slots:
                      "  helper process returned with value 3. This indicates an error in its execution!"));
         QVERIFY(child.hasRecord());
         QCOMPARE(machine.files.temporaryFiles(), QStringList());
-    }
-
-    void helperIsMissing()
-    {
-        ElevatedHelperProgram::remove();
-        const LicensedCard machine;
-        const ElevatedHelperShellBox shellBox;
-
-        QVERIFY(installThroughCard(machine.card, choose(machine.files.path("license.dat"))));
-
-        QCOMPARE(machine.shown(),
-                 warningLines(
-                     "Error",
-                     "Errors occured during license file copy:\n"
-                     "  helper process returned with value -1. This indicates an error in its execution!"));
     }
 
     /// The user is asked about the directory; it cannot be removed and is still there when the helper reports

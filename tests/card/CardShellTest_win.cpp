@@ -147,26 +147,6 @@ private slots:
         QCOMPARE(boxes.shown().size(), 2);
     }
 
-    void interpreterIsNoProgram()
-    {
-        QFile text(directory.filePath("text.exe"));
-        QVERIFY(text.open(QFile::WriteOnly) && text.write("no program\n") > 0);
-        text.close();
-        const EnvironmentVariable changed("ComSpec", QDir::toNativeSeparators(text.fileName()).toLocal8Bit());
-        SingleHalconVersionFrame card(progressInstallation("x86sse2-win32"));
-        card.show();
-        const MessageBoxes boxes;
-
-        QTest::mouseClick(button(card, "pbShell"), Qt::LeftButton);
-
-        QCOMPARE(
-            boxLines(boxes.shown(), card),
-            warningLines(
-                "Errors",
-                "There were errors in launching a CMD shell for HALCON 20.11.1 Progress (x86sse2-win32):\n" +
-                    createProcessErrorLine(WindowsError::badExeFormat)));
-    }
-
     /// The IDE's button is hidden for such a row, but its slot tries to start it and reports the
     /// system's error.
     void rowWithoutIde()
