@@ -5,7 +5,6 @@
 #include <QDebug>
 #include <QDir>
 #include <QFile>
-#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -115,7 +114,10 @@ PlainDocumentation readPlainly(const QString &root, const QStringList &files)
            manuals + "image_acquisition_interface_programmers_manual/index.html"},
           {"Programmer's Guide", manuals + "programmers_guide/index.html"}}) {
         // A directory of that name counts as well.
-        if (files.contains(path) || !files.filter(QRegularExpression('^' + path + '/')).isEmpty()) {
+        const bool exists = std::any_of(files.begin(), files.end(), [&path = path](const QString &file) {
+            return (file + '/').startsWith(path + '/');
+        });
+        if (exists) {
             found.html.append(lineOf({}, title, root + '/' + path, false));
         }
     }
