@@ -6,7 +6,8 @@
 #include <limits>
 #include <optional>
 
-/// A decimal integer of 32 bits, perhaps with a sign and with spaces around it, read digit by digit.
+/// A decimal integer of 32 bits, perhaps with a sign and with spaces around it, read digit by digit. Qt takes
+/// the minus sign of mathematics, too.
 inline std::optional<int> plainNumber(const QString &text)
 {
     int begin = 0;
@@ -17,7 +18,7 @@ inline std::optional<int> plainNumber(const QString &text)
     while (end > begin && text[end - 1].isSpace()) {
         --end;
     }
-    const bool negative = begin < end && text[begin] == QLatin1Char('-');
+    const bool negative = begin < end && (text[begin] == QLatin1Char('-') || text[begin] == QChar(0x2212));
     if (negative || (begin < end && text[begin] == QLatin1Char('+'))) {
         ++begin;
     }
