@@ -1,5 +1,6 @@
 #include "update/UpdateCheck.h"
 
+#include "tests/support/Messages.h"
 #include "tests/support/Patience.h"
 #include "tests/support/Rows.h"
 #include "tests/support/WebServer.h"
@@ -46,6 +47,22 @@ WebAnswer raw(const QList<QByteArray> &pieces)
     WebAnswer answer;
     answer.pieces = pieces;
     return answer;
+}
+
+/// The start of an answer of 100 MB that never ends.
+WebAnswer endless(const QByteArray &header, const QByteArray &body)
+{
+    WebAnswer answer = inPieces(raw({body}), 20);
+    answer.pieces.prepend("HTTP/1.1 200 OK\r\n" + header + "Content-Length: 100000000\r\n\r\n");
+    answer.closes = false;
+    return answer;
+}
+
+/// As a server compresses it with deflate.
+QByteArray compressed(const QByteArray &bytes)
+{
+    // Before the stream Qt writes the size in 4 bytes.
+    return qCompress(bytes, 9).mid(4);
 }
 
 QUrl address(quint16 port)
@@ -139,6 +156,22 @@ private slots:
         QCOMPARE(check.downloadedData(), QByteArray("contents"));
     }
 
+    /// Nobody is asked for it: the download fails like any other.
+    void proxyThatWantsAPassword()
+    {
+        WebServer server;
+        server.setAnswer("http://www.nobody.example/file.json",
+                         WebAnswer::whole("407 Proxy Authentication Required", "who are you",
+                                          {"Proxy-Authenticate: Basic realm=\"x\""}));
+        const ApplicationProxy proxy(server.asProxy());
+        Download check(QUrl("http://www.nobody.example/file.json"));
+
+        EVENTUALLY_COMPARE(check.ended.count(), 1);
+
+        QCOMPARE(server.targets(), QList<QByteArray>{"http://www.nobody.example/file.json"});
+        QCOMPARE(check.downloadedData(), QByteArray("who are you"));
+    }
+
     void answers_data()
     {
         const auto row = columns<WebAnswer, QByteArray>("answer", "data");
@@ -150,6 +183,9 @@ private slots:
             QByteArray("\0\r\n\r\n\xff\xef\xbb\xbf", 9));
         row("404 with a body", WebAnswer::whole("404 Not Found", "<html>nothing here</html>"),
             "<html>nothing here</html>");
+        row("compressed", WebAnswer::whole("200 OK", compressed(json), {"Content-Encoding: deflate"}), json);
+        row("compressed and cut off",
+            WebAnswer::whole("200 OK", compressed(largeBody()).left(20), {"Content-Encoding: deflate"}), {});
         row("401",
             WebAnswer::whole("401 Unauthorized", "who are you", {"WWW-Authenticate: Basic realm=\"x\""}),
             "who are you");
@@ -197,6 +233,34 @@ private slots:
         EVENTUALLY_COMPARE(check.ended.count(), 1);
 
         QCOMPARE(check.downloadedData(), QByteArray());
+    }
+
+    void tooLarge_data()
+    {
+        columns<WebAnswer>("answer");
+
+        const QByteArray tooMuch(UpdateCheck::largestBody + 1, ' ');
+        row("more than the limit", endless({}, tooMuch));
+        row("small, but much when decompressed",
+            endless("Content-Encoding: deflate\r\n", compressed(tooMuch)));
+    }
+
+    /// Such an answer is as good as none: neither its first part nor its end is waited for.
+    void tooLarge()
+    {
+        QFETCH(WebAnswer, answer);
+        WebServer server;
+        server.setAnswer(path, answer);
+        const LogLines log;
+        Download check(server.url(path));
+
+        EVENTUALLY_COMPARE(check.ended.count(), 1);
+
+        QCOMPARE(check.downloadedData().size(), 0);
+        QCOMPARE(log.lines(), QStringList{"answer of " + server.url(path).toString() +
+                                          " is not read: it has more than 16777216 bytes"});
+        EVENTUALLY_COMPARE(server.openConnections(), 0);
+        QCOMPARE(check.ended.count(), 1);
     }
 
     void dataComeAllAtOnce()
