@@ -6,9 +6,11 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QObject>
 #include <QTemporaryFile>
 #include <QTextStream>
+#include <QUuid>
 
 namespace {
 
@@ -37,17 +39,47 @@ bool writeDroppedContents(QTemporaryFile &file, const QString &source, const QSt
     return written;
 }
 
-void removeExisting(const QString &target)
+/// A name that no file has, in the directory of @p target.
+QString unusedNameBeside(const QString &target)
+{
+    return QFileInfo(target).dir().filePath(
+        QStringLiteral("corvanta-%1.tmp").arg(QUuid::createUuid().toString(QUuid::WithoutBraces)));
+}
+
+void discard(const QString &file)
+{
+    // A copy of a read-only file is read-only itself, and Windows does not delete such a file.
+    QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner);
+    QFile::remove(file);
+}
+
+/// Makes room for a new file at @p target if @p mayRemove. False when there is still an old one.
+bool removeExisting(const QString &target, bool mayRemove)
 {
     if (!QFile::exists(target)) {
-        return;
+        return true;
     }
     DebugLogger::instance().log(QStringLiteral("removing existing file %1").arg(native(target)));
-    if (!QFile::remove(target)) {
+    const bool removed = mayRemove && QFile::remove(target);
+    if (!removed) {
         // The unpaired quote is deliberate.
         DebugLogger::instance().log(
             QStringLiteral("warning: cannot remove existing file %1 \"").arg(native(target)));
     }
+    return removed;
+}
+
+/// Copies @p from over @p target. At any time, also when the disk is full, @p target is the old file or the
+/// whole new one: the old one goes only when the new one lies ready beside it.
+bool copyOver(const QString &from, const QString &target)
+{
+    const QString ready = unusedNameBeside(target);
+    const bool copied = QFile::copy(from, ready);
+    const bool replaced = removeExisting(target, copied) && copied && QFile::rename(ready, target);
+    if (!replaced) {
+        discard(ready);
+    }
+    return replaced;
 }
 
 bool copyElevated(const QString &from, const QString &target, QStringList &errors)
@@ -92,13 +124,9 @@ bool copyLicense(const QString &source, const QString &droppedContents, const QS
         }
         from = temporary.fileName();
     }
-    // The old file is removed only when there is something to replace it with.
     QFile readable(from);
-    if (readable.open(QIODevice::ReadOnly)) {
-        removeExisting(target);
-        if (QFile::copy(from, target)) {
-            return true;
-        }
+    if (readable.open(QIODevice::ReadOnly) && copyOver(from, target)) {
+        return true;
     }
     return copyElevated(from, target, errors);
 }

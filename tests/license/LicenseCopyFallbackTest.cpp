@@ -185,6 +185,52 @@ private slots:
         QCOMPARE(ElevatedHelperFake::starts().size(), 0);
     }
 
+    void noRoomForTheCopy_data()
+    {
+        // old: null when there is none
+        // size: for which the disk has room
+        columns<QByteArray, int>("old", "size");
+
+        row("new", QByteArray(), 0);
+        row("new, one byte missing", QByteArray(), 99999);
+        row("over an old one", QByteArray("the old one"), 0);
+        row("over an old one, one byte missing", QByteArray("the old one"), 99999);
+    }
+
+    /// The helper finds no room either. An old licence stays as it is, and nothing else is left behind.
+    void noRoomForTheCopy()
+    {
+        QFETCH(QByteArray, old);
+        QFETCH(int, size);
+        files.write("license.dat", QByteArray(100000, 'x'));
+        files.makeDirectory("H/license");
+        if (!old.isNull()) {
+            files.write("H/license/license.dat", old);
+        }
+        ElevatedHelperFake::setOutcome(6, true);
+        const LogLines log;
+        QStringList errors{"earlier line"};
+        bool copied = true;
+        {
+            const FullDisk disk(static_cast<rlim_t>(size));
+            copied = install(files, "license.dat", QString(), &errors);
+        }
+
+        QVERIFY(!copied);
+        QCOMPARE(files.read("H/license/license.dat"), old.isNull() ? "(none)" : old);
+        QCOMPARE(
+            QDir(files.path("H/license")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+            old.isNull() ? QStringList() : QStringList{"license.dat"});
+        QCOMPARE(errors, QStringList{"helper process returned with value 6. This indicates an error in its "
+                                     "execution!"});
+        QStringList removal;
+        if (!old.isNull()) {
+            removal = QStringList{"removing existing file " + target,
+                                  "warning: cannot remove existing file " + target + " \""};
+        }
+        QCOMPARE(log.lines(), removal + helperLogLines(files.path("license.dat"), target));
+    }
+
     /// The user reads the errors in his language, a developer the log in English.
     void translated()
     {

@@ -51,6 +51,31 @@ private slots:
         QCOMPARE(files.temporaryFiles(), QStringList());
     }
 
+    void anyDirectory_data()
+    {
+        columns<QString>("name");
+
+        row("300 characters", QString("a deep directory 0123456789/").repeated(11));
+        row("every sign that a name may have", " !#$%&'()+,-.;=@[]^_`{}~ %1 %PATH%/");
+        row("not ASCII", "Gr\u00f6\u00dfe \u691c \u0420 \U0001F600/");
+    }
+
+    void anyDirectory()
+    {
+        QFETCH(QString, name);
+        const LicenseFiles files;
+        const QString target = name + "H/license/license.dat";
+        files.write(name + "license.dat", "new");
+        files.write(target, "old");
+        QStringList errors;
+
+        QVERIFY2(copyLicenseFile(files.native(name + "license.dat"), QString(), files.path(target), &errors),
+                 qPrintable(errors.join('\n')));
+
+        QCOMPARE(files.read(target), QByteArray("new"));
+        QCOMPARE(QDir(files.path(name + "H/license")).entryList(QDir::Files), QStringList{"license.dat"});
+    }
+
     void droppedContentsOfAFileThatIsThere()
     {
         const LicenseFiles files;
