@@ -46,6 +46,27 @@ private slots:
         QVERIFY(!key.contains("name"));
     }
 
+    void unreadableKey_data() { hives(); }
+
+    /// As if it were missing; what is beside it is read.
+    void unreadableKey()
+    {
+        Registry::setString(top + R"(\A)", "name", "secret");
+        Registry::setString(top + R"(\A\B)", "name", "below");
+        Registry::setString(top + R"(\C)", "name", "beside");
+        const Registry::Lock lock(top + R"(\A)", Registry::Lock::Allows::nothing);
+        const CaughtMessages messages;
+
+        const RegistryReader key(top);
+        QCOMPARE(key.childGroups(), (QStringList{"A", "C"}));
+        QVERIFY(!key.contains("A/name"));
+        QVERIFY(!key.value("A/name").isValid());
+        QCOMPARE(key.below("A").childGroups(), QStringList());
+        QCOMPARE(key.below("A").allKeys(), QStringList());
+        QCOMPARE(key.value("C/name"), QVariant("beside"));
+        QCOMPARE(messages.warnings(), QStringList());
+    }
+
     void groupsAndValues_data() { hives(); }
 
     void groupsAndValues()

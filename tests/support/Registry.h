@@ -36,4 +36,18 @@ bool exists(const QString &key);
 /// Removes @p key with everything below it, if it exists.
 void removeTree(const QString &key);
 
+/// While it lives, nobody may write to a key, or even read it, this process included.
+class Lock {
+public:
+    enum class Allows { reading, nothing };
+
+    Lock(const QString &key, Allows allows);
+    Lock(const Lock &) = delete;
+    Lock &operator=(const Lock &) = delete;
+    ~Lock();
+
+private:
+    QString name; ///< as the functions for access rights want it
+};
+
 } // namespace Registry

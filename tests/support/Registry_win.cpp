@@ -5,6 +5,8 @@
 
 #include <windows.h>
 
+#include <aclapi.h>
+
 namespace {
 
 struct Location {
@@ -59,6 +61,14 @@ public:
 private:
     HKEY handle = nullptr;
 };
+
+/// Sets who may do what with a key; a null list permits everything to everybody.
+bool permit(const QString &name, ACL *list)
+{
+    std::wstring changeable = name.toStdWString();
+    return SetNamedSecurityInfoW(changeable.data(), SE_REGISTRY_KEY, DACL_SECURITY_INFORMATION, nullptr,
+                                 nullptr, list, nullptr) == ERROR_SUCCESS;
+}
 
 } // namespace
 
@@ -120,6 +130,30 @@ void removeTree(const QString &key)
     if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND) {
         qFatal("could not remove registry key %s: error %ld", qPrintable(key), status);
     }
+}
+
+Lock::Lock(const QString &key, Allows allows)
+    : name(QString(key)
+               .replace(QLatin1String("HKEY_LOCAL_MACHINE"), QLatin1String("MACHINE"))
+               .replace(QLatin1String("HKEY_CURRENT_USER"), QLatin1String("CURRENT_USER")))
+{
+    wchar_t everyone[] = L"Everyone";
+    EXPLICIT_ACCESSW access = {};
+    access.grfAccessPermissions = allows == Allows::reading ? KEY_READ : READ_CONTROL;
+    access.grfAccessMode = SET_ACCESS;
+    access.Trustee.TrusteeForm = TRUSTEE_IS_NAME;
+    access.Trustee.ptstrName = everyone;
+    PACL list = nullptr;
+    const bool set = SetEntriesInAclW(1, &access, nullptr, &list) == ERROR_SUCCESS && permit(name, list);
+    LocalFree(list);
+    if (!set) {
+        qFatal("could not lock registry key %s", qPrintable(key));
+    }
+}
+
+Lock::~Lock()
+{
+    permit(name, nullptr);
 }
 
 } // namespace Registry

@@ -9,8 +9,6 @@
 
 #include <windows.h>
 
-#include <aclapi.h>
-
 #include <memory>
 
 using HelperMachine::environmentKey;
@@ -62,39 +60,6 @@ private:
     std::unique_ptr<EnvironmentStore> registry = machineEnvironment();
     int failing;
     int writes = 0;
-};
-
-/// While it lives, nobody may change the machine's variables.
-class LockedEnvironment {
-public:
-    LockedEnvironment()
-    {
-        EXPLICIT_ACCESSW readers = {};
-        readers.grfAccessPermissions = KEY_READ;
-        readers.grfAccessMode = SET_ACCESS;
-        readers.Trustee.TrusteeForm = TRUSTEE_IS_NAME;
-        readers.Trustee.ptstrName = name;
-        PACL list = nullptr;
-        const bool set = SetEntriesInAclW(1, &readers, nullptr, &list) == ERROR_SUCCESS &&
-                         SetNamedSecurityInfoW(key, SE_REGISTRY_KEY, DACL_SECURITY_INFORMATION, nullptr,
-                                               nullptr, list, nullptr) == ERROR_SUCCESS;
-        LocalFree(list);
-        if (!set) {
-            qFatal("the key could not be locked: %lu", GetLastError());
-        }
-    }
-    LockedEnvironment(const LockedEnvironment &) = delete;
-    LockedEnvironment &operator=(const LockedEnvironment &) = delete;
-    /// A null access control list permits everything to everybody.
-    ~LockedEnvironment()
-    {
-        SetNamedSecurityInfoW(key, SE_REGISTRY_KEY, DACL_SECURITY_INFORMATION, nullptr, nullptr, nullptr,
-                              nullptr);
-    }
-
-private:
-    wchar_t key[200] = L"MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment";
-    wchar_t name[20] = L"Everyone";
 };
 
 } // namespace
@@ -177,7 +142,7 @@ private slots:
         const Values before = values(environmentKey);
         HelperResult result;
         {
-            const LockedEnvironment locked;
+            const Registry::Lock locked(environmentKey, Registry::Lock::Allows::reading);
             result = run(line({"C:\\H", "x64-win64", "", ""}));
         }
 
