@@ -6,6 +6,8 @@
 #include "tests/app/WindowMachine.h"
 #include "tests/recent/HDevelopSettings.h"
 #include "tests/recent/ShownPrograms.h"
+#include "tests/support/MessageBoxes.h"
+#include "tests/support/Messages.h"
 #include "tests/support/Patience.h"
 #include "tests/support/ProjectVersion.h"
 #include "tests/support/Registry.h"
@@ -140,6 +142,24 @@ private slots:
                  (QStringList{"9.0.0 (x64-win64)", "13.0.0 (x64-win64)", "20.11.0 Progress (x64-win64)"}));
     }
 
+    void twoHundredInstallations()
+    {
+        QStringList expected;
+        for (int major = 1; major <= 200; ++major) {
+            install(QString("%1.0").arg(major));
+            expected.append(QString("%1.0.0 (x64-win64)").arg(major));
+        }
+        MainWindow window;
+        window.show();
+        QVERIFY(eventuallyExposed(&window));
+        QCOMPARE(cardTexts(window), expected);
+        // The last one can be reached and used.
+        auto *area = window.findChild<QScrollArea *>("saHalconVersions");
+        auto *last = area->widget()->layout()->itemAt(199)->widget();
+        area->ensureWidgetVisible(last->findChild<QWidget *>("pbHDevelop"));
+        QVERIFY(!last->findChild<QWidget *>("pbHDevelop")->visibleRegion().isEmpty());
+    }
+
     void cardIsOfItsInstallationAndInTheWindow()
     {
         const MainWindow window;
@@ -195,6 +215,55 @@ private slots:
         click(window, checkBox);
         QCOMPARE(stored(key), QVariant("false"));
         QCOMPARE(QSettings(settingsKey, QSettings::NativeFormat).allKeys(), QStringList{key});
+    }
+
+    void settingsThatCannotBeWritten_data() { restoringDoesNotWrite_data(); }
+
+    /// The choice counts until the program ends, and nothing interrupts the user.
+    void settingsThatCannotBeWritten()
+    {
+        QFETCH(QString, key);
+        QFETCH(QString, checkBox);
+        Registry::createKey(settingsKey);
+        const Registry::Lock lock(settingsKey, Registry::Lock::Allows::reading);
+        const MessageBoxes boxes;
+        const LogLines log;
+        MainWindow window;
+        window.show();
+        QVERIFY(eventuallyExposed(&window));
+
+        click(window, checkBox);
+
+        QVERIFY(window.findChild<QCheckBox *>(checkBox)->isChecked());
+        QVERIFY(!stored(key).isValid());
+        // The download has been asked for, in vain: there is no server.
+        EVENTUALLY_VERIFY(!log.lines().filter("Could not fetch ").isEmpty());
+        QCOMPARE(boxes.shown().size(), 0);
+    }
+
+    /// Neither overwrites what the other one has stored.
+    void twoProgramsShareTheSettings()
+    {
+        MainWindow one;
+        MainWindow other;
+        for (MainWindow *window : {&one, &other}) {
+            window->show();
+            QVERIFY(eventuallyExposed(window));
+        }
+
+        click(one, "cbUpdateCheckHalcon");
+        click(other, "cbUpdateCheckCorvanta");
+
+        QCOMPARE(stored(updateCheckHalcon), QVariant("true"));
+        QCOMPARE(stored(updateCheckCorvanta), QVariant("true"));
+        // Each goes on showing what was chosen in it.
+        QVERIFY(!other.findChild<QCheckBox *>("cbUpdateCheckHalcon")->isChecked());
+        click(one, "cbUpdateCheckHalcon");
+        QCOMPARE(stored(updateCheckHalcon), QVariant("false"));
+        QCOMPARE(stored(updateCheckCorvanta), QVariant("true"));
+        const MainWindow next;
+        QVERIFY(!next.findChild<QCheckBox *>("cbUpdateCheckHalcon")->isChecked());
+        QVERIFY(next.findChild<QCheckBox *>("cbUpdateCheckCorvanta")->isChecked());
     }
 
     void f12ShowsOneDebugDialog()
