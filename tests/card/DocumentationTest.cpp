@@ -244,6 +244,8 @@ private slots:
         row("brackets and braces", "[a-z]{1}");
         row("not ASCII", "Größe 検査");
         row("documentation's own names", "doc/pdf/manuals");
+        row("every sign that a name may have", " !#$%&'()+,-.;=@[]^_`{}~");
+        row("300 characters", QString("a deep directory 0123456789/").repeated(11) + "HALCON");
     }
 
     void namesOfTheInstallation()
