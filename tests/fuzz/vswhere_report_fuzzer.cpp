@@ -100,7 +100,7 @@ PlainReport readPlainly(const QByteArray &report)
 
 QStringList recordsOf(const QByteArray &report)
 {
-    const QStringList records = fieldsOf(parseVswhereReport(report));
+    QStringList records = fieldsOf(parseVswhereReport(report));
     takeLog();
     return records;
 }
