@@ -1,11 +1,8 @@
 """Calls ./fuzz in a made-up tree whose fuzzers are shell scripts."""
-import pathlib
-import shutil
 import subprocess
-import tempfile
 import unittest
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from made_up_tree import MadeUpTreeTest
 
 FILES = {
     "CMakePresets.json": """{
@@ -60,18 +57,11 @@ CASES = [
 ]
 
 
-class FuzzScriptTest(unittest.TestCase):
+class FuzzScriptTest(MadeUpTreeTest):
     def setUp(self):
-        directory = tempfile.TemporaryDirectory()
-        self.addCleanup(directory.cleanup)
-        self.tree = pathlib.Path(directory.name, "a tree")
-        for name, text in FILES.items():
-            file = self.tree / name
-            file.parent.mkdir(parents=True, exist_ok=True)
-            file.write_text(text)
-            file.chmod(0o755)
-        for name in ("fuzz", "tools/common", "tests/fuzz/run"):
-            shutil.copy(ROOT / name, self.tree / name)
+        super().setUp()
+        self.write(FILES)
+        self.copy("fuzz", "tools/common", "tests/fuzz/run")
 
     def call(self, *arguments):
         return subprocess.run([self.tree / "fuzz", *arguments], text=True, stdout=subprocess.PIPE,

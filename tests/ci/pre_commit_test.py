@@ -1,25 +1,18 @@
 """Commits good and bad files to a repository that has the hook."""
 import os
-import pathlib
-import shutil
 import subprocess
-import tempfile
 import unittest
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from made_up_tree import MadeUpTreeTest
 
 GOOD = {"good.cpp": "int good = 1;\n", "script": '#!/usr/bin/env bash\necho "$1"\n'}
 BAD = {"bad.h": "int  bad ;\n", "script": "#!/usr/bin/env bash\nunused=1\n"}
 
 
-class PreCommitTest(unittest.TestCase):
+class PreCommitTest(MadeUpTreeTest):
     def setUp(self):
-        directory = tempfile.TemporaryDirectory()
-        self.addCleanup(directory.cleanup)
-        self.tree = pathlib.Path(directory.name, "a tree")
-        for name in (".clang-format", "tools/common", "tools/hooks/pre-commit"):
-            (self.tree / name).parent.mkdir(parents=True, exist_ok=True)
-            shutil.copy(ROOT / name, self.tree / name)
+        super().setUp()
+        self.copy(".clang-format", "tools/common", "tools/hooks/pre-commit")
         # When this test runs in a git hook, git has set variables of its own.
         self.environment = {name: value for name, value in os.environ.items() if not name.startswith("GIT_")}
         self.environment |= {"GIT_CONFIG_NOSYSTEM": "1", "GIT_CONFIG_GLOBAL": os.devnull}
@@ -32,10 +25,6 @@ class PreCommitTest(unittest.TestCase):
     def git(self, *arguments):
         return subprocess.run(["git", *arguments], cwd=self.tree, env=self.environment, text=True, check=False,
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
-
-    def write(self, files):
-        for name, text in files.items():
-            (self.tree / name).write_text(text)
 
     def commit(self, *arguments):
         return self.git("commit", "-q", "-m", "A change", *arguments)

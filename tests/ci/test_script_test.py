@@ -1,12 +1,10 @@
 """Calls ./test -R in a made-up tree whose build copies shell scripts."""
 import os
-import pathlib
-import shutil
 import subprocess
-import tempfile
 import unittest
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from made_up_tree import MadeUpTreeTest
+
 TIERS = ("host", "windows")
 
 FILES = {
@@ -85,20 +83,13 @@ CASES = [
 ]
 
 
-class TestScriptTest(unittest.TestCase):
+class TestScriptTest(MadeUpTreeTest):
     def setUp(self):
-        directory = tempfile.TemporaryDirectory()
-        self.addCleanup(directory.cleanup)
-        self.tree = pathlib.Path(directory.name, "a tree")
-        for name, text in FILES.items():
-            file = self.tree / name
-            file.parent.mkdir(parents=True, exist_ok=True)
-            file.write_text(text)
-            file.chmod(0o755)
+        super().setUp()
+        self.write(FILES)
+        self.copy("test", "tools/common")
         self.temporary = self.tree / "build" / "temporary"
         self.temporary.mkdir(parents=True)
-        for name in ("test", "tools/common"):
-            shutil.copy(ROOT / name, self.tree / name)
         # Results are only remembered in a repository.
         subprocess.run(["git", "init", "-q", self.tree], check=True)
 
@@ -117,7 +108,7 @@ class TestScriptTest(unittest.TestCase):
                 self.assertEqual(list(self.temporary.iterdir()), [], "sessions of Wine have not been ended")
 
     def test_common_registry(self):
-        (self.tree / "tests/support/end-wine-sessions").write_text("#!/bin/sh\nrmdir \"$1\"\nexit 1\n")
+        self.write({"tests/support/end-wine-sessions": "#!/bin/sh\nrmdir \"$1\"\nexit 1\n"})
         result = self.call("-R", "good", "windows")
         self.assertTrue(result.stdout.endswith("test: the Windows tests disturb each other; see above\n"), result.stdout)
         self.assertEqual(result.returncode, 1)
