@@ -1,7 +1,6 @@
 #include "tests/companions/helper/HelperMachine.h"
 #include "tests/companions/helper/HostileLines.h"
 #include "tests/support/Registry.h"
-#include "tests/support/Rows.h"
 
 #include <QDir>
 #include <QtTest>
@@ -49,16 +48,16 @@ State preparedState()
 /// The lines that change something, found by trying each on a newly prepared machine.
 QStringList changingLines(const QVector<HostileLine> &lines)
 {
-    QStringList names;
+    QStringList changing;
     State before = preparedState();
     for (const HostileLine &line : lines) {
         run(line.arguments);
         if (!(State() == before)) {
-            names.append(line.name);
+            changing.append(line.arguments);
             before = preparedState();
         }
     }
-    return names;
+    return changing;
 }
 
 } // namespace
@@ -94,14 +93,7 @@ private slots:
         prepared = preparedState();
     }
 
-    void hostile_data()
-    {
-        columns<QString, QString>("arguments", "refusal");
-
-        for (const HostileLine &line : HOSTILE_LINES()) {
-            row(line.name, line.arguments, line.refusal);
-        }
-    }
+    void hostile_data() { HostileLines::addRows(HOSTILE_LINES()); }
 
     void hostile()
     {

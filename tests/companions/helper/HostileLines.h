@@ -1,12 +1,10 @@
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 #include <QVector>
 
 /// Arguments that the helper must refuse, and the reason that it gives.
 struct HostileLine {
-    QByteArray name; ///< what is wrong with it
     QString arguments;
     QString refusal;
 };
@@ -15,7 +13,6 @@ struct HostileLine {
 namespace HostileFiles {
 
 constexpr const char *top = "C:\\Helper test";
-constexpr const char *installation = "C:\\Helper test\\HALCON-20.11";
 constexpr const char *binaries = "C:\\Helper test\\HALCON-20.11\\bin\\x64-win64";
 constexpr const char *license = "C:\\Helper test\\HALCON-20.11\\license";
 constexpr const char *destination = "C:\\Helper test\\HALCON-20.11\\license\\license.dat";
@@ -31,7 +28,10 @@ QVector<HostileLine> lines();
 /// Copies, and lines with unacceptable paths, each as a library, a destination and a source.
 QVector<HostileLine> paths();
 
+/// Adds a row for each of the lines, with its arguments and its refusal.
+void addRows(const QVector<HostileLine> &lines);
+
 } // namespace HostileLines
 
-/// All of them, with unique names.
+/// All of them.
 QVector<HostileLine> hostileLines();
