@@ -1,20 +1,10 @@
 #include "companions/helper/HelperLine.h"
 
 #include "tests/companions/helper/HostileLines.h"
-#include "tests/companions/helper/PrintedRequest.h"
 #include "tests/companions/helper/RequestTexts.h"
 #include "tests/support/Rows.h"
 
 #include <QtTest>
-
-namespace {
-
-QString printed(const HelperReading &reading)
-{
-    return reading.request ? fromWide(printedRequest(*reading.request)) : "refused";
-}
-
-} // namespace
 
 class HelperLineTest : public QObject {
     Q_OBJECT
@@ -81,114 +71,55 @@ private slots:
 
             const HelperReading reading = readByHelper(line);
 
-            QVERIFY2(reading.request, qPrintable(line));
-            QCOMPARE(reading.request->action, HelperAction::setMachine);
-            QCOMPARE(assignmentsOf(*reading.request),
-                     (QStringList{"HALCONROOT=" + values[0], "HALCONARCH=" + values[1],
-                                  "HALCONIMAGES=" + values[2], "HALCONEXAMPLES=" + values[3]}));
-            QVERIFY(!reading.request->architecture);
-            QCOMPARE(librariesOf(*reading.request), QStringList());
             QCOMPARE(printed(reading), line);
+            for (std::size_t i = 0; i < 4; ++i) {
+                QCOMPARE(fromWide(reading.request->environment[i].value), values[int(i)]);
+            }
         }
     }
 
-    void someVariables_data()
+    void accepted_data()
     {
-        const auto row = columns<QString, QStringList>("line", "assignments");
+        columns<QString>("line");
 
-        row("one", "--env HALCONROOT=\"C:\\H\" ", {"HALCONROOT=C:\\H"});
-        row("another order", "--env HALCONEXAMPLES=\"e\" --env HALCONARCH=\"a\" --env HALCONROOT=\"r\" ",
-            {"HALCONEXAMPLES=e", "HALCONARCH=a", "HALCONROOT=r"});
+        row("one variable", "--env HALCONROOT=\"C:\\H\" ");
+        row("another order", "--env HALCONEXAMPLES=\"e\" --env HALCONARCH=\"a\" --env HALCONROOT=\"r\" ");
+
+        const QString variables = "--env HALCONROOT=\"C:\\H\\\" --env HALCONIMAGES=\"\" ";
+        row("32-bit without libraries", variables + "--x86");
+        row("64-bit without libraries", variables + "--x64");
+        row("all libraries", variables + R"(--x86 "C:\a b\halconx.dll" "C:\a b\halconxxl.dll" )"
+                                         R"("C:\a b\hdevenginex.dll" "C:\a b\hdevenginexxl.dll")");
+        // One character more is too much.
+        row("longest library", variables + "--x64 \"C:\\" + QString(244, 'x') + "\\halconx.dll\"");
+        for (const char *directory : {"R&D 100% (a=b)^;,'!", "Größe 寸法 😀", "a --x86 --env",
+                                      "NUL\\com1.x\\CON \u00b9x\\aux", ".a\\..b\\c.d"}) {
+            row(directory, variables + "--x64 \"C:\\" + directory + "\\halconx.dll\"");
+        }
+
+        const auto copy = [](const char *name, const QString &destination, const QString &source) {
+            row(name, "--copy=\"" + destination + "\" \"" + source + '"');
+        };
+        copy("spaces", "C:\\Program Files\\H\\license\\my license.dat", "C:\\a b\\new file.dat");
+        copy("source on a share", "C:\\H\\license\\l", "\\\\nas.example.com\\my licences$\\n.dat");
+        copy("source on a share with slashes", "C:\\H\\license\\l", "//nas//share/a/n.dat");
+        copy("source on a share named as a pipe's", "C:\\H\\license\\l", "\\\\pipe\\pipes\\pipe");
+        copy("License in capitals", "C:\\H\\LICENSE\\license.dat", "C:\\new.dat");
+        copy("doubled backslashes", "C:\\H\\\\license\\\\license.dat", "C:\\\\new.dat");
+        copy("slashes and backslashes", "C:/H\\license/license.dat", "C:\\a//b.dat");
+        copy("signs", "C:\\R&D 100% (a=b)^;,'!\\license\\l&m.dat", "C:\\100%\\a & b.dat");
+        copy("not ASCII", "C:\\Prüfstand\\license\\寸法.dat", "C:\\Размер\\😀.dat");
+        copy("options in the paths", "C:\\--env\\license\\--x64", "C:\\--copy=x\\--help");
+        // In literal paths these are names like all others.
+        copy("names of devices", "C:\\NUL\\license\\com1.dat", "C:\\aux\\CON");
+        copy("longest", "C:\\" + QString(4083, 'x') + "\\license\\y", "C:\\" + QString(4093, 'y'));
     }
 
-    void someVariables()
+    /// The values, which could hold a quote, have a test of their own.
+    void accepted()
     {
         QFETCH(QString, line);
-
-        const HelperReading reading = readByHelper(line);
-
-        QVERIFY(reading.request);
-        QTEST(assignmentsOf(*reading.request), "assignments");
-        QCOMPARE(printed(reading), line);
-    }
-
-    void libraries_data()
-    {
-        const auto row = columns<QString, bool, QStringList>("option", "is64Bit", "libraries");
-
-        const QString directory = "C:\\Program Files\\H\\bin\\x64-win64\\";
-        row("none, 64-bit", "--x64", true, {});
-        row("one, 64-bit", "--x64", true, {directory + "halconx.dll"});
-        row("all", "--x64", true,
-            {directory + "halconx.dll", directory + "halconxxl.dll", directory + "hdevenginex.dll",
-             directory + "hdevenginexxl.dll"});
-        // As the program writes it for a directory registered with slashes.
-        row("signs", "--x64", true, {"C:\\R&D 100% (a=b)^;,'!\\halconx.dll"});
-        row("not ASCII", "--x64", true, {"C:\\Größe 寸法 😀\\halconx.dll"});
-        row("options in the path", "--x64", true, {"C:\\a --x86 --env\\halconx.dll"});
-        row("longest", "--x64", true, {"C:\\" + QString(244, 'x') + "\\halconx.dll"});
-        row("names of devices", "--x64", true, {"C:\\NUL\\com1.x\\CON \u00b9x\\aux\\halconx.dll"});
-        row("dots within names", "--x64", true, {"C:\\.a\\..b\\c.d\\halconx.dll"});
-    }
-
-    void libraries()
-    {
-        QFETCH(QString, option);
-        QFETCH(bool, is64Bit);
-        QFETCH(QStringList, libraries);
-        QString line = "--env HALCONROOT=\"C:\\H\\\" --env HALCONARCH=\"x64-win64\" --env HALCONIMAGES=\"\" "
-                       "--env HALCONEXAMPLES=\"\" " +
-                       option;
-        for (const QString &library : libraries) {
-            line += " \"" + library + '"';
-        }
-
-        const HelperReading reading = readByHelper(line);
-
-        QVERIFY2(reading.request, qPrintable(fromWide(reading.refusal)));
-        QVERIFY(reading.request->architecture);
-        QCOMPARE(*reading.request->architecture,
-                 is64Bit ? LibraryArchitecture::x64 : LibraryArchitecture::x86);
-        QCOMPARE(librariesOf(*reading.request), libraries);
-        QCOMPARE(reading.request->environment.size(), std::size_t(4));
-        QCOMPARE(printed(reading), line);
-    }
-
-    void copy_data()
-    {
-        columns<QString, QString>("destination", "source");
-
-        row("plain", "C:\\H\\license\\license.dat", "C:\\new.dat");
-        row("spaces", "C:\\Program Files\\H\\license\\my license.dat", "C:\\a b\\new file.dat");
-        row("source on a share", "C:\\H\\license\\l", "\\\\nas.example.com\\my licences$\\n.dat");
-        row("source on a share with slashes", "C:\\H\\license\\l", "//nas//share/a/n.dat");
-        row("source on a share named as a pipe's", "C:\\H\\license\\l", "\\\\pipe\\pipes\\pipe");
-        row("License in capitals", "C:\\H\\LICENSE\\license.dat", "C:\\new.dat");
-        row("doubled backslashes", "C:\\H\\\\license\\\\license.dat", "C:\\\\new.dat");
-        row("slashes", "C:/H/license/license.dat", "C:/new.dat");
-        row("slashes and backslashes", "C:/H\\license/license.dat", "C:\\a//b.dat");
-        row("signs", "C:\\R&D 100% (a=b)^;,'!\\license\\l&m.dat", "C:\\100%\\a & b.dat");
-        row("not ASCII", "C:\\Prüfstand\\license\\寸法.dat", "C:\\Размер\\😀.dat");
-        row("options in the paths", "C:\\--env\\license\\--x64", "C:\\--copy=x\\--help");
-        // In literal paths these are names like all others.
-        row("names of devices", "C:\\NUL\\license\\com1.dat", "C:\\aux\\CON");
-        row("long", "C:\\" + QString(300, 'x') + "\\license\\license.dat", "C:\\" + QString(300, 'y'));
-    }
-
-    void copy()
-    {
-        QFETCH(QString, destination);
-        QFETCH(QString, source);
-        const QString line = "--copy=\"" + destination + "\" \"" + source + '"';
-
-        const HelperReading reading = readByHelper(line);
-
-        QVERIFY2(reading.request, qPrintable(fromWide(reading.refusal)));
-        QCOMPARE(reading.request->action, HelperAction::copyLicense);
-        QCOMPARE(fromWide(reading.request->destination), destination);
-        QCOMPARE(fromWide(reading.request->source), source);
-        QVERIFY(reading.request->environment.empty());
-        QCOMPARE(printed(reading), line);
+        QCOMPARE(printed(readByHelper(line)), line);
     }
 
     void spacesAround_data()
@@ -213,20 +144,6 @@ private slots:
         QCOMPARE(readByHelper("--help").request->action, HelperAction::showHelp);
         QCOMPARE(readByHelper("--help ").request->action, HelperAction::showHelp);
         QCOMPARE(readByHelper("--version").request->action, HelperAction::showVersion);
-    }
-
-    /// The longest accepted ones; the hostile lines have one character more.
-    void limits()
-    {
-        QVERIFY(readByHelper("--env HALCONROOT=\"" + QString(4096, 'x') + '"').request);
-        const QString library = "C:\\" + QString(244, 'x') + "\\halconx.dll";
-        QCOMPARE(library.size(), 259);
-        QVERIFY(readByHelper("--env HALCONROOT=\"\" --x64 \"" + library + '"').request);
-        const QString destination = "C:\\" + QString(4084, 'x') + "\\license\\";
-        QCOMPARE((destination + 'y').size(), 4097);
-        QVERIFY(!readByHelper("--copy=\"" + destination + "y\" \"C:\\s\"").request);
-        QVERIFY(
-            readByHelper("--copy=\"" + destination.mid(0, 3) + destination.mid(4) + "y\" \"C:\\s\"").request);
     }
 
     void hostile_data()

@@ -164,7 +164,7 @@ QVector<HostileLine> variables()
 QVector<HostileLine> libraries()
 {
     const QString good = allVariables + "--x64" + library;
-    const QString longDirectory = "C:\\" + QString(246, 'x') + "\\";
+    const QString longDirectory = "C:\\" + QString(245, 'x') + "\\";
     return refused(
                {// The architecture: alone, in the wrong place, twice, unknown.
                 "--x64", "--x64" + library, allVariables + library.mid(1),
@@ -233,8 +233,8 @@ QVector<HostileLine> copies()
                          "C:\\Helper test\\HALCON-20.11\\licenses\\license.dat",
                          "C:\\Helper test\\HALCON-20.11\\l\u0456cense\\license.dat", "C:\\license"},
                         notInLicense) +
-           refused({copying("C:\\" + QString(4096, 'x') + "\\license\\license.dat"),
-                    copyingFrom("C:\\" + QString(4096, 'x'))},
+           refused({copying("C:\\" + QString(4074, 'x') + "\\license\\license.dat"),
+                    copyingFrom("C:\\" + QString(4094, 'x'))},
                    tooLong);
 }
 

@@ -40,13 +40,10 @@ private slots:
     {
         columns<QString, QString>("installDir", "exampleRoot");
 
-        row("plain", "C:\\H", "D:\\E");
         row("no examples", "C:\\H", "");
         row("backslash at the end", "C:\\H\\", "D:\\E\\");
-        row("slashes", "C:/T/H", "D:/E");
         row("slash at the end", "C:/T/H/", "D:/E/");
-        row("percent signs", "C:\\100%\\%TEMP%\\%1", "%ProgramData%\\%2");
-        row("other signs", "C:\\R&D (x86)\\a=b^c;d,e'f!g~h", "D:\\[x]{y}@#$ && --copy=");
+        row("signs", "C:\\R&D (x86)\\a=b^c;d,e'f!g~h", "D:\\100%\\%TEMP%[x]{y}@#$ && --copy=");
         row("not ASCII", "C:\\Größe 寸法", "D:\\测量 😀");
     }
 
@@ -55,42 +52,23 @@ private slots:
         QFETCH(QString, installDir);
         QFETCH(QString, exampleRoot);
         const Directory directory;
-        QStringList libraries;
         for (const QString name : {"halconx.dll", "halconxxl.dll", "hdevenginex.dll", "hdevenginexxl.dll"}) {
-            libraries.append(installDir + "\\bin\\x64-win64\\" + name);
-            Directory::makeFile(libraries.constLast());
+            Directory::makeFile(installDir + "\\bin\\x64-win64\\" + name);
         }
-        HalconInstallation installation = installationIn(installDir);
-        installation.setExampleRoot(exampleRoot);
+        const HalconInstallation installation = installationIn(installDir, "x64-win64", exampleRoot);
 
-        const QString line = helperArguments(installation, true, true);
-        const HelperReading reading = readByHelper(line);
-
-        QVERIFY2(reading.request, qPrintable(line + ": " + fromWide(reading.refusal)));
-        QCOMPARE(reading.request->action, HelperAction::setMachine);
-        QCOMPARE(
-            assignmentsOf(*reading.request),
-            (QStringList{
-                "HALCONROOT=" + installDir, "HALCONARCH=x64-win64",
-                "HALCONIMAGES=" + (exampleRoot.isEmpty() ? QString() : exampleRoot + "\\examples\\images"),
-                "HALCONEXAMPLES=" + (exampleRoot.isEmpty() ? QString() : exampleRoot + "\\examples")}));
-        QVERIFY(reading.request->architecture == LibraryArchitecture::x64);
-        QCOMPARE(librariesOf(*reading.request), libraries);
-
-        // A line with only variables ends in a space.
-        const HelperReading variables = readByHelper(helperArguments(installation, false, false));
-        QVERIFY(variables.request);
-        QCOMPARE(assignmentsOf(*variables.request), assignmentsOf(*reading.request));
-        QVERIFY(!variables.request->architecture);
+        for (const bool registering : {true, false}) {
+            const QString line = helperArguments(installation, registering, registering);
+            QCOMPARE(line.count(".dll"), registering ? 4 : 0);
+            QCOMPARE(printed(readByHelper(line)), line);
+        }
     }
 
     void licenseCopy_data()
     {
         columns<QString, QString>("target", "source");
 
-        row("plain", "C:\\H\\license\\license.dat", "C:\\new.dat");
         row("Chinese", "C:\\寸法\\license\\测量.dat", "D:\\😀.dat");
-        row("slashes", "C:/T/H/license/license.dat", "D:/new.dat");
         row("slashes and backslashes", "C:\\H/license/license.dat", "D:\\a/new.dat");
         row("source on a share", "C:\\H\\license\\license.dat", "\\\\server\\share\\new.dat");
         row("percent signs", "C:\\100%\\license\\%1 %2.dat", "D:\\%TEMP%\\%2.dat");
@@ -111,11 +89,8 @@ private slots:
 
         QCOMPARE(ElevatedHelperFake::starts().size(), 1);
         const QString line = ElevatedHelperFake::starts().constFirst().arguments;
-        const HelperReading reading = readByHelper(line);
-        QVERIFY2(reading.request, qPrintable(line + ": " + fromWide(reading.refusal)));
-        QCOMPARE(reading.request->action, HelperAction::copyLicense);
-        QCOMPARE(fromWide(reading.request->destination), target);
-        QCOMPARE(fromWide(reading.request->source), source);
+        QCOMPARE(printed(readByHelper(line)), line);
+        QCOMPARE(line, "--copy=\"" + target + "\" \"" + source + '"');
     }
 };
 
