@@ -12,28 +12,6 @@ namespace {
 
 using Kind = FileFacts::Kind;
 
-FileFacts facts(Kind kind, quint32 error = 0)
-{
-    FileFacts result;
-    result.kind = kind;
-    result.error = error;
-    return result;
-}
-
-FileFacts reparsePoint(Kind kind)
-{
-    FileFacts result = facts(kind);
-    result.reparsePoint = true;
-    return result;
-}
-
-FileFacts elsewhere(Kind kind)
-{
-    FileFacts result = facts(kind);
-    result.elsewhere = true;
-    return result;
-}
-
 } // namespace
 
 class HelperCheckTest : public QObject {
@@ -51,22 +29,23 @@ private slots:
         const QString isDirectory = "\"C:\\a b\\x\" is a directory.";
         const QString noDirectory = "\"C:\\a b\\x\" is not a directory.";
         const QString unreadable = "\"C:\\a b\\x\" cannot be read (Windows' error 5).";
+        const QString unknown = "\"C:\\a b\\x\" cannot be read (Windows' error 0).";
         const QString device = "\"C:\\a b\\x\" is no file on a disk.";
 
-        row("file", facts(Kind::file), "", noDirectory, "");
-        row("directory", facts(Kind::directory), isDirectory, "", isDirectory);
-        row("missing", facts(Kind::unknown, 2), missing, missing, "");
-        row("directory above missing", facts(Kind::unknown, 3), missing, missing, missing);
-        row("unreadable", facts(Kind::unknown, 5), unreadable, unreadable, unreadable);
-        row("device", facts(Kind::other), device, noDirectory, device);
+        row("file", FileFacts{Kind::file}, "", noDirectory, "");
+        row("directory", FileFacts{Kind::directory}, isDirectory, "", isDirectory);
+        row("missing", FileFacts{Kind::unknown, 2}, missing, missing, "");
+        row("directory above missing", FileFacts{Kind::unknown, 3}, missing, missing, missing);
+        row("unreadable", FileFacts{Kind::unknown, 5}, unreadable, unreadable, unreadable);
+        row("nothing is known", FileFacts(), unknown, unknown, unknown);
+        row("device", FileFacts{Kind::other}, device, noDirectory, device);
         // For a file that is only read the way does not matter.
-        row("link to a file", reparsePoint(Kind::file), "", link, link);
-        row("link to a directory", reparsePoint(Kind::directory), isDirectory, link, link);
+        const auto viaLink = [](Kind kind) { return FileFacts{kind, 0, true}; };
+        row("link to a file", viaLink(Kind::file), "", link, link);
+        row("link to a directory", viaLink(Kind::directory), isDirectory, link, link);
+        const auto elsewhere = [](Kind kind) { return FileFacts{kind, 0, false, true}; };
         row("file elsewhere", elsewhere(Kind::file), "", detour, detour);
         row("directory elsewhere", elsewhere(Kind::directory), isDirectory, detour, detour);
-        row("nothing is known", FileFacts(), "\"C:\\a b\\x\" cannot be read (Windows' error 0).",
-            "\"C:\\a b\\x\" cannot be read (Windows' error 0).",
-            "\"C:\\a b\\x\" cannot be read (Windows' error 0).");
     }
 
     void whatIsThere()

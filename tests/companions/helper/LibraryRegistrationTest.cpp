@@ -1,70 +1,52 @@
 #include "companions/helper/LibraryRegistration.h"
 
+#include "tests/support/Rows.h"
 #include "tests/support/WideText.h"
 
 #include <QtTest>
 
 #include <new>
 
+Q_DECLARE_METATYPE(HelperExitCode)
+
 class LibraryRegistrationTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void registersInOrder()
+    void outcome_data()
     {
-        QStringList tried;
+        // results: of the registrations, one after the other; the first may throw an exception
+        const auto row = columns<QStringList, HelperExitCode, QString>("results", "code", "reason");
 
-        const HelperOutcome outcome =
-            registerLibraries({L"C:\\a.dll", L"C:\\b.dll"}, [&tried](const std::wstring &library) {
-                tried.append(fromWide(library));
-                return std::wstring();
-            });
-
-        QCOMPARE(outcome.code, HelperExitCode::done);
-        QCOMPARE(fromWide(outcome.reason), QString());
-        QCOMPARE(tried, (QStringList{"C:\\a.dll", "C:\\b.dll"}));
+        row("none", {}, HelperExitCode::done, "");
+        row("all", {"", ""}, HelperExitCode::done, "");
+        row("some fail", {"failed", "", "took too long and was ended"},
+            HelperExitCode::librariesNotRegistered,
+            "The registration of \"C:\\0?.dll\" failed.\r\n"
+            "The registration of \"C:\\2?.dll\" took too long and was ended.");
+        // The variables are already set, which only the result can report.
+        row("exception", {"exception", ""}, HelperExitCode::librariesNotRegistered, "");
     }
 
-    void goesOnAfterAFailure()
+    /// All are tried, in order, whatever becomes of those before.
+    void outcome()
     {
-        QStringList tried;
+        QFETCH(QStringList, results);
+        std::vector<std::wstring> libraries;
+        for (int i = 0; i < results.size(); ++i) {
+            libraries.push_back(L"C:\\" + std::to_wstring(i) + L"\x202E.dll");
+        }
+        std::vector<std::wstring> tried;
 
-        const HelperOutcome outcome = registerLibraries(
-            {L"C:\\a.dll", L"C:\\b.dll", L"C:\\\x202E.dll"}, [&tried](const std::wstring &library) {
-                tried.append(fromWide(library));
-                const std::wstring results[] = {L"failed", L"", L"took too long and was ended"};
-                return results[tried.size() - 1];
-            });
+        const HelperOutcome outcome = registerLibraries(libraries, [&](const std::wstring &library) {
+            const std::wstring result = toWide(results.at(int(tried.size())));
+            tried.push_back(library);
+            return result == L"exception" ? throw std::bad_alloc() : result;
+        });
 
-        QCOMPARE(outcome.code, HelperExitCode::librariesNotRegistered);
-        QCOMPARE(fromWide(outcome.reason),
-                 QString("The registration of \"C:\\a.dll\" failed.\r\n"
-                         "The registration of \"C:\\?.dll\" took too long and was ended."));
-        QCOMPARE(tried.size(), 3);
-    }
-
-    /// The variables are already set, which only the result can report.
-    void goesOnAfterAnException()
-    {
-        QStringList tried;
-        const auto fail = [&tried](const std::wstring &library) -> std::wstring {
-            tried.append(fromWide(library));
-            return tried.size() == 1 ? throw std::bad_alloc() : std::wstring();
-        };
-
-        const HelperOutcome outcome = registerLibraries({L"C:\\a.dll", L"C:\\b.dll"}, fail);
-
-        QCOMPARE(outcome.code, HelperExitCode::librariesNotRegistered);
-        QCOMPARE(fromWide(outcome.reason), QString());
-        QCOMPARE(tried.size(), 2);
-    }
-
-    void noLibraries()
-    {
-        const HelperOutcome outcome =
-            registerLibraries({}, [](const std::wstring &) { return std::wstring(L"failed"); });
-
-        QCOMPARE(outcome.code, HelperExitCode::done);
+        QVERIFY(tried == libraries);
+        QTEST(outcome.code, "code");
+        QTEST(fromWide(outcome.reason), "reason");
     }
 };
 
