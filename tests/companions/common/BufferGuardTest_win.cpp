@@ -1,7 +1,6 @@
-#include "tests/support/Patience.h"
+#include "tests/support/ProgramResult.h"
 #include "tests/support/Rows.h"
 
-#include <QProcess>
 #include <QtTest>
 
 namespace {
@@ -11,21 +10,10 @@ constexpr auto overrun = static_cast<int>(0xC0000409U);
 /// The exit code of the C library's abort().
 constexpr int aborted = 3;
 
-/// Runs the careless program to its end. Its exit code is -1 when it did not start or did not end.
-int runCareless(const QStringList &arguments, QByteArray *output = nullptr, QByteArray *errors = nullptr)
+ProgramResult runCareless(const QString &arguments)
 {
     QProcess process;
-    process.start(CARELESS_EXECUTABLE, arguments);
-    if (!process.waitForFinished(patienceMilliseconds)) {
-        return -1;
-    }
-    if (output != nullptr) {
-        *output = process.readAllStandardOutput();
-    }
-    if (errors != nullptr) {
-        *errors = process.readAllStandardError();
-    }
-    return process.exitCode();
+    return runProgram(process, CARELESS_EXECUTABLE, arguments);
 }
 
 } // namespace
@@ -46,26 +34,24 @@ private slots:
     {
         QFETCH(QString, mistake);
         QFETCH(int, exitCode);
-        QCOMPARE(runCareless({mistake, "within bounds"}), 0);
-        QCOMPARE(runCareless({mistake}), exitCode);
+        QCOMPARE(runCareless(mistake + " within-bounds").exitCode, 0);
+        QCOMPARE(runCareless(mistake).exitCode, exitCode);
     }
 
     void missingElementIsNamed()
     {
-        QByteArray errors;
-        runCareless({"element"}, nullptr, &errors);
+        const QByteArray errors = runCareless("element").errors;
         QVERIFY2(errors.contains("Assertion '__n < this->size()' failed."), errors.constData());
     }
 
     void guardDiffersFromRunToRun()
     {
-        QByteArray first;
-        QByteArray second;
-        QCOMPARE(runCareless({"guard"}, &first), 0);
-        QCOMPARE(runCareless({"guard"}, &second), 0);
-        QVERIFY2(first != second, first.constData());
+        const ProgramResult first = runCareless("guard");
+        const ProgramResult second = runCareless("guard");
+        QCOMPARE(first.exitCode, 0);
+        QVERIFY2(first.output != second.output, first.output.constData());
         // The byte that stops reading or copying a string.
-        QVERIFY2(first.endsWith("00"), first.constData());
+        QVERIFY2(first.output.endsWith("00"), first.output.constData());
     }
 };
 

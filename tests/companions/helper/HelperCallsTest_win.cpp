@@ -10,7 +10,7 @@
 
 #include <windows.h>
 
-using HelperMachine::makeFile;
+using namespace HelperMachine;
 
 namespace {
 
@@ -40,12 +40,7 @@ BOOL WINAPI recordStart(LPCWSTR program, LPWSTR commandLine, LPSECURITY_ATTRIBUT
 const QString license = "C:\\Calls test\\H\\license";
 const QString target = license + "\\license.dat";
 const QString source = "C:\\Calls test\\new.dat";
-
-QByteArray read(const QString &path)
-{
-    QFile file(path);
-    return file.open(QFile::ReadOnly) ? file.readAll() : "unreadable";
-}
+const std::wstring copyLine = toWide("qz_com_helper --copy=\"" + target + "\" \"" + source + "\"");
 
 /// The contents of the license directory when a file was flushed: the length of each file under its name.
 QVector<QMap<QString, qint64>> flushes;
@@ -147,9 +142,8 @@ private slots:
 
     void nothingIsDoneUnsecured()
     {
-        const std::wstring line = toWide("qz_com_helper --copy=\"" + target + "\" \"" + source + "\"");
         restrictingFails = true;
-        QCOMPARE(runHelper(line), HelperExitCode::internalError);
+        QCOMPARE(runHelper(copyLine), HelperExitCode::internalError);
         QCOMPARE(read(target), QByteArray("old"));
         restrictingFails = false;
     }
@@ -158,15 +152,14 @@ private slots:
     void secureProcess()
     {
         const QString planted = "C:\\Calls test\\planted.dll";
-        HelperMachine::copyFile(PLANTED_LIBRARY, planted);
+        copyFile(PLANTED_LIBRARY, planted);
         const CurrentDirectory directory("C:\\Calls test");
         const HMODULE found = LoadLibraryW(L"planted.dll");
         QVERIFY(found != nullptr);
         FreeLibrary(found);
         SetErrorMode(0);
 
-        const std::wstring line = toWide("qz_com_helper --copy=\"" + target + "\" \"" + source + "\"");
-        QCOMPARE(runHelper(line), HelperExitCode::done);
+        QCOMPARE(runHelper(copyLine), HelperExitCode::done);
 
         QCOMPARE(read(target), QByteArray("the new license"));
         QVERIFY(LoadLibraryW(L"planted.dll") == nullptr);

@@ -11,12 +11,7 @@
 
 #include <memory>
 
-using HelperMachine::environmentKey;
-using HelperMachine::expandableText;
-using HelperMachine::plainText;
-using HelperMachine::run;
-using HelperMachine::subkeys;
-using HelperMachine::values;
+using namespace HelperMachine;
 
 namespace {
 
@@ -33,6 +28,8 @@ QString line(const QStringList &values)
     }
     return result;
 }
+
+const ProgramResult noneSet = failed(3, "A system variable could not be set. All of them are as they were.");
 
 void removeVariables()
 {
@@ -94,11 +91,8 @@ private slots:
             expected[names[i]] = plainText(four[i]);
         }
 
-        const HelperResult result = run(line(four));
+        QCOMPARE(run(line(four)), done());
 
-        QCOMPARE(result.exitCode, 0);
-        QCOMPARE(result.errors, QByteArray());
-        QCOMPARE(result.output, QByteArray());
         QCOMPARE(values(environmentKey), expected);
     }
 
@@ -114,7 +108,7 @@ private slots:
         expected["HALCONIMAGES"] = expandableText("");
         expected["HALCONEXAMPLES"] = plainText("");
 
-        QCOMPARE(run(line({"C:\\H", "x64-win64", "", ""})).exitCode, 0);
+        QCOMPARE(run(line({"C:\\H", "x64-win64", "", ""})), done());
 
         QCOMPARE(values(environmentKey), expected);
     }
@@ -140,16 +134,13 @@ private slots:
     {
         Registry::setString(environmentKey, "HALCONROOT", "before");
         const Values before = values(environmentKey);
-        HelperResult result;
+        ProgramResult result;
         {
             const Registry::Lock locked(environmentKey, Registry::Lock::Allows::reading);
             result = run(line({"C:\\H", "x64-win64", "", ""}));
         }
 
-        QCOMPARE(result.exitCode, 3);
-        QCOMPARE(result.errors,
-                 QByteArray(
-                     "qz_com_helper: A system variable could not be set. All of them are as they were.\r\n"));
+        QCOMPARE(result, noneSet);
         QCOMPARE(values(environmentKey), before);
     }
 
@@ -162,7 +153,7 @@ private slots:
         const QString parent = environmentKey.section('\\', 0, -2);
         QVERIFY(!subkeys(parent).contains("Environment"));
 
-        QCOMPARE(run(line({"C:\\H", "x64-win64", "", ""})).exitCode, 3);
+        QCOMPARE(run(line({"C:\\H", "x64-win64", "", ""})), noneSet);
 
         QVERIFY(!subkeys(parent).contains("Environment"));
         Registry::setString(environmentKey, "ComSpec", "C:\\windows\\system32\\cmd.exe");

@@ -10,10 +10,8 @@
 
 #include <windows.h>
 
-using HelperMachine::makeFile;
-using WineFiles::makeSymbolicLink;
-using WineFiles::onAnotherDrive;
-using WineFiles::removeSymbolicLink;
+using namespace HelperMachine;
+using namespace WineFiles;
 
 namespace {
 
@@ -22,11 +20,6 @@ const QString top = "C:\\Holding test";
 DWORD errorOf(BOOL success)
 {
     return success != 0 ? DWORD(ERROR_SUCCESS) : GetLastError();
-}
-
-DWORD errorOfMoving(const QString &from, const QString &to)
-{
-    return errorOf(MoveFileW(wide(from), wide(to)));
 }
 
 DWORD errorOfOpening(const QString &path, DWORD access)
@@ -64,7 +57,8 @@ private slots:
 
             QCOMPARE(errorOf(RemoveDirectoryW(wide(license))), DWORD(ERROR_SHARING_VIOLATION));
             for (const QString &each : {top, top + "\\H", license}) {
-                QCOMPARE(errorOfMoving(each, each + " moved"), DWORD(ERROR_SHARING_VIOLATION));
+                QCOMPARE(errorOf(MoveFileW(wide(each), wide(each + " moved"))),
+                         DWORD(ERROR_SHARING_VIOLATION));
                 QCOMPARE(errorOfOpening(each, DELETE), DWORD(ERROR_SHARING_VIOLATION));
             }
             makeFile(license + "\\new.dat", "new");

@@ -5,11 +5,7 @@
 #include <QDir>
 #include <QtTest>
 
-using HelperMachine::copyFile;
-using HelperMachine::environmentKey;
-using HelperMachine::makeFile;
-using HelperMachine::run;
-using HelperMachine::subkeys;
+using namespace HelperMachine;
 
 namespace {
 
@@ -17,8 +13,8 @@ const QString classesKey = "HKEY_LOCAL_MACHINE\\Software\\Classes";
 
 /// Everything that a line might change.
 struct State {
-    QMap<QString, QByteArray> variables = HelperMachine::values(environmentKey);
-    QMap<QString, QByteArray> files = HelperMachine::tree(HostileFiles::top);
+    QMap<QString, QByteArray> variables = values(environmentKey);
+    QMap<QString, QByteArray> files = tree(HostileFiles::top);
     QStringList classes = subkeys(classesKey);
 
     bool operator==(const State &other) const
@@ -78,13 +74,11 @@ private slots:
     /// The control: otherwise the hostile lines would prove nothing.
     void goodLinesWork()
     {
-        QCOMPARE(
-            run(R"(--env HALCONROOT="C:\Helper test\HALCON-20.11" --x64 "C:\Helper test\HALCON-20.11\bin\x64-win64\halconx.dll")")
-                .exitCode,
-            0);
-        QCOMPARE(run(R"(--copy="C:\Helper test\HALCON-20.11\license\license.dat" "C:\Helper test\new.dat")")
-                     .exitCode,
-                 0);
+        const QString set = R"(--env HALCONROOT="C:\Helper test\HALCON-20.11" --x64 )"
+                            R"("C:\Helper test\HALCON-20.11\bin\x64-win64\halconx.dll")";
+        QCOMPARE(run(set), done());
+        QCOMPARE(run(R"(--copy="C:\Helper test\HALCON-20.11\license\license.dat" "C:\Helper test\new.dat")"),
+                 done());
 
         const State after;
         QVERIFY(after.variables != prepared.variables);
@@ -100,12 +94,7 @@ private slots:
         QFETCH(QString, arguments);
         QFETCH(QString, refusal);
 
-        const HelperResult result = run(arguments);
-
-        QCOMPARE(result.exitCode, 2);
-        QCOMPARE(QString::fromUtf8(result.errors),
-                 "qz_com_helper: The request was refused. Nothing was changed.\r\n" + refusal + "\r\n");
-        QCOMPARE(result.output, QByteArray());
+        QCOMPARE(run(arguments), HelperMachine::refused(refusal));
     }
 
     /// Nothing has changed. Checked once for all lines, because a check takes as long as a line; and for each

@@ -1,3 +1,4 @@
+#include "companions/common/WindowsHandle.h"
 #include "launch/PermanentSwitch.h"
 #include "tests/companions/helper/HelperMachine.h"
 #include "tests/launch/ElevatedHelperProgram.h"
@@ -12,30 +13,21 @@
 
 #include <tlhelp32.h>
 
-#include <memory>
 #include <thread>
 
 namespace {
 
-using Handle = std::unique_ptr<void, decltype(&CloseHandle)>;
-
-bool libraryHangs()
-{
-    const Handle mutex(OpenMutexW(SYNCHRONIZE, FALSE, L"CorvantaHangingLibrary"), &CloseHandle);
-    return mutex != nullptr;
-}
-
 /// Ends the helper with @p exitCode, wherever it is.
 bool killHelper(unsigned exitCode)
 {
-    const Handle processes(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0), &CloseHandle);
+    const WindowsHandle processes(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
     PROCESSENTRY32W entry = {};
     entry.dwSize = sizeof(entry);
     bool killed = false;
     for (BOOL more = Process32FirstW(processes.get(), &entry); more != 0;
          more = Process32NextW(processes.get(), &entry)) {
         if (QString::fromWCharArray(entry.szExeFile) == "qz_com_helper.exe") {
-            const Handle helper(OpenProcess(PROCESS_TERMINATE, FALSE, entry.th32ProcessID), &CloseHandle);
+            const WindowsHandle helper(OpenProcess(PROCESS_TERMINATE, FALSE, entry.th32ProcessID));
             killed = TerminateProcess(helper.get(), exitCode) != 0;
         }
     }
@@ -49,7 +41,7 @@ bool killHalfway(unsigned exitCode)
     const QDeadlineTimer patience(patienceMilliseconds);
     while (!killed && !patience.hasExpired()) {
         Sleep(10);
-        killed = libraryHangs() && killHelper(exitCode);
+        killed = HelperMachine::libraryHangs() && killHelper(exitCode);
     }
     return killed;
 }
@@ -61,50 +53,46 @@ class HelperKilledTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void switchIsToldAndCanBeRepeated();
+    /// The variables stay as they were set, and the second time the rest is done.
+    void switchIsToldAndCanBeRepeated()
+    {
+        constexpr unsigned exitCode = 77;
+        clearVariables();
+        const QTemporaryDir directory;
+        const HalconInstallation halcon = installationIn(QDir::toNativeSeparators(directory.path()));
+        const QString library = halcon.installDir + "\\bin\\x64-win64\\halconx.dll";
+        HelperMachine::copyFile(HANGING_LIBRARY, library);
+        const ElevatedHelperProgram helper(HELPER_EXECUTABLE);
+        const WindowsHandle mayEnd(CreateEventW(nullptr, TRUE, FALSE, L"CorvantaHangingLibraryMayEnd"));
+        QStringList lines;
+        bool killed = false;
+
+        // The program waits for its helper.
+        std::thread killer([&] { killed = killHalfway(exitCode); });
+        const bool succeeded = permanentSwitch(halcon, true, true, false, &lines);
+        killer.join();
+
+        QVERIFY(killed);
+        QVERIFY(!succeeded);
+        QCOMPARE(lines.mid(5), (QStringList{"helper process returned with value 77. "
+                                            "This indicates an error in the execution!",
+                                            broadcastLine}));
+        const auto expectSwitched = [&] {
+            const auto values = HelperMachine::values(HelperMachine::environmentKey);
+            QCOMPARE(values["HALCONROOT"], HelperMachine::plainText(halcon.installDir));
+            QCOMPARE(values["HALCONARCH"], HelperMachine::plainText("x64-win64"));
+            QCOMPARE(values["HALCONIMAGES"], HelperMachine::plainText(""));
+            QCOMPARE(values["HALCONEXAMPLES"], HelperMachine::plainText(""));
+        };
+        expectSwitched();
+
+        // From now on the library does not hang any more.
+        QVERIFY(SetEvent(mayEnd.get()) != 0);
+        lines.clear();
+        QVERIFY2(permanentSwitch(halcon, true, true, false, &lines), qPrintable(lines.join('\n')));
+        expectSwitched();
+    }
 };
-
-/// The variables stay as they were set, and the second time the rest is done.
-void HelperKilledTest::switchIsToldAndCanBeRepeated()
-{
-    constexpr unsigned exitCode = 77;
-    clearVariables();
-    const QTemporaryDir directory;
-    const HalconInstallation halcon = installationIn(QDir::toNativeSeparators(directory.path()));
-    const QString library = halcon.installDir + "\\bin\\x64-win64\\halconx.dll";
-    HelperMachine::copyFile(HANGING_LIBRARY, library);
-    const ElevatedHelperProgram helper(HELPER_EXECUTABLE);
-    const Handle mayEnd(CreateEventW(nullptr, TRUE, FALSE, L"CorvantaHangingLibraryMayEnd"), &CloseHandle);
-    QStringList lines;
-    bool killed = false;
-    bool succeeded = true;
-
-    // The program waits for its helper.
-    std::thread killer([&] { killed = killHalfway(exitCode); });
-    succeeded = permanentSwitch(halcon, true, true, false, &lines);
-    killer.join();
-
-    QVERIFY(killed);
-    QVERIFY(!succeeded);
-    QCOMPARE(lines.mid(5), (QStringList{"helper process returned with value 77. "
-                                        "This indicates an error in the execution!",
-                                        broadcastLine}));
-    using HelperMachine::plainText;
-    const auto expectSwitched = [&] {
-        const auto values = HelperMachine::values(HelperMachine::environmentKey);
-        QCOMPARE(values["HALCONROOT"], plainText(halcon.installDir));
-        QCOMPARE(values["HALCONARCH"], plainText("x64-win64"));
-        QCOMPARE(values["HALCONIMAGES"], plainText(""));
-        QCOMPARE(values["HALCONEXAMPLES"], plainText(""));
-    };
-    expectSwitched();
-
-    // From now on the library does not hang any more.
-    QVERIFY(SetEvent(mayEnd.get()) != 0);
-    lines.clear();
-    QVERIFY2(permanentSwitch(halcon, true, true, false, &lines), qPrintable(lines.join('\n')));
-    expectSwitched();
-}
 
 QTEST_GUILESS_MAIN(HelperKilledTest)
 

@@ -1,16 +1,11 @@
 #pragma once
 
+#include "tests/support/ProgramResult.h"
+
 #include <QByteArray>
 #include <QMap>
 #include <QString>
 #include <QStringList>
-
-/// The result of a run of the helper.
-struct HelperResult {
-    int exitCode = -1; ///< unchanged when it did not start or did not end by itself
-    QByteArray output;
-    QByteArray errors;
-};
 
 /// The real helper and the machine that it changes. Windows only. A failure of a call ends the test program.
 namespace HelperMachine {
@@ -22,7 +17,16 @@ extern const QString environmentKey;
 enum class Window { unsaid, hidden, visible };
 
 /// Starts the helper with exactly these arguments and waits for its end.
-HelperResult run(const QString &arguments, Window window = Window::unsaid);
+ProgramResult run(const QString &arguments, Window window = Window::unsaid);
+
+/// The result of a run that has done everything and says nothing.
+ProgramResult done();
+
+/// The result of a run that ends with this exit code and tells the user of it, with a reason or without.
+ProgramResult failed(int exitCode, const QString &text, const QString &reason = QString());
+
+/// The result of a run that refuses, for this reason.
+ProgramResult refused(const QString &reason);
 
 /// The values of a registry key: for each name its type, a space, and its bytes in hexadecimal.
 QMap<QString, QByteArray> values(const QString &key);
@@ -40,6 +44,9 @@ QStringList subkeys(const QString &key);
 /// Everything below a directory: for each path "directory", or a file's attributes and contents.
 QMap<QString, QByteArray> tree(const QString &directory);
 
+/// The contents of a file; "unreadable" when it cannot be read.
+QByteArray read(const QString &path);
+
 /// Makes a file, and the directories above it.
 void makeFile(const QString &path, const QByteArray &contents);
 
@@ -51,5 +58,8 @@ void makeHardLink(const QString &file, const QString &link);
 
 void setReadOnly(const QString &file, bool readOnly);
 bool isReadOnly(const QString &file);
+
+/// Whether a library is being registered whose registration hangs.
+bool libraryHangs();
 
 } // namespace HelperMachine

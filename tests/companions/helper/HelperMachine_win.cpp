@@ -1,12 +1,11 @@
+#include "companions/common/WindowsHandle.h"
 #include "tests/companions/helper/HelperMachine.h"
-#include "tests/support/Patience.h"
 #include "tests/support/WideText.h"
 
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 
 #include <windows.h>
 
@@ -57,14 +56,9 @@ QByteArray describedText(DWORD type, const QString &text)
     return described(type, reinterpret_cast<const char *>(text.utf16()), (text.size() + 1) * 2);
 }
 
-QByteArray describedFile(const QString &path)
+QByteArray attributesOf(const QString &path)
 {
-    QFile file(path);
-    if (!file.open(QFile::ReadOnly)) {
-        return "unreadable";
-    }
-    return QByteArray::number(quint32(GetFileAttributesW(wide(QDir::toNativeSeparators(path)))), 16) + ' ' +
-           file.readAll();
+    return QByteArray::number(quint32(GetFileAttributesW(wide(QDir::toNativeSeparators(path)))), 16);
 }
 
 } // namespace
@@ -74,25 +68,30 @@ namespace HelperMachine {
 const QString environmentKey =
     R"(HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Control\Session Manager\Environment)";
 
-HelperResult run(const QString &arguments, Window window)
+ProgramResult run(const QString &arguments, Window window)
 {
     QProcess process;
-    process.setProgram(HELPER_EXECUTABLE);
-    process.setNativeArguments(arguments);
     process.setCreateProcessArgumentsModifier([window](QProcess::CreateProcessArguments *created) {
         created->startupInfo->dwFlags |= window == Window::unsaid ? 0 : STARTF_USESHOWWINDOW;
         created->startupInfo->wShowWindow = window == Window::visible ? SW_SHOW : SW_HIDE;
     });
-    process.start();
-    HelperResult result;
-    if (process.waitForFinished(patienceMilliseconds) && process.exitStatus() == QProcess::NormalExit) {
-        result.exitCode = process.exitCode();
-        result.output = process.readAllStandardOutput();
-        result.errors = process.readAllStandardError();
-    } else {
-        qWarning("the helper did not end: %s", qPrintable(process.errorString()));
-    }
-    return result;
+    return runProgram(process, HELPER_EXECUTABLE, arguments);
+}
+
+ProgramResult done()
+{
+    return {};
+}
+
+ProgramResult failed(int exitCode, const QString &text, const QString &reason)
+{
+    const QString lines = "qz_com_helper: " + text + "\r\n" + (reason.isEmpty() ? "" : reason + "\r\n");
+    return {exitCode, {}, lines.toUtf8()};
+}
+
+ProgramResult refused(const QString &reason)
+{
+    return failed(2, "The request was refused. Nothing was changed.", reason);
 }
 
 QMap<QString, QByteArray> values(const QString &key)
@@ -158,9 +157,16 @@ QMap<QString, QByteArray> tree(const QString &directory)
                          QDirIterator::Subdirectories);
     while (entries.hasNext()) {
         const QString path = entries.next();
-        result.insert(path, entries.fileInfo().isDir() ? QByteArray("directory") : describedFile(path));
+        result.insert(path, entries.fileInfo().isDir() ? QByteArray("directory")
+                                                       : attributesOf(path) + ' ' + read(path));
     }
     return result;
+}
+
+QByteArray read(const QString &path)
+{
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? file.readAll() : "unreadable";
 }
 
 void makeFile(const QString &path, const QByteArray &contents)
@@ -191,6 +197,11 @@ bool isReadOnly(const QString &file)
 {
     const DWORD attributes = GetFileAttributesW(wide(file));
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+}
+
+bool libraryHangs()
+{
+    return WindowsHandle(OpenMutexW(SYNCHRONIZE, FALSE, L"CorvantaHangingLibrary")).get() != nullptr;
 }
 
 } // namespace HelperMachine

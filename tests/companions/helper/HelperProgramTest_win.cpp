@@ -4,9 +4,7 @@
 #include "tests/support/ProjectVersion.h"
 #include "tests/support/WideText.h"
 
-#include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QtTest>
 
 #include <windows.h>
@@ -15,15 +13,11 @@
 
 #include <thread>
 
-using HelperMachine::environmentKey;
-using HelperMachine::plainText;
-using HelperMachine::run;
-using HelperMachine::values;
-using HelperMachine::Window;
+using namespace HelperMachine;
 
 namespace {
 
-const QString helpText =
+const QByteArray helpText =
     "Usage: qz_com_helper --env NAME=\"VALUE\" [--env NAME=\"VALUE\"]... [--x86|--x64 [\"LIBRARY\"]...]\r\n"
     "       qz_com_helper --copy=\"DESTINATION\" \"SOURCE\"\r\n"
     "       qz_com_helper --help\r\n"
@@ -51,7 +45,10 @@ const QString helpText =
     "  5  the variables are set, but not every library is registered\r\n"
     "  6  the file could not be copied; the old one holds what it held\r\n";
 
-const QString versionText = "qz_com_helper " + projectVersion() + " (Corvanta for HALCON)\r\n";
+const QByteArray versionText = "qz_com_helper " + projectVersion().toUtf8() + " (Corvanta for HALCON)\r\n";
+
+/// The refusal of a line that sets this variable.
+const QString noPath = "The variable \"PATH\" is none of HALCON's.";
 
 /// The texts in a message box, one after the other.
 QString textsIn(HWND box)
@@ -113,37 +110,25 @@ private slots:
 
     void printsIntoAPipe()
     {
-        const HelperResult help = run("--help");
-        QCOMPARE(QString::fromUtf8(help.output), helpText);
-        QCOMPARE(help.errors, QByteArray());
-        QCOMPARE(help.exitCode, 0);
-
-        const HelperResult version = run("--version");
-        QCOMPARE(QString::fromUtf8(version.output), versionText);
-        QCOMPARE(version.errors, QByteArray());
-        QCOMPARE(version.exitCode, 0);
+        QCOMPARE(run("--help"), (ProgramResult{0, helpText, ""}));
+        QCOMPARE(run("--version"), (ProgramResult{0, versionText, ""}));
     }
 
     void printsOnAConsole()
     {
         const TestConsole console;
-        const auto start = [](const QString &arguments) {
+        const auto exitCode = [](const QString &arguments) {
             QProcess process;
-            process.setProgram(HELPER_EXECUTABLE);
-            process.setNativeArguments(arguments);
             process.setProcessChannelMode(QProcess::ForwardedChannels);
-            process.start();
-            return process.waitForFinished(patienceMilliseconds) ? process.exitCode() : -1;
+            return runProgram(process, HELPER_EXECUTABLE, arguments).exitCode;
         };
 
-        QCOMPARE(start("--version"), 0);
-        QCOMPARE(start("--help"), 0);
-        QCOMPARE(start("--größe"), 2);
+        QCOMPARE(exitCode("--version"), 0);
+        QCOMPARE(exitCode("--help"), 0);
+        QCOMPARE(exitCode("--größe"), 2);
 
-        QCOMPARE(console.lines().join("\r\n"),
-                 versionText + helpText +
-                     "qz_com_helper: The request was refused. Nothing was changed.\r\n"
-                     "The arguments are not of a known form.\r\n");
+        QCOMPARE(console.lines().join("\r\n").toUtf8(),
+                 versionText + helpText + refused("The arguments are not of a known form.").errors);
     }
 
     void startedByTheShell()
@@ -160,20 +145,19 @@ private slots:
     {
         QString text;
         std::thread user([&text] { text = answerBox(); });
-        const HelperResult result = run("--env PATH=\"C:\\H\" ", Window::visible);
+        const ProgramResult result = run("--env PATH=\"C:\\H\" ", Window::visible);
         user.join();
 
         QCOMPARE(result.exitCode, 2);
-        QCOMPARE(text, QString("The request was refused. Nothing was changed.\r\nThe variable \"PATH\" is "
-                               "none of HALCON's."));
+        QCOMPARE(text, "The request was refused. Nothing was changed.\r\n" + noPath);
     }
 
     /// A message box would wait for its answer.
     void noBoxWhenHiddenOrWithoutAnError()
     {
-        QCOMPARE(run("--env PATH=\"C:\\H\" ", Window::hidden).exitCode, 2);
-        QCOMPARE(run("--env PATH=\"C:\\H\" ", Window::unsaid).exitCode, 2);
-        QCOMPARE(run("--env HALCONROOT=\"C:\\H\" ", Window::visible).exitCode, 0);
+        QCOMPARE(run("--env PATH=\"C:\\H\" ", Window::hidden), refused(noPath));
+        QCOMPARE(run("--env PATH=\"C:\\H\" ", Window::unsaid), refused(noPath));
+        QCOMPARE(run("--env HALCONROOT=\"C:\\H\" ", Window::visible), done());
         QCOMPARE(run("--help", Window::visible).exitCode, 0);
     }
 };

@@ -11,21 +11,11 @@
 #include <QDir>
 #include <QtTest>
 
-#include <windows.h>
-
 #include <array>
 #include <list>
 
-using HelperMachine::copyFile;
-using HelperMachine::defaultText;
-using HelperMachine::environmentKey;
-using HelperMachine::makeFile;
-using HelperMachine::plainText;
-using HelperMachine::run;
-using HelperMachine::values;
-using WineFiles::makeSymbolicLink;
-using WineFiles::Mapping;
-using WineFiles::removeSymbolicLink;
+using namespace HelperMachine;
+using namespace WineFiles;
 using namespace std::chrono_literals;
 
 namespace {
@@ -63,15 +53,6 @@ QStringList recordedVariables(const QString &library)
     const QByteArray bytes = record.open(QFile::ReadOnly) ? record.readAll() : QByteArray();
     return QString::fromUtf16(reinterpret_cast<const ushort *>(bytes.constData()), bytes.size() / 2)
         .split(QChar(), Qt::SkipEmptyParts);
-}
-
-bool hangs()
-{
-    const HANDLE mutex = OpenMutexW(SYNCHRONIZE, FALSE, L"CorvantaHangingLibrary");
-    if (mutex != nullptr) {
-        CloseHandle(mutex);
-    }
-    return mutex != nullptr;
 }
 
 HelperRequest request(const QStringList &libraries)
@@ -118,10 +99,8 @@ private slots:
             libraries.append(path(name + ".dll"));
         }
 
-        const HelperResult result = run(line("--x64", libraries));
+        QCOMPARE(run(line("--x64", libraries)), done());
 
-        QCOMPARE(result.errors, QByteArray());
-        QCOMPARE(result.exitCode, 0);
         for (int i = 0; i < 4; ++i) {
             QCOMPARE(registeredPath(names[i]), libraries[i]);
         }
@@ -143,10 +122,8 @@ private slots:
         QFETCH(QString, written);
         QVERIFY(written != path("halconx.dll"));
 
-        const HelperResult result = run(line("--x64", {written}));
+        QCOMPARE(run(line("--x64", {written})), done());
 
-        QCOMPARE(result.errors, QByteArray());
-        QCOMPARE(result.exitCode, 0);
         QCOMPARE(registeredPath("halconx"), path("halconx.dll"));
     }
 
@@ -195,15 +172,10 @@ private slots:
         QVERIFY(QFile::remove(path("halconxxl.dll")));
         copyFile(FAILING_LIBRARY, path("halconxxl.dll"));
 
-        const HelperResult result =
-            run(line("--x64", {path("halconx.dll"), path("halconxxl.dll"), path("hdevenginex.dll")}));
+        QCOMPARE(run(line("--x64", {path("halconx.dll"), path("halconxxl.dll"), path("hdevenginex.dll")})),
+                 failed(5, "The system variables are set, but not every COM library could be registered.",
+                        "The registration of \"" + path("halconxxl.dll") + "\" failed."));
 
-        QCOMPARE(
-            QString::fromUtf8(result.errors),
-            "qz_com_helper: The system variables are set, but not every COM library could be registered.\r\n"
-            "The registration of \"" +
-                path("halconxxl.dll") + "\" failed.\r\n");
-        QCOMPARE(result.exitCode, 5);
         QCOMPARE(registeredPath("halconx"), path("halconx.dll"));
         QCOMPARE(registeredPath("hdevenginex"), path("hdevenginex.dll"));
         QCOMPARE(values(environmentKey)["HALCONROOT"], plainText("C:\\H\\"));
@@ -211,19 +183,16 @@ private slots:
 
     void noneToRegister()
     {
-        QCOMPARE(run(line("--x64", {})).exitCode, 0);
-        QCOMPARE(run(line("--x86", {})).exitCode, 0);
+        QCOMPARE(run(line("--x64", {})), done());
+        QCOMPARE(run(line("--x86", {})), done());
     }
 
     void refuses_data()
     {
         columns<QString, QString>("library", "reason");
-        const auto row = [](const char *name, const QString &library, const QString &reason) {
-            ::row(name, library, '"' + library + "\"" + reason);
-        };
 
-        row("missing", top + "\\missing\\halconx.dll", " does not exist.");
-        row("directory", top + "\\directory\\halconx.dll", " is a directory.");
+        row("missing", top + "\\missing\\halconx.dll", "does not exist");
+        row("directory", top + "\\directory\\halconx.dll", "is a directory");
     }
 
     /// Neither the variables nor the good library in front are touched.
@@ -232,14 +201,11 @@ private slots:
         QFETCH(QString, library);
         QFETCH(QString, reason);
         QVERIFY(QDir().mkpath(top + "\\directory\\halconx.dll"));
-        makeFile(top + "\\file", "a file");
         const auto before = values(environmentKey);
 
-        const HelperResult result = run(line("--x64", {path("hdevenginex.dll"), library}));
+        QCOMPARE(run(line("--x64", {path("hdevenginex.dll"), library})),
+                 refused('"' + library + "\" " + reason + '.'));
 
-        QCOMPARE(QString::fromUtf8(result.errors),
-                 "qz_com_helper: The request was refused. Nothing was changed.\r\n" + reason + "\r\n");
-        QCOMPARE(result.exitCode, 2);
         QCOMPARE(values(environmentKey), before);
         QVERIFY(registeredPath("hdevenginex").isNull());
     }
@@ -264,12 +230,11 @@ private slots:
         copyFile(COM_LIBRARY, top + "\\other\\real.dll");
         makeSymbolicLink("real.dll", linkedLibrary);
 
-        const HelperResult result = run(line("--x64", {library}));
+        const ProgramResult result = run(line("--x64", {library}));
         removeSymbolicLink(linkedDirectory);
         removeSymbolicLink(linkedLibrary);
 
-        QCOMPARE(result.errors, QByteArray());
-        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(result, done());
         QCOMPARE(values(environmentKey)["HALCONROOT"], plainText("C:\\H\\"));
         QVERIFY(!registeredPath("halconx").isNull());
     }
@@ -280,11 +245,9 @@ private slots:
         QVERIFY(!QFileInfo::exists("C:\\windows\\syswow64\\regsvr32.exe"));
         const auto before = values(environmentKey);
 
-        const HelperResult result = run(line("--x86", {path("halconx.dll")}));
+        QCOMPARE(run(line("--x86", {path("halconx.dll")})),
+                 refused(R"("C:\windows\syswow64\regsvr32.exe" does not exist.)"));
 
-        QCOMPARE(result.errors, QByteArray("qz_com_helper: The request was refused. Nothing was changed.\r\n"
-                                           "\"C:\\windows\\syswow64\\regsvr32.exe\" does not exist.\r\n"));
-        QCOMPARE(result.exitCode, 2);
         QCOMPARE(values(environmentKey), before);
     }
 
@@ -299,7 +262,7 @@ private slots:
         QCOMPARE(result.code, HelperExitCode::librariesNotRegistered);
         QCOMPARE(fromWide(result.reason),
                  "The registration of \"" + path("halconx.dll") + "\" took too long and was ended.");
-        QVERIFY(!hangs());
+        QVERIFY(!libraryHangs());
         QCOMPARE(registeredPath("hdevenginex"), path("hdevenginex.dll"));
         QCOMPARE(values(environmentKey)["HALCONROOT"], plainText("C:\\H"));
     }

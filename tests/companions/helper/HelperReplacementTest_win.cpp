@@ -7,13 +7,8 @@
 #include <QDir>
 #include <QtTest>
 
-using HelperMachine::isReadOnly;
-using HelperMachine::makeFile;
-using HelperMachine::makeHardLink;
-using HelperMachine::setReadOnly;
-using WineFiles::makeSymbolicLink;
-using WineFiles::removeOpenDirectory;
-using WineFiles::removeSymbolicLink;
+using namespace HelperMachine;
+using namespace WineFiles;
 
 using Place = ReplacementFile::Place;
 
@@ -25,12 +20,6 @@ const QString target = license + "\\license.dat";
 const QString elsewhere = top + "\\precious";
 
 const std::vector<unsigned char> contents{'n', 'e', 'w'};
-
-QByteArray read(const QString &path)
-{
-    QFile file(path);
-    return file.open(QFile::ReadOnly) ? file.readAll() : "unreadable";
-}
 
 QStringList filesIn(const QString &directory)
 {

@@ -1,37 +1,21 @@
 #include "tests/companions/TestConsole.h"
-#include "tests/support/Patience.h"
+#include "tests/support/ProgramResult.h"
 #include "tests/support/Rows.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
 
-struct Result {
-    int exitCode = -1; ///< unchanged when the program did not start or did not end by itself
-    QByteArray output;
-    QByteArray errors;
-};
-
-/// Runs huebox to its end with exactly this command line. Forwarded channels go to the console of the test
-/// program.
-Result runHuebox(const QString &arguments, QProcess::ProcessChannelMode channels = QProcess::SeparateChannels,
-                 const QString &directory = QString())
+/// Runs huebox with exactly this command line. Forwarded channels go to the console of the test program.
+ProgramResult runHuebox(const QString &arguments,
+                        QProcess::ProcessChannelMode channels = QProcess::SeparateChannels,
+                        const QString &directory = QString())
 {
     QProcess process;
-    process.setProgram(HUEBOX_EXECUTABLE);
-    process.setNativeArguments(arguments);
     process.setProcessChannelMode(channels);
     process.setWorkingDirectory(directory);
-    process.start();
-    Result result;
-    if (process.waitForFinished(patienceMilliseconds) && process.exitStatus() == QProcess::NormalExit) {
-        result.exitCode = process.exitCode();
-        result.output = process.readAllStandardOutput();
-        result.errors = process.readAllStandardError();
-    }
-    return result;
+    return runProgram(process, HUEBOX_EXECUTABLE, arguments);
 }
 
 /// A console's colours, as Windows numbers them.
@@ -62,17 +46,15 @@ private slots:
         row("characters of the command interpreter", "100% %PATH% ^ a&b | c > d",
             "100% %PATH% ^ a&b | c > d\r\n");
         row("beyond the basic plane", "😀", "\xF0\x9F\x98\x80\r\n");
+        row("long", "--fgred " + QString(30000, 'x'), QByteArray(30000, 'x') + "\r\n");
     }
 
     void redirected()
     {
         QFETCH(QString, arguments);
+        QFETCH(QByteArray, output);
 
-        const Result result = runHuebox(arguments);
-
-        QTEST(result.output, "output");
-        QCOMPARE(result.errors, QByteArray());
-        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(runHuebox(arguments), (ProgramResult{0, output, ""}));
     }
 
     /// Even if they match a file in the current directory.
@@ -82,22 +64,8 @@ private slots:
         QFile file(directory.filePath("a.txt"));
         QVERIFY(file.open(QFile::WriteOnly));
 
-        const Result result =
-            runHuebox("--fgred * ? *.* a.??? \"*.txt\"", QProcess::SeparateChannels, directory.path());
-
-        QCOMPARE(result.output, QByteArray("* ? *.* a.??? *.txt\r\n"));
-        QCOMPARE(result.exitCode, 0);
-    }
-
-    void longLine()
-    {
-        const QString word(30000, 'x');
-
-        const Result result = runHuebox("--fgred " + word);
-
-        QCOMPARE(result.output, word.toLatin1() + "\r\n");
-        QCOMPARE(result.errors, QByteArray());
-        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(runHuebox("--fgred * ? *.* a.??? \"*.txt\"", QProcess::SeparateChannels, directory.path()),
+                 (ProgramResult{0, "* ? *.* a.??? *.txt\r\n", ""}));
     }
 
     void unknownOption_data()
@@ -113,12 +81,9 @@ private slots:
     void unknownOption()
     {
         QFETCH(QString, arguments);
+        QFETCH(QByteArray, errors);
 
-        const Result result = runHuebox(arguments);
-
-        QTEST(result.errors, "errors");
-        QCOMPARE(result.output, QByteArray());
-        QCOMPARE(result.exitCode, 2);
+        QCOMPARE(runHuebox(arguments), (ProgramResult{2, "", errors}));
     }
 
     void coloursOnConsole_data()
@@ -147,9 +112,8 @@ private slots:
         const QString text = "HALCON 20.11";
         std::fill_n(line.begin(), text.size(), quint16(expected));
 
-        const Result result = runHuebox(options + ' ' + text, QProcess::ForwardedChannels);
+        QCOMPARE(runHuebox(options + ' ' + text, QProcess::ForwardedChannels).exitCode, 0);
 
-        QCOMPARE(result.exitCode, 0);
         QCOMPARE(console.lines(), (QStringList{text, ""}));
         QCOMPARE(console.attributes(0, TestConsole::width), line);
         QCOMPARE(console.attributes(), quint16(before));
@@ -169,9 +133,8 @@ private slots:
         QFETCH(QString, arguments);
         const TestConsole console;
 
-        const Result result = runHuebox(arguments, QProcess::ForwardedChannels);
+        QCOMPARE(runHuebox(arguments, QProcess::ForwardedChannels).exitCode, 0);
 
-        QCOMPARE(result.exitCode, 0);
         QTEST(console.lines(), "lines");
     }
 
@@ -180,9 +143,8 @@ private slots:
         const QString word(30000, 'x');
         const TestConsole console;
 
-        const Result result = runHuebox("--fgred " + word, QProcess::ForwardedChannels);
+        QCOMPARE(runHuebox("--fgred " + word, QProcess::ForwardedChannels).exitCode, 0);
 
-        QCOMPARE(result.exitCode, 0);
         QCOMPARE(console.lines().join(QString()), word);
     }
 
@@ -191,9 +153,8 @@ private slots:
         TestConsole console;
         console.setAttributes(green | onBlue);
 
-        const Result result = runHuebox("--fgred --größe寸 a", QProcess::ForwardedChannels);
+        QCOMPARE(runHuebox("--fgred --größe寸 a", QProcess::ForwardedChannels).exitCode, 2);
 
-        QCOMPARE(result.exitCode, 2);
         QCOMPARE(console.lines(), (QStringList{"huebox: unknown option --größe寸", ""}));
         QCOMPARE(console.attributes(0, 6), QVector<quint16>(6, green | onBlue));
         QCOMPARE(console.attributes(), quint16(green | onBlue));
@@ -204,10 +165,8 @@ private slots:
         const TestConsole console;
         const quint16 before = console.attributes();
 
-        const Result result = runHuebox("--fgred --fgint Größe");
+        QCOMPARE(runHuebox("--fgred --fgint Größe"), (ProgramResult{0, "Gr\xC3\xB6\xC3\x9F\x65\r\n", ""}));
 
-        QCOMPARE(result.output, QByteArray("Gr\xC3\xB6\xC3\x9F\x65\r\n"));
-        QCOMPARE(result.exitCode, 0);
         QCOMPARE(console.lines(), QStringList{""});
         QCOMPARE(console.attributes(), before);
     }
