@@ -5,17 +5,17 @@
 #include <QList>
 #include <QStringList>
 
-/// All ten fields of each record, one line for each field, so that a comparison names the field that differs.
-inline QStringList fieldLines(const QList<VisualStudioVersion> &versions)
+/// All fields of each record, for a comparison.
+inline QStringList fieldsOf(const QList<VisualStudioVersion> &records)
 {
-    QStringList lines;
-    for (const VisualStudioVersion &each : versions) {
-        lines << "name: " + each.name << "edition: " + each.edition << "version: " + each.version
-              << "architecture: " + each.architecture << "productDir: " + each.productDir
-              << "vcDir: " + each.vcDir << "vcvarsBat: " + each.vcvarsBat << "ideName: " + each.ideName
-              << "idePath: " + each.idePath << QString("express: ") + (each.express ? "yes" : "no");
+    QStringList fields;
+    for (const VisualStudioVersion &record : records) {
+        fields.append(QStringList{record.name, record.edition, record.version, record.architecture,
+                                  record.productDir, record.vcDir, record.vcvarsBat, record.ideName,
+                                  record.idePath, record.express ? "express" : "whole"}
+                          .join('|'));
     }
-    return lines;
+    return fields;
 }
 
 /// The display name of each record.

@@ -1,7 +1,6 @@
 #include "devenv/VisualStudioDetection.h"
-#include "tests/devenv/RecordLines.h"
+#include "tests/devenv/PlainStudio.h"
 #include "tests/devenv/VisualStudioMachine.h"
-#include "tests/support/CurrentDrive.h"
 #include "tests/support/Messages.h"
 #include "tests/support/Rows.h"
 
@@ -67,42 +66,23 @@ private slots:
         machine.addFile("VS 10/Common7/IDE/vcexpress.exe");
         machine.addFile("VS 10/VC/bin/vcvars32.bat");
 
-        const QString dir14 = machine.path("VS 14");
-        const QString ide14 = machine.slashPath("VS 14/Common7/IDE/devenv.exe");
-        const QString dir9 = machine.path("VS 9");
-        const QString dir10 = machine.slashPath("VS 10");
-        const QString vc10 = machine.path("VS 10\\VC");
-        const QString ide10 = machine.slashPath("VS 10/Common7/IDE/vcexpress.exe");
-        const QList<VisualStudioVersion> records{
-            {"", "Professional", "14.0", "x86", dir14, dir14 + "\\VC", dir14 + "\\VC\\bin\\vcvars32.bat",
-             "devenv", ide14, false},
-            {"", "Professional", "14.0", "", dir14, dir14 + "\\VC", "", "devenv", ide14, false},
-            {"", "Professional", "14.0", "amd64", dir14, dir14 + "\\VC",
-             dir14 + "\\VC\\bin\\amd64\\vcvars64.bat", "devenv", ide14, false},
-            {"", "Express Edition", "10.0", "x86", dir10, vc10, vc10 + "\\bin\\vcvars32.bat", "vcexpress",
-             ide10, true},
-            {"", "Express Edition", "10.0", "", dir10, vc10, "", "vcexpress", ide10, true},
-            {"", "Ultimate", "9.0", "", dir9, dir9 + "\\VC", "", "", "", false},
-        };
+        const PlainFindings of14 =
+            findingsOf({registeredStudio("Professional", "14.0", machine.path("VS 14"))});
+        const PlainFindings of9 = findingsOf({registeredStudio("Ultimate", "9.0", machine.path("VS 9"))});
+        const PlainFindings of10 =
+            findingsOf({expressStudio("10.0", machine.slashPath("VS 10"), machine.path("VS 10\\VC"))});
         const CaughtMessages messages;
         const LogLines log;
-        QCOMPARE(fieldLines(detectVisualStudioVersions()), fieldLines(records));
+        const QList<VisualStudioVersion> found = detectVisualStudioVersions();
 
-        const QStringList of14{currentDriveRoot() + "Common7/IDE/devenv.exe does NOT exist",
-                               ide14 + " exists", dir14 + "\\VC\\bin\\amd64\\vcvars64.bat found",
-                               dir14 + "\\VC\\bin\\vcvars32.bat found"};
-        const QStringList of9{currentDriveRoot() + "Common7/IDE/devenv.exe does NOT exist",
-                              machine.slashPath("VS 9/Common7/IDE/devenv.exe does NOT exist"),
-                              dir9 + "\\VC\\bin\\amd64\\vcvars64.bat NOT found",
-                              dir9 + "\\VC\\bin\\vcvars32.bat NOT found"};
-        const QStringList of10{currentDriveRoot() + "Common7/IDE/wdexpress.exe does NOT exist",
-                               currentDriveRoot() + "Common7/IDE/vcexpress.exe does NOT exist",
-                               currentDriveRoot() + "Common7/IDE/devenv.exe does NOT exist",
-                               dir10 + "/Common7/IDE/wdexpress.exe does NOT exist",
-                               ide10 + " exists",
-                               vc10 + "\\bin\\amd64\\vcvars64.bat NOT found",
-                               vc10 + "\\bin\\vcvars32.bat found"};
-        QCOMPARE(log.lines(), detectionLog(of14, of9, of10));
+        QCOMPARE(displayNames(found),
+                 (QStringList{"Visual Studio 14.0 (Professional) (x86)", "Visual Studio 14.0 (Professional)",
+                              "Visual Studio 14.0 (Professional) (amd64)",
+                              "Visual Studio 10.0 (Express Edition) (x86)",
+                              "Visual Studio 10.0 (Express Edition)", "Visual Studio 9.0 (Ultimate)"}));
+        QCOMPARE(fieldsOf(found), (QStringList{of14.records[1], of14.records[2], of14.records[0]} +
+                                   of10.records + of9.records));
+        QCOMPARE(log.lines(), detectionLog(of14.log, of9.log, of10.log));
         QCOMPARE(messages.warnings(), QStringList());
     }
 };

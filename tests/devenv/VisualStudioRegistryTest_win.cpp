@@ -1,5 +1,5 @@
 #include "devenv/VisualStudioDetection.h"
-#include "tests/devenv/RecordLines.h"
+#include "tests/devenv/PlainStudio.h"
 #include "tests/devenv/VisualStudioMachine.h"
 #include "tests/support/CurrentDrive.h"
 #include "tests/support/Messages.h"
@@ -13,11 +13,18 @@ const QString root = R"(HKEY_LOCAL_MACHINE\SOFTWARE\Corvanta tests\VisualStudio)
 const QString rootLine = "Try to detect Visual Studio (pre-VS2017) in registry at "
                          "HKEY_LOCAL_MACHINE\\SOFTWARE\\Corvanta tests\\VisualStudio";
 
-/// Each product is searched for its IDE once before its directory is known.
-const QString firstSearch = currentDriveRoot() + "Common7/IDE/devenv.exe does NOT exist";
-const QStringList firstExpressSearch{currentDriveRoot() + "Common7/IDE/wdexpress.exe does NOT exist",
-                                     currentDriveRoot() + "Common7/IDE/vcexpress.exe does NOT exist",
-                                     currentDriveRoot() + "Common7/IDE/devenv.exe does NOT exist"};
+/// Compares the products below the root with those that must be found, and with what the user sees of them.
+void expect(const QStringList &names, const QList<PlainStudio> &studios, bool express = false)
+{
+    const PlainFindings expected = findingsOf(studios);
+    const CaughtMessages messages;
+    const LogLines log;
+    const QList<VisualStudioVersion> found = detectVisualStudioInRegistry(root, express);
+    QCOMPARE(displayNames(found), names);
+    QCOMPARE(fieldsOf(found), expected.records);
+    QCOMPARE(log.lines(), QStringList{rootLine} + expected.log);
+    QCOMPARE(messages.warnings(), QStringList());
+}
 
 } // namespace
 
@@ -42,48 +49,28 @@ private slots:
 
     void scripts_data()
     {
-        columns<bool, bool>("has64", "has32");
+        const auto row = columns<QStringList, QStringList>("files", "names");
 
-        row("both", true, true);
-        row("64-bit only", true, false);
-        row("32-bit only", false, true);
-        row("none", false, false);
+        row("both", {"amd64/vcvars64.bat", "vcvars32.bat"},
+            {"Visual Studio 14.0 (A) (amd64)", "Visual Studio 14.0 (A) (x86)", "Visual Studio 14.0 (A)"});
+        row("64-bit only", {"amd64/vcvars64.bat"},
+            {"Visual Studio 14.0 (A) (amd64)", "Visual Studio 14.0 (A)"});
+        row("32-bit only", {"vcvars32.bat"}, {"Visual Studio 14.0 (A) (x86)", "Visual Studio 14.0 (A)"});
+        row("none", {}, {"Visual Studio 14.0 (A)"});
     }
 
     void scripts()
     {
-        QFETCH(bool, has64);
-        QFETCH(bool, has32);
-
+        QFETCH(QStringList, files);
+        QFETCH(QStringList, names);
         VisualStudioMachine machine;
-        const QString dir = machine.path("VS 14");
-        const QString idePath = machine.slashPath("VS 14/Common7/IDE/devenv.exe");
         machine.addFile("VS 14/Common7/IDE/devenv.exe");
-        machine.addEdition(root, "14.0", "Professional", dir);
-
-        QList<VisualStudioVersion> records;
-        QStringList logLines{rootLine, firstSearch, idePath + " exists"};
-        const QString script64 = dir + "\\VC\\bin\\amd64\\vcvars64.bat";
-        if (has64) {
-            machine.addFile("VS 14/VC/bin/amd64/vcvars64.bat");
-            records.append(
-                {"", "Professional", "14.0", "amd64", dir, dir + "\\VC", script64, "devenv", idePath, false});
+        for (const QString &file : files) {
+            machine.addFile("VS 14/VC/bin/" + file);
         }
-        logLines.append(script64 + (has64 ? " found" : " NOT found"));
-        const QString script32 = dir + "\\VC\\bin\\vcvars32.bat";
-        if (has32) {
-            machine.addFile("VS 14/VC/bin/vcvars32.bat");
-            records.append(
-                {"", "Professional", "14.0", "x86", dir, dir + "\\VC", script32, "devenv", idePath, false});
-        }
-        logLines.append(script32 + (has32 ? " found" : " NOT found"));
-        records.append({"", "Professional", "14.0", "", dir, dir + "\\VC", "", "devenv", idePath, false});
+        machine.addEdition(root, "14.0", "A", machine.path("VS 14"));
 
-        const CaughtMessages messages;
-        const LogLines log;
-        QCOMPARE(fieldLines(detectVisualStudioInRegistry(root, false)), fieldLines(records));
-        QCOMPARE(log.lines(), logLines);
-        QCOMPARE(messages.warnings(), QStringList());
+        expect(names, {registeredStudio("A", "14.0", machine.path("VS 14"))});
     }
 
     void severalEditions()
@@ -95,22 +82,10 @@ private slots:
         // What an uninstalled edition leaves behind.
         Registry::setString(machine.setup(root, "12.0") + "\\VS\\Professional", "Version", "12.0.21005");
 
-        const LogLines log;
-        const QStringList expected{"Visual Studio 12.0 (Premium) (x86)", "Visual Studio 12.0 (Premium)",
-                                   "Visual Studio 12.0 (Ultimate)"};
-        QCOMPARE(displayNames(detectVisualStudioInRegistry(root, false)), expected);
-        const QStringList logLines{
-            rootLine,
-            firstSearch,
-            machine.slashPath("VS 12/Common7/IDE/devenv.exe does NOT exist"),
-            machine.path("VS 12\\VC\\bin\\amd64\\vcvars64.bat NOT found"),
-            machine.path("VS 12\\VC\\bin\\vcvars32.bat found"),
-            firstSearch,
-            machine.slashPath("VS 12 U/Common7/IDE/devenv.exe does NOT exist"),
-            machine.path("VS 12 U\\VC\\bin\\amd64\\vcvars64.bat NOT found"),
-            machine.path("VS 12 U\\VC\\bin\\vcvars32.bat NOT found"),
-        };
-        QCOMPARE(log.lines(), logLines);
+        expect({"Visual Studio 12.0 (Premium) (x86)", "Visual Studio 12.0 (Premium)",
+                "Visual Studio 12.0 (Ultimate)"},
+               {registeredStudio("Premium", "12.0", machine.path("VS 12")),
+                registeredStudio("Ultimate", "12.0", machine.path("VS 12 U"))});
     }
 
     void versionNames_data()
@@ -150,58 +125,31 @@ private slots:
         Registry::setString(setup + "\\VC", "ProductDir", machine.path("d"));
         Registry::setString(setup + "\\VS\\Professional\\Deeper", "ProductDir", machine.path("e"));
         Registry::setString(setup + "\\VS\\Professional", "InstallDir", machine.path("f"));
-        const LogLines log;
-        QCOMPARE(displayNames(detectVisualStudioInRegistry(root, false)), QStringList());
-        QCOMPARE(log.lines(), QStringList{rootLine});
+        expect({}, {});
     }
 
     void directoryNames_data()
     {
-        // name: as registered
-        // slashName: as the search for the IDE names it
-        columns<QString, QString>("name", "slashName");
+        // name: as registered; empty: the value exists, so the product counts
+        columns<QString, QStringList>("name", "names");
 
-        row("non-ASCII", "Pr\u00fcfung \u691c\u67fb", "Pr\u00fcfung \u691c\u67fb");
-        row("trailing backslash", "VS 14.0\\", "VS 14.0");
+        const QStringList names{"Visual Studio 14.0 (A) (x86)", "Visual Studio 14.0 (A)"};
+        row("non-ASCII", "Pr\u00fcfung \u691c\u67fb", names);
+        row("trailing backslash", "VS 14.0\\", names);
+        row("empty", "", QStringList{"Visual Studio 14.0 (A)"});
     }
 
     void directoryNames()
     {
         QFETCH(QString, name);
-        QFETCH(QString, slashName);
-
+        QFETCH(QStringList, names);
         VisualStudioMachine machine;
-        machine.addFile(slashName + "/Common7/IDE/devenv.exe");
-        machine.addFile(slashName + "/VC/bin/vcvars32.bat");
-        const QString dir = machine.path(name);
-        const QString idePath = machine.slashPath(slashName) + "/Common7/IDE/devenv.exe";
-        machine.addEdition(root, "14.0", "Professional", dir);
+        machine.addFile(name + "/Common7/IDE/devenv.exe");
+        machine.addFile(name + "/VC/bin/vcvars32.bat");
+        const QString dir = name.isEmpty() ? QString() : machine.path(name);
+        machine.addEdition(root, "14.0", "A", dir);
 
-        const LogLines log;
-        const QList<VisualStudioVersion> records{
-            {"", "Professional", "14.0", "x86", dir, dir + "\\VC", dir + "\\VC\\bin\\vcvars32.bat", "devenv",
-             idePath, false},
-            {"", "Professional", "14.0", "", dir, dir + "\\VC", "", "devenv", idePath, false},
-        };
-        QCOMPARE(fieldLines(detectVisualStudioInRegistry(root, false)), fieldLines(records));
-        const QStringList logLines{rootLine, firstSearch, idePath + " exists",
-                                   dir + "\\VC\\bin\\amd64\\vcvars64.bat NOT found",
-                                   dir + "\\VC\\bin\\vcvars32.bat found"};
-        QCOMPARE(log.lines(), logLines);
-    }
-
-    void emptyDirectory()
-    {
-        // The value exists, so the product counts.
-        VisualStudioMachine machine;
-        machine.addEdition(root, "14.0", "Professional", "");
-        const LogLines log;
-        QCOMPARE(fieldLines(detectVisualStudioInRegistry(root, false)),
-                 fieldLines({{"", "Professional", "14.0", "", "", "\\VC", "", "", "", false}}));
-        const QStringList logLines{rootLine, firstSearch, firstSearch,
-                                   "\\VC\\bin\\amd64\\vcvars64.bat NOT found",
-                                   "\\VC\\bin\\vcvars32.bat NOT found"};
-        QCOMPARE(log.lines(), logLines);
+        expect(names, {registeredStudio("A", "14.0", dir)});
     }
 
     void ideOfTheFirstSearch()
@@ -228,25 +176,11 @@ private slots:
         machine.addFile("VS 10/Common7/IDE/vcexpress.exe");
         machine.addFile("VS 10/VC/bin/vcvars32.bat");
         machine.addFile("VS 10/VC/bin/amd64/vcvars64.bat");
-        const QString dir = machine.path("VS 10\\VC");
-        const QString productDir = machine.slashPath("VS 10");
-        const QString idePath = productDir + "/Common7/IDE/vcexpress.exe";
-        machine.addExpress(root, "10.0", dir);
+        machine.addExpress(root, "10.0", machine.path("VS 10\\VC"));
 
-        const QString script64 = dir + "\\bin\\amd64\\vcvars64.bat";
-        const QString script32 = dir + "\\bin\\vcvars32.bat";
-        const QList<VisualStudioVersion> records{
-            {"", "Express Edition", "10.0", "amd64", productDir, dir, script64, "vcexpress", idePath, true},
-            {"", "Express Edition", "10.0", "x86", productDir, dir, script32, "vcexpress", idePath, true},
-            {"", "Express Edition", "10.0", "", productDir, dir, "", "vcexpress", idePath, true},
-        };
-        const LogLines log;
-        QCOMPARE(fieldLines(detectVisualStudioInRegistry(root, true)), fieldLines(records));
-        const QStringList logLines =
-            QStringList{rootLine} + firstExpressSearch +
-            QStringList{productDir + "/Common7/IDE/wdexpress.exe does NOT exist", idePath + " exists",
-                        script64 + " found", script32 + " found"};
-        QCOMPARE(log.lines(), logLines);
+        expect({"Visual Studio 10.0 (Express Edition) (amd64)", "Visual Studio 10.0 (Express Edition) (x86)",
+                "Visual Studio 10.0 (Express Edition)"},
+               {expressStudio("10.0", machine.slashPath("VS 10"), machine.path("VS 10\\VC"))}, true);
     }
 
     void expressDirectory_data()
@@ -264,29 +198,18 @@ private slots:
     {
         QFETCH(QString, registered);
         QFETCH(QString, productDir);
-
         VisualStudioMachine machine;
         machine.addExpress(root, "10.0", registered);
-        const LogLines log;
-        QCOMPARE(fieldLines(detectVisualStudioInRegistry(root, true)),
-                 fieldLines({{"", "Express Edition", "10.0", "", productDir, registered, "", "", "", true}}));
-        QStringList secondSearch;
-        for (const char *each : {"wdexpress", "vcexpress", "devenv"}) {
-            const QString path = QDir::cleanPath(productDir + "/Common7/IDE/" + each) + ".exe";
-            secondSearch.append(QFileInfo(path).absoluteFilePath() + " does NOT exist");
-        }
-        const QStringList scriptLines{registered + "\\bin\\amd64\\vcvars64.bat NOT found",
-                                      registered + "\\bin\\vcvars32.bat NOT found"};
-        QCOMPARE(log.lines(), QStringList{rootLine} + firstExpressSearch + secondSearch + scriptLines);
+
+        expect({"Visual Studio 10.0 (Express Edition)"}, {expressStudio("10.0", productDir, registered)},
+               true);
     }
 
     void expressIgnoresEditions()
     {
         VisualStudioMachine machine;
         machine.addEdition(root, "10.0", "Professional", machine.path("VS 10"));
-        const LogLines log;
-        QVERIFY(detectVisualStudioInRegistry(root, true).isEmpty());
-        QCOMPARE(log.lines(), QStringList{rootLine});
+        expect({}, {}, true);
 
         // One record, whatever the number of editions.
         machine.addEdition(root, "10.0", "Ultimate", machine.path("VS 10"));

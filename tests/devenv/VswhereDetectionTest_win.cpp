@@ -1,5 +1,4 @@
 #include "devenv/VisualStudioDetection.h"
-#include "tests/devenv/RecordLines.h"
 #include "tests/devenv/VisualStudioMachine.h"
 #include "tests/devenv/VswhereReports.h"
 #include "tests/support/CurrentDrive.h"
@@ -15,139 +14,84 @@ class VswhereDetectionTest : public QObject {
 private slots:
     void filesOfAnInstallation_data()
     {
-        const auto row =
-            columns<bool, bool, bool, QStringList>("ide", "script64", "script32", "architectures");
+        const auto row = columns<QStringList, QString, QStringList>("files", "ide", "names");
 
-        row("all", true, true, true, {"amd64", "x86", ""});
-        row("64-bit script only", true, true, false, {"amd64", ""});
-        row("32-bit script only", true, false, true, {"x86", ""});
-        row("nothing is left", false, false, false, {""});
+        const QString ide = "Common7/IDE/devenv.exe";
+        const QString script64 = "VC/Auxiliary/Build/vcvars64.bat";
+        const QString script32 = "VC/Auxiliary/Build/vcvars32.bat";
+        const QString name = "Visual Studio 17.4 (A)";
+        row("all", {ide, script64, script32}, "devenv", {name + " (amd64)", name + " (x86)", name});
+        row("64-bit script only", {ide, script64}, "devenv", {name + " (amd64)", name});
+        row("32-bit script only", {ide, script32}, "devenv", {name + " (x86)", name});
+        row("nothing is left", {}, "", {name});
+        row("other IDEs, and the scripts of before 2017",
+            {"Common7/IDE/wdexpress.exe", "Common7/IDE/vcexpress.exe", "VC/bin/amd64/vcvars64.bat",
+             "VC/bin/vcvars32.bat"},
+            "", {name});
     }
 
     void filesOfAnInstallation()
     {
-        QFETCH(bool, ide);
-        QFETCH(bool, script64);
-        QFETCH(bool, script32);
-        QFETCH(QStringList, architectures);
+        QFETCH(QStringList, files);
+        QFETCH(QStringList, names);
         const VisualStudioMachine machine;
-        const ReportedStudio studio = install(machine, "VS", ide, script64, script32);
-        const LogLines log;
-
-        const QList<VisualStudioVersion> found = parseVswhereReport(studio.block());
-
-        QStringList foundArchitectures;
-        for (const VisualStudioVersion &each : found) {
-            foundArchitectures.append(each.architecture);
+        for (const QString &file : files) {
+            machine.addFile("VS/" + file);
         }
-        QCOMPARE(foundArchitectures, architectures);
-        QCOMPARE(fieldLines(found), fieldLines(studio.records()));
-        QCOMPARE(log.lines(), studio.logLines());
-    }
+        // Slashes are neither converted nor removed, except in the absolute path of the IDE.
+        for (const QString &path : {machine.path("VS"), machine.slashPath("VS") + '/'}) {
+            const PlainStudio studio = reportedStudio(path, "A", "17.4");
+            const PlainFindings expected = reportedFindings({studio});
+            const LogLines log;
 
-    /// Nor are the scripts of before 2017.
-    void otherIdesAreNotLookedAt()
-    {
-        const VisualStudioMachine machine;
-        machine.addFile("VS/Common7/IDE/wdexpress.exe");
-        machine.addFile("VS/Common7/IDE/vcexpress.exe");
-        machine.addFile("VS/VC/bin/amd64/vcvars64.bat");
-        machine.addFile("VS/VC/bin/vcvars32.bat");
-        const ReportedStudio studio = install(machine, "VS", false, false, false);
-        const LogLines log;
-        QCOMPARE(fieldLines(parseVswhereReport(studio.block())), fieldLines(studio.records()));
-        QCOMPARE(log.lines(), studio.logLines());
-    }
+            const QList<VisualStudioVersion> found = parseVswhereReport(blockOf(studio));
 
-    /// Slashes are neither converted nor removed, except in the absolute path of the IDE.
-    void pathIsKeptAsReported()
-    {
-        const VisualStudioMachine machine;
-        install(machine, "VS", true, true, false);
-        const QString dir = machine.slashPath("VS") + '/';
-        const QString ide = machine.slashPath("VS/Common7/IDE/devenv.exe");
-        const ReportedStudio reported{dir, "A", "17.4"};
-        const LogLines log;
-
-        const QList<VisualStudioVersion> found = parseVswhereReport(reported.block());
-
-        const QString script64 = dir + "\\VC\\Auxiliary\\Build\\vcvars64.bat";
-        QCOMPARE(fieldLines(found),
-                 fieldLines({{"", "A", "17.4", "amd64", dir, dir + "\\VC", script64, "devenv", ide, false},
-                             {"", "A", "17.4", "", dir, dir + "\\VC", "", "devenv", ide, false}}));
-        const QStringList expectedLog{"installationPath: " + dir,
-                                      "installationVersion: 17.4",
-                                      "displayName: A",
-                                      currentDriveRoot() + "Common7/IDE/devenv.exe does NOT exist",
-                                      ide + " exists",
-                                      script64 + " found",
-                                      dir + "\\VC\\Auxiliary\\Build\\vcvars32.bat NOT found"};
-        QCOMPARE(log.lines(), expectedLog);
+            QCOMPARE(displayNames(found), names);
+            QTEST(found.constFirst().ideName, "ide");
+            QCOMPARE(fieldsOf(found), expected.records);
+            QCOMPARE(log.lines(), expected.log);
+        }
     }
 
     /// An IDE found before the product directory is known is kept when none is found there.
     void ideOfTheFirstSearch()
     {
         const VisualStudioMachine machine;
-        const ReportedStudio without = install(machine, "Without", false, false, false);
-        const ReportedStudio with = install(machine, "With", true, false, false);
+        machine.addFile("With/Common7/IDE/devenv.exe");
         const FileOnCurrentDrive ide("Common7/IDE/devenv.exe");
 
-        const QList<VisualStudioVersion> found = parseVswhereReport(without.block() + with.block());
+        const QList<VisualStudioVersion> found =
+            parseVswhereReport(blockOf(reportedStudio(machine.path("Without"), "A", "17.4")) +
+                               blockOf(reportedStudio(machine.path("With"), "B", "17.4")));
 
-        QCOMPARE(found.size(), 2);
-        QCOMPARE(found.at(0).productDir, without.path);
+        QCOMPARE(displayNames(found), (QStringList{"Visual Studio 17.4 (A)", "Visual Studio 17.4 (B)"}));
         QCOMPARE(found.at(0).ideName, QString("devenv"));
         QCOMPARE(found.at(0).idePath, currentDriveRoot() + "Common7/IDE/devenv.exe");
-        QCOMPARE(found.at(1).productDir, with.path);
         QCOMPARE(found.at(1).idePath, machine.slashPath("With/Common7/IDE/devenv.exe"));
     }
 
-    void twoInstallations()
+    /// Nothing of the first, such as its IDE, may leak into the second; and nothing is sorted.
+    void severalInstallations()
     {
         const VisualStudioMachine machine;
-        const ReportedStudio first = install(machine, "First", true, true, true);
-        ReportedStudio second = install(machine, "Second", false, false, true);
-        second.name = "Visual Studio Build Tools 2019";
-        second.version = "16.9";
-        const LogLines log;
-        // Nothing of the first, such as its IDE, may leak into the second; and nothing is sorted.
-        QCOMPARE(fieldLines(parseVswhereReport(first.block() + second.block())),
-                 fieldLines(first.records() + second.records()));
-        QCOMPARE(log.lines(), first.logLines() + second.logLines());
-    }
-
-    void logOfAnIncompleteInstallation()
-    {
-        const VisualStudioMachine machine;
-        const ReportedStudio studio = install(machine, "VS", true, true, true);
+        for (const char *file : {"First/Common7/IDE/devenv.exe", "First/VC/Auxiliary/Build/vcvars64.bat",
+                                 "Second/VC/Auxiliary/Build/vcvars32.bat"}) {
+            machine.addFile(file);
+        }
+        const PlainStudio first = reportedStudio(machine.path("First"), "B", "16.9");
+        const PlainStudio second = reportedStudio(machine.path("Second"), "A", "17.4");
+        const PlainFindings expected = reportedFindings({first, second});
         const QStringList incomplete{"installationPath: C:\\Other", "displayName: Other"};
         const LogLines log;
-        QCOMPARE(fieldLines(parseVswhereReport(studio.block() + incomplete.join('\n').toUtf8())),
-                 fieldLines(studio.records()));
-        QCOMPARE(log.lines(), studio.logLines() + incomplete);
-    }
 
-private:
-    /// A Visual Studio in @p directory of @p machine, with the files that the arguments name.
-    static ReportedStudio install(const VisualStudioMachine &machine, const QString &directory, bool ide,
-                                  bool script64, bool script32)
-    {
-        if (ide) {
-            machine.addFile(directory + "/Common7/IDE/devenv.exe");
-        }
-        if (script64) {
-            machine.addFile(directory + "/VC/Auxiliary/Build/vcvars64.bat");
-        }
-        if (script32) {
-            machine.addFile(directory + "/VC/Auxiliary/Build/vcvars32.bat");
-        }
-        return {machine.path(QDir::toNativeSeparators(directory)),
-                "Visual Studio Community 2022",
-                "17.4",
-                ide,
-                script64,
-                script32};
+        const QList<VisualStudioVersion> found =
+            parseVswhereReport(blockOf(first) + blockOf(second) + incomplete.join('\n').toUtf8());
+
+        QCOMPARE(displayNames(found),
+                 (QStringList{"Visual Studio 16.9 (B) (amd64)", "Visual Studio 16.9 (B)",
+                              "Visual Studio 17.4 (A) (x86)", "Visual Studio 17.4 (A)"}));
+        QCOMPARE(fieldsOf(found), expected.records);
+        QCOMPARE(log.lines(), expected.log + incomplete);
     }
 };
 

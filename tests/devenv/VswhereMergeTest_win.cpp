@@ -1,9 +1,7 @@
 #include "devenv/VisualStudioDetection.h"
-#include "tests/devenv/RecordLines.h"
 #include "tests/devenv/VisualStudioMachine.h"
 #include "tests/devenv/VswhereChild.h"
 #include "tests/devenv/VswhereReports.h"
-#include "tests/support/CurrentDrive.h"
 #include "tests/support/Messages.h"
 
 #include <QtTest>
@@ -24,28 +22,26 @@ private slots:
         machine.addFile("VS 17/Common7/IDE/devenv.exe");
         machine.addFile("VS 17/VC/Auxiliary/Build/vcvars64.bat");
         machine.addFile("VS 17/VC/Auxiliary/Build/vcvars32.bat");
-        const ReportedStudio studio17{
-            machine.path("VS 17"), "Visual Studio Community 2022", "17.4", true, true, true};
-        const VswhereChild child(studio17.block());
+        const PlainStudio studio17 =
+            reportedStudio(machine.path("VS 17"), "Visual Studio Community 2022", "17.4");
+        const VswhereChild child(blockOf(studio17));
+        const PlainFindings of14 =
+            findingsOf({registeredStudio("Professional", "14.0", machine.path("VS 14"))});
+        const PlainFindings of17 = reportedFindings({studio17});
         const CaughtMessages messages;
         const LogLines log;
 
         const QList<VisualStudioVersion> found = detectVisualStudioVersions();
 
-        const QList<VisualStudioVersion> of17 = studio17.records();
-        const QString dir14 = machine.path("VS 14");
-        const QString script14 = dir14 + "\\VC\\bin\\vcvars32.bat";
         QCOMPARE(
-            fieldLines(found),
-            fieldLines({of17[1],
-                        of17[2],
-                        of17[0],
-                        {"", "Professional", "14.0", "x86", dir14, dir14 + "\\VC", script14, "", "", false},
-                        {"", "Professional", "14.0", "", dir14, dir14 + "\\VC", "", "", "", false}}));
-        const QStringList of14{currentDriveRoot() + "Common7/IDE/devenv.exe does NOT exist",
-                               machine.slashPath("VS 14/Common7/IDE/devenv.exe does NOT exist"),
-                               dir14 + "\\VC\\bin\\amd64\\vcvars64.bat NOT found", script14 + " found"};
-        QCOMPARE(log.lines(), detectionLog(of14) + studio17.logLines());
+            displayNames(found),
+            (QStringList{"Visual Studio 17.4 (Visual Studio Community 2022) (x86)",
+                         "Visual Studio 17.4 (Visual Studio Community 2022)",
+                         "Visual Studio 17.4 (Visual Studio Community 2022) (amd64)",
+                         "Visual Studio 14.0 (Professional) (x86)", "Visual Studio 14.0 (Professional)"}));
+        QCOMPARE(fieldsOf(found),
+                 (QStringList{of17.records[1], of17.records[2], of17.records[0]} + of14.records));
+        QCOMPARE(log.lines(), detectionLog(of14.log) + of17.log);
         QCOMPARE(messages.warnings(), QStringList());
     }
 
@@ -56,7 +52,7 @@ private slots:
         machine.addFile("From registry/VC/bin/amd64/vcvars64.bat");
         machine.addFile("Reported/VC/Auxiliary/Build/vcvars64.bat");
         machine.addFile("Reported/VC/Auxiliary/Build/vcvars32.bat");
-        const VswhereChild child(ReportedStudio{machine.path("Reported"), "Community", "15.0"}.block());
+        const VswhereChild child(blockOf(reportedStudio(machine.path("Reported"), "Community", "15.0")));
         // Only the reported one has a 32-bit script.
         const QStringList expected{"Visual Studio 15.0 (Community) (x86)", "Visual Studio 15.0 (Community)",
                                    "Visual Studio 15.0 (Community) (amd64)"};
@@ -81,14 +77,14 @@ private slots:
     /// The only test here that uses the cached list.
     void utilityRunsOncePerProcess()
     {
-        const ReportedStudio studio{"C:\\A", "Community", "17.4"};
-        const VswhereChild child(studio.block());
+        const PlainStudio studio = reportedStudio("C:\\A", "Community", "17.4");
+        const PlainFindings expected = reportedFindings({studio});
+        const VswhereChild child(blockOf(studio));
         const LogLines log;
-        QCOMPARE(fieldLines(visualStudioVersions()), fieldLines(studio.records()));
-        QCOMPARE(log.lines(), detectionLog() + studio.logLines());
-        child.setReport(ReportedStudio{"C:\\B", "Professional", "17.5"}.block());
-        QCOMPARE(fieldLines(visualStudioVersions()), fieldLines(studio.records()));
-        QCOMPARE(log.lines(), detectionLog() + studio.logLines());
+        QCOMPARE(fieldsOf(visualStudioVersions()), expected.records);
+        child.setReport(blockOf(reportedStudio("C:\\B", "Professional", "17.5")));
+        QCOMPARE(fieldsOf(visualStudioVersions()), expected.records);
+        QCOMPARE(log.lines(), detectionLog() + expected.log);
         QCOMPARE(child.runs().size(), 1);
     }
 };

@@ -1,6 +1,5 @@
 #include "devenv/VisualStudioDetection.h"
 #include "devenv/Vswhere.h"
-#include "tests/devenv/RecordLines.h"
 #include "tests/devenv/VswhereChild.h"
 #include "tests/devenv/VswhereReports.h"
 #include "tests/support/CurrentDirectory.h"
@@ -18,24 +17,26 @@ namespace {
 const QString started = "Trying to detect Visual Studio via vswhere.exe utility (VS2017+)";
 
 /// None of their directories exists; what is found on the machine does not matter here.
-const ReportedStudio community{"C:\\Program Files\\VS", "Visual Studio Community 2022", "17.4"};
-const ReportedStudio buildTools{"D:\\Pr\u00fcfung \u691c\u67fb", "Visual Studio Build Tools 2019", "16.11"};
+const PlainStudio community = reportedStudio("C:\\Program Files\\VS", "Visual Studio Community 2022", "17.4");
+const PlainStudio buildTools =
+    reportedStudio("D:\\Pr\u00fcfung \u691c\u67fb", "Visual Studio Build Tools 2019", "16.11");
 
 /// Longer than the time limit, so that a report that arrives later and is used shows.
 constexpr int tooLong = 15000;
 
-void expect(const QList<VisualStudioVersion> &records, const QStringList &logLines)
+void expect(const QList<PlainStudio> &reported)
 {
+    const PlainFindings expected = reportedFindings(reported);
     const CaughtMessages messages;
     const LogLines log;
-    QCOMPARE(fieldLines(detectVisualStudioViaVswhere()), fieldLines(records));
-    QCOMPARE(log.lines(), QStringList{started} + logLines);
+    QCOMPARE(fieldsOf(detectVisualStudioViaVswhere()), expected.records);
+    QCOMPARE(log.lines(), QStringList{started} + expected.log);
     QCOMPARE(messages.warnings(), QStringList());
 }
 
 void expectNothing()
 {
-    expect({}, {});
+    expect({});
 }
 
 } // namespace
@@ -52,7 +53,7 @@ private slots:
 
     void onlyElsewhere()
     {
-        const VswhereChild child(community.block());
+        const VswhereChild child(blockOf(community));
         const QTemporaryDir elsewhere;
         child.moveTo(elsewhere.filePath("vswhere.exe"));
         const EnvironmentVariable path("PATH", QDir::toNativeSeparators(elsewhere.path()).toLocal8Bit() +
@@ -64,7 +65,7 @@ private slots:
 
     void arguments()
     {
-        const VswhereChild child(community.block());
+        const VswhereChild child(blockOf(community));
         detectVisualStudioViaVswhere();
         QCOMPARE(child.runs().size(), 1);
         const VswhereRun run = child.runs().constFirst();
@@ -77,7 +78,7 @@ private slots:
     {
         columns<VswhereConduct>("conduct");
 
-        const QByteArray report = community.block() + buildTools.block();
+        const QByteArray report = blockOf(community) + blockOf(buildTools);
         row("carriage returns and a byte order mark",
             VswhereConduct{"\xef\xbb\xbf" + QByteArray(report).replace('\n', "\r\n"), {}});
         VswhereConduct crashed{report, {}};
@@ -96,7 +97,7 @@ private slots:
     {
         QFETCH(VswhereConduct, conduct);
         const VswhereChild child(conduct);
-        expect(community.records() + buildTools.records(), community.logLines() + buildTools.logLines());
+        expect({community, buildTools});
         QCOMPARE(child.runs().size(), 1);
     }
 
@@ -104,10 +105,9 @@ private slots:
     void longReport()
     {
         const QByteArray filler = QByteArray("description: " + QByteArray(1000, 'x') + "\r\n").repeated(1500);
-        const VswhereChild child(community.block() + filler + buildTools.block() + filler +
-                                 community.block());
-        expect(community.records() + buildTools.records() + community.records(),
-               community.logLines() + buildTools.logLines() + community.logLines());
+        const VswhereChild child(blockOf(community) + filler + blockOf(buildTools) + filler +
+                                 blockOf(community));
+        expect({community, buildTools, community});
     }
 
     void nothingReported_data()
@@ -117,7 +117,7 @@ private slots:
         VswhereConduct silent;
         silent.exitCode = 87;
         row("silent with an exit code", silent);
-        row("report on standard error", VswhereConduct{{}, community.block()});
+        row("report on standard error", VswhereConduct{{}, blockOf(community)});
     }
 
     void nothingReported()
@@ -134,14 +134,14 @@ private slots:
     {
         columns<VswhereConduct>("conduct");
 
-        VswhereConduct conduct{community.block(), {}};
+        VswhereConduct conduct{blockOf(community), {}};
         conduct.linger = tooLong;
         row("after a complete report", conduct);
         // Its standard input stays open and empty.
-        conduct = {community.block(), {}};
+        conduct = {blockOf(community), {}};
         conduct.readsInput = true;
         row("waiting for input", conduct);
-        conduct = {community.block(), {}};
+        conduct = {blockOf(community), {}};
         conduct.repeats = true;
         row("writing on and on", conduct);
     }
@@ -162,7 +162,7 @@ private slots:
         // null for a directory
         const auto row = columns<QByteArray>("content");
 
-        row("text file with a report", community.block());
+        row("text file with a report", blockOf(community));
         row("directory", {});
     }
 
@@ -175,12 +175,8 @@ private slots:
             QFile file(VswhereChild::path());
             QVERIFY(file.open(QFile::WriteOnly) && file.write(content) == content.size());
         }
-        const CaughtMessages messages;
-        const LogLines log;
         QCOMPARE(vswhereExecutable(), content.isNull() ? QString() : VswhereChild::path());
-        QCOMPARE(fieldLines(detectVisualStudioViaVswhere()), QStringList());
-        QCOMPARE(log.lines(), QStringList{started});
-        QCOMPARE(messages.warnings(), QStringList());
+        expectNothing();
         QVERIFY(VswhereChild::removeFrom(VswhereChild::path()));
     }
 };

@@ -1,5 +1,5 @@
 #include "devenv/VisualStudioDetection.h"
-#include "tests/fuzz/PlainStudio.h"
+#include "tests/devenv/PlainStudio.h"
 #include "tests/fuzz/QtFuzzing.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "devenv/VisualStudioDetection.h"
 #include "devenv/Vswhere.h"
-#include "tests/fuzz/PlainStudio.h"
+#include "tests/devenv/PlainStudio.h"
 #include "tests/fuzz/QtFuzzing.h"
 
 #include <QFile>

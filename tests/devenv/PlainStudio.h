@@ -1,12 +1,13 @@
 #pragma once
 
-#include "devenv/VisualStudioVersion.h"
+#include "tests/devenv/RecordLines.h"
 
 #include <QFileInfo>
+#include <QList>
 #include <QString>
 #include <QStringList>
 
-/// A Visual Studio as a fuzzer's own, plain reading finds it, and what the product must make of it.
+/// A Visual Studio as a second, plain reading of the machine finds it, and what the product must make of it.
 struct PlainStudio {
     QString edition;
     QString version;
@@ -54,15 +55,41 @@ struct PlainStudio {
     }
 };
 
-/// All fields of each record, for a comparison.
-inline QStringList fieldsOf(const QList<VisualStudioVersion> &records)
+/// One registered with its @p productDir as an edition of a version.
+inline PlainStudio registeredStudio(const QString &edition, const QString &version, const QString &productDir)
 {
-    QStringList fields;
-    for (const VisualStudioVersion &record : records) {
-        fields.append(QStringList{record.name, record.edition, record.version, record.architecture,
-                                  record.productDir, record.vcDir, record.vcvarsBat, record.ideName,
-                                  record.idePath, record.express ? "express" : "whole"}
-                          .join('|'));
+    const QString vcDir = productDir + "\\VC";
+    return {edition,
+            version,
+            productDir,
+            vcDir,
+            vcDir + "\\bin\\amd64\\vcvars64.bat",
+            vcDir + "\\bin\\vcvars32.bat"};
+}
+
+/// An Express product, which is registered with its @p vcDir.
+inline PlainStudio expressStudio(const QString &version, const QString &productDir, const QString &vcDir)
+{
+    return {"Express Edition",
+            version,
+            productDir,
+            vcDir,
+            vcDir + "\\bin\\amd64\\vcvars64.bat",
+            vcDir + "\\bin\\vcvars32.bat",
+            true};
+}
+
+/// The records and log lines of several.
+struct PlainFindings {
+    QStringList records;
+    QStringList log;
+};
+
+inline PlainFindings findingsOf(const QList<PlainStudio> &studios)
+{
+    PlainFindings findings;
+    for (const PlainStudio &studio : studios) {
+        studio.add(&findings.records, &findings.log);
     }
-    return fields;
+    return findings;
 }
