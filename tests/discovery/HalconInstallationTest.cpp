@@ -13,16 +13,17 @@ const QString x86 = QStringLiteral("x86-win32");
 const QString sse2 = QStringLiteral("x86sse2-win32");
 const QString x64 = QStringLiteral("x64-win64");
 
-/// The record of an identity such as "20.11.1 Progress (x64-win64)", with a revision or without.
+/// The record of an identity such as "20.11.1 Progress (x86-win32)", with a revision, a suffix and an
+/// architecture or without.
 HalconInstallation withIdentity(const QString &identity)
 {
-    static const QRegularExpression pattern(R"(^(\d+)\.(\d+)(?:\.(\d+))?(?: (\S+))? \((.*)\)$)");
+    static const QRegularExpression pattern(R"(^(\d+)\.(\d+)(?:\.(\d+))?(?: ([^ (]+))?(?: \((.*)\))?$)");
     const QRegularExpressionMatch match = pattern.match(identity);
     const QString revision = match.captured(3);
     HalconInstallation result(match.captured(1).toInt(), match.captured(2).toInt(),
                               revision.isEmpty() ? -1 : revision.toInt(), -1);
     result.setSuffix(match.captured(4));
-    result.arch = match.captured(5);
+    result.arch = match.captured(5).isEmpty() ? x64 : match.captured(5);
     return result;
 }
 
@@ -35,7 +36,7 @@ QStringList ordered(const QStringList &identities)
     orderInstallations(installations);
     QStringList result;
     for (const HalconInstallation &each : installations) {
-        result.append(each.versionArchText());
+        result.append(each.versionArchText().remove(" (x64-win64)"));
     }
     return result;
 }
@@ -86,54 +87,37 @@ private slots:
         QCOMPARE(record.versionArchText(), text + " (x64-win64)");
     }
 
-    void archRank_data()
-    {
-        columns<QString, int>("arch", "rank");
-
-        row("64-bit", x64, 3);
-        row("SSE2", sse2, 2);
-        row("32-bit", x86, 1);
-        row("other case", "X64-win64", 0);
-        row("beginning only", "x64", 0);
-        row("empty", "", 0);
-    }
-
     void archRank()
     {
-        QFETCH(QString, arch);
-        QTEST(::archRank(arch), "rank");
+        QCOMPARE(::archRank(x64), 3);
+        QCOMPARE(::archRank(sse2), 2);
+        QCOMPARE(::archRank(x86), 1);
+        for (const QString other : {"X64-win64", "x64", ""}) {
+            QCOMPARE(::archRank(other), 0);
+        }
     }
 
     void ordering_data()
     {
-        columns<QStringList, QStringList>("found", "expected");
+        // of 64-bit, where no architecture is given
+        const auto row = columns<QStringList, QStringList>("found", "expected");
 
-        using List = QStringList;
-        row("none", List(), List());
-        row("numbers, not text", List{"18.11 (x64-win64)", "10.0 (x64-win64)", "9.0 (x64-win64)"},
-            List{"9.0 (x64-win64)", "10.0 (x64-win64)", "18.11 (x64-win64)"});
-        row("architectures of one version",
-            List{"12.0.3 (x64-win64)", "12.0.3 (x86-win32)", "12.0.3 (x86sse2-win32)"},
-            List{"12.0.3 (x86-win32)", "12.0.3 (x86sse2-win32)", "12.0.3 (x64-win64)"});
-        row("version before architecture", List{"13.0.0 (x86-win32)", "12.0.0 (x64-win64)"},
-            List{"12.0.0 (x64-win64)", "13.0.0 (x86-win32)"});
-        row("minor versions", List{"20.11.0 (x64-win64)", "20.5.0 (x64-win64)"},
-            List{"20.5.0 (x64-win64)", "20.11.0 (x64-win64)"});
-        row("revisions by text", List{"20.11.9 (x64-win64)", "20.11.10 (x64-win64)"},
-            List{"20.11.10 (x64-win64)", "20.11.9 (x64-win64)"});
-        row("unknown revision is another identity than 0",
-            List{"20.11.0 X (x64-win64)", "20.11 X (x64-win64)"},
-            List{"20.11 X (x64-win64)", "20.11.0 X (x64-win64)"});
-        row("duplicates that are apart",
-            List{"13.0.0 (x64-win64)", "12.0.0 (x64-win64)", "13.0.0 (x64-win64)"},
-            List{"12.0.0 (x64-win64)", "13.0.0 (x64-win64)"});
+        row("none", {}, {});
+        row("numbers, not text", {"18.11", "10.0", "9.0"}, {"9.0", "10.0", "18.11"});
+        row("architectures of one version", {"12.0.3", "12.0.3 (x86-win32)", "12.0.3 (x86sse2-win32)"},
+            {"12.0.3 (x86-win32)", "12.0.3 (x86sse2-win32)", "12.0.3"});
+        row("version before architecture", {"13.0.0 (x86-win32)", "12.0.0"},
+            {"12.0.0", "13.0.0 (x86-win32)"});
+        row("minor versions", {"20.11.0", "20.5.0"}, {"20.5.0", "20.11.0"});
+        row("revisions by text", {"20.11.9", "20.11.10"}, {"20.11.10", "20.11.9"});
+        row("unknown revision is another identity than 0", {"20.11.0 X", "20.11 X"},
+            {"20.11 X", "20.11.0 X"});
+        row("duplicates that are apart", {"13.0.0", "12.0.0", "13.0.0"}, {"12.0.0", "13.0.0"});
         row("suffixes by code unit",
-            List{"20.11 \uff5e (x64-win64)", "20.11 \u00e4 (x64-win64)", "20.11 \U0001f52c (x64-win64)",
-                 "20.11 a (x64-win64)", "20.11 A (x64-win64)"},
-            List{"20.11 A (x64-win64)", "20.11 a (x64-win64)", "20.11 \u00e4 (x64-win64)",
-                 "20.11 \U0001f52c (x64-win64)", "20.11 \uff5e (x64-win64)"});
-        row("unknown architecture first", List{"13.0.0 (x86-win32)", "13.0.0 (arm64)"},
-            List{"13.0.0 (arm64)", "13.0.0 (x86-win32)"});
+            {"20.11 \uff5e", "20.11 \u00e4", "20.11 \U0001f52c", "20.11 a", "20.11 A"},
+            {"20.11 A", "20.11 a", "20.11 \u00e4", "20.11 \U0001f52c", "20.11 \uff5e"});
+        row("unknown architecture first", {"13.0.0 (x86-win32)", "13.0.0 (arm64)"},
+            {"13.0.0 (arm64)", "13.0.0 (x86-win32)"});
     }
 
     void ordering()
@@ -147,9 +131,9 @@ private slots:
     {
         QStringList expected;
         for (const QString &version : QStringList{"12.0", "13.0"}) {
-            for (const QString &arch : {x86, sse2, x64}) {
+            for (const QString arch : {" (x86-win32)", " (x86sse2-win32)", ""}) {
                 for (const char suffix : QByteArray("ABCDEFGH")) {
-                    expected.append(version + ' ' + suffix + " (" + arch + ')');
+                    expected.append(version + ' ' + suffix + arch);
                 }
             }
         }
@@ -163,7 +147,7 @@ private slots:
 
     void equalIdentityOccursOnce()
     {
-        HalconInstallation here = withIdentity("20.11.1 (x64-win64)");
+        HalconInstallation here = withIdentity("20.11.1");
         here.installDir = "C:\\here";
         HalconInstallation there = here;
         there.installDir = "C:\\there";

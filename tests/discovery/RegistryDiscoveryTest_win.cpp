@@ -73,40 +73,24 @@ private slots:
         };
         QCOMPARE(recordLines(getAllHalconVersions()), records);
 
-        const auto group = [](const QString &name) {
-            return "Investigating registry key \\HKEY_LOCAL_MACHINE\\Software\\" + name +
-                   "/InstalledComponents";
+        const auto group = [](const QString &name, const QStringList &runtimes) {
+            return QStringList{"Investigating registry key \\HKEY_LOCAL_MACHINE\\Software\\" + name +
+                               "/InstalledComponents"} +
+                   runtimes;
+        };
+        const auto subkey = [](const QString &name) {
+            return QStringList{"subkey \"MVTec HALCON " + name + '"', "hasX64"};
         };
         const QString rejection =
             "Licensesis not a valid HALCON version containing major.minor(-optionalstring)";
-        const QStringList expected{
-            headings.at(0),
-            headings.at(1),
-            group("Wow6432Node\\MVTec\\HALCON13.0"),
-            "hasX64",
-            group("Wow6432Node\\MVTec\\HALCON20.11-Progress"),
-            "hasX64",
-            group("Wow6432Node\\MVTec\\HALCON9.0"),
-            "hasX86",
-            "hasX86SSE2",
-            headings.at(2),
-            group("MVTec\\HALCON13.0"),
-            "hasX64",
-            group("MVTec\\HALCON20.11-Progress"),
-            "hasX86",
-            "hasX64",
-            rejection,
-            headings.at(3),
-            "subkey \"MVTec HALCON 20.11 Progress\"",
-            "hasX64",
-            "subkey \"MVTec HALCON 22.11 Steady\"",
-            "hasX64",
-            headings.at(4),
-            "subkey \"MVTec HALCON 20.11-Progress\"",
-            "hasX64",
-            "subkey \"MVTec HALCON 9.0-\"",
-            "hasX64",
-        };
+        const QStringList expected = headings.mid(0, 2) +
+                                     group("Wow6432Node\\MVTec\\HALCON13.0", {"hasX64"}) +
+                                     group("Wow6432Node\\MVTec\\HALCON20.11-Progress", {"hasX64"}) +
+                                     group("Wow6432Node\\MVTec\\HALCON9.0", {"hasX86", "hasX86SSE2"}) +
+                                     headings.mid(2, 1) + group("MVTec\\HALCON13.0", {"hasX64"}) +
+                                     group("MVTec\\HALCON20.11-Progress", {"hasX86", "hasX64", rejection}) +
+                                     headings.mid(3, 1) + subkey("20.11 Progress") + subkey("22.11 Steady") +
+                                     headings.mid(4) + subkey("20.11-Progress") + subkey("9.0-");
         QCOMPARE(log.lines(), expected);
         QCOMPARE(messages.warnings(), QStringList{'"' + rejection + '"'});
     }
