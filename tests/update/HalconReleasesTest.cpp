@@ -4,7 +4,6 @@
 
 #include "tests/support/Rows.h"
 
-#include <QJsonDocument>
 #include <QtTest>
 
 namespace {
@@ -82,239 +81,205 @@ class HalconReleasesTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void files_data();
-    void files();
-    void versions_data();
-    void versions();
-    void editions_data();
-    void editions();
-    void otherValues_data();
-    void otherValues();
-    void orderOfTheLog();
-    void texts();
-    void brokenFiles_data();
-    void brokenFiles();
-    void literalParserError();
-};
+    void files_data()
+    {
+        const auto row = columns<QByteArray, QStringList, QStringList>("file", "releases", "log");
 
-void HalconReleasesTest::files_data()
-{
-    const auto row = columns<QByteArray, QStringList, QStringList>("file", "releases", "log");
-
-    const QByteArray entry = element("20.11", "2", "3", "steady");
-    const QStringList entryRecord{"regular \"20.11\": 20.11.2.3"};
-    const QStringList entryLog = found("20.11", "2", "3", "steady");
-    row("nothing", {}, {}, {"Could not fetch HALCON versions update information file"});
-    row("one release", file({entry}), entryRecord, entryLog);
-    row("no key", "{}", {}, {});
-    row("another key", R"({"Halcon": [)" + entry + "]}", {}, {});
-    row("no releases", file({}), {}, {});
-    row("object instead of the array", R"({"halcon": )" + entry + "}", {}, {});
-    row("array instead of the object", "[" + entry + "]", {}, {});
-    row("other keys beside", R"({"about": [1, {}], "halcon": [)" + entry + R"(], "vulcan": []})", entryRecord,
-        entryLog);
-    row("byte order mark", "\xef\xbb\xbf" + file({entry}), entryRecord, entryLog);
-    row("same version and edition twice: the second counts",
-        file({element("20.11", "9", "9", "steady"), element("20.11", "1", "0", "steady")}),
-        {"regular \"20.11\": 20.11.1.0"},
-        found("20.11", "9", "9", "steady") + found("20.11", "1", "0", "steady"));
-    row("same version twice, the second ignored: the first counts",
-        file({element("20.11", "9", "9", "steady"), element("20.11", "x", "0", "steady")}),
-        {"regular \"20.11\": 20.11.9.9"},
-        found("20.11", "9", "9", "steady") + found("20.11", "x", "0", "steady") +
-            QStringList(unread("revision", "x", "20.11")));
-    row("same version in both editions",
-        file({element("20.11", "1", "0", "progress"), element("20.11", "2", "0", "steady")}),
-        {"progress \"20.11\": 20.11.1.0", "regular \"20.11\": 20.11.2.0"},
-        found("20.11", "1", "0", "progress") + found("20.11", "2", "0", "steady"));
-}
-
-void HalconReleasesTest::files()
-{
-    QFETCH(QByteArray, file);
-    QFETCH(QStringList, log);
-    QStringList logged{"a line that is there already"};
-
-    const HalconReleases read = parseHalconReleases(file, &logged);
-
-    QCOMPARE(logged, QStringList("a line that is there already") + log);
-    QTEST(description(read), "releases");
-}
-
-void HalconReleasesTest::versions_data()
-{
-    // numbers: empty when the version is ignored
-    columns<QString, QString, QStringList>("version", "numbers", "log");
-
-    const auto taken = [](const char *name, const QString &version, const QString &numbers) {
-        row(name, version, numbers, found(version, "2", "3", "steady"));
-    };
-    taken("plain", "20.11", "20.11");
-    taken("zeros", "0.0", "0.0");
-    taken("spaces around", "   20.11  ", "20.11");
-    taken("no-break space before", "\u00a020.11", "20.11");
-    taken("leading zeros", "0020.0011", "20.11");
-    taken("highest number", "2147483647.2147483647", "2147483647.2147483647");
-
-    for (const char *version : {"", " ", "20", "20.11.2", ".11", "20.", "20,11", "20. 11", "-20.11", "20.-11",
-                                "+20.11", "v20.11", "20.11 Progress", "%1.%2"}) {
-        QTest::addRow("\"%s\"", version) << version << "" << unmatched(version);
+        const QByteArray entry = element("20.11", "2", "3", "steady");
+        const QStringList entryRecord{"regular \"20.11\": 20.11.2.3"};
+        const QStringList entryLog = found("20.11", "2", "3", "steady");
+        row("nothing", {}, {}, {"Could not fetch HALCON versions update information file"});
+        row("another key", R"({"Halcon": [)" + entry + "]}", {}, {});
+        row("object instead of the array", R"({"halcon": )" + entry + "}", {}, {});
+        row("array instead of the object", "[" + entry + "]", {}, {});
+        row("other keys beside", R"({"about": [1, {}], "halcon": [)" + entry + R"(], "vulcan": []})",
+            entryRecord, entryLog);
+        row("byte order mark", "\xef\xbb\xbf" + file({entry}), entryRecord, entryLog);
+        row("same version and edition twice: the second counts",
+            file({element("20.11", "9", "9", "steady"), element("20.11", "1", "0", "steady")}),
+            {"regular \"20.11\": 20.11.1.0"},
+            found("20.11", "9", "9", "steady") + found("20.11", "1", "0", "steady"));
+        row("same version twice, the second ignored: the first counts",
+            file({element("20.11", "9", "9", "steady"), element("20.11", "x", "0", "steady")}),
+            {"regular \"20.11\": 20.11.9.9"},
+            found("20.11", "9", "9", "steady") + found("20.11", "x", "0", "steady") +
+                QStringList(unread("revision", "x", "20.11")));
+        row("same version in both editions",
+            file({element("20.11", "1", "0", "progress"), element("20.11", "2", "0", "steady")}),
+            {"progress \"20.11\": 20.11.1.0", "regular \"20.11\": 20.11.2.0"},
+            found("20.11", "1", "0", "progress") + found("20.11", "2", "0", "steady"));
     }
-    const auto ignored = [](const char *name, const QString &version, const QString &line) {
-        row(name, version, "", found(version, "2", "3", "steady") + QStringList(line));
-    };
-    ignored("major version beyond 32 bits", "2147483648.11", unread("major", "2147483648", "2147483648.11"));
-    ignored("minor version beyond 32 bits", " 20.2147483648 ",
-            unread("minor", "2147483648", " 20.2147483648 "));
-    ignored("both beyond 32 bits: the major version is named", "2147483648.2147483649",
-            unread("major", "2147483648", "2147483648.2147483649"));
-    ignored("digits of another script", "\u0662\u0660.\u0661\u0661",
-            unread("major", "\u0662\u0660", "\u0662\u0660.\u0661\u0661"));
-}
 
-void HalconReleasesTest::versions()
-{
-    QFETCH(QString, version);
-    QFETCH(QString, numbers);
-    QStringList logged;
+    void files()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(QStringList, log);
+        QStringList logged{"a line that is there already"};
 
-    const HalconReleases read =
-        parseHalconReleases(file({element(version.toUtf8(), "2", "3", "steady")}), &logged);
+        const HalconReleases read = parseHalconReleases(file, &logged);
 
-    QTEST(logged, "log");
-    // An accepted version stands under its own string.
-    const QString release = QString("regular \"%1\": %2.2.3").arg(version, numbers);
-    QCOMPARE(description(read), numbers.isEmpty() ? QStringList() : QStringList(release));
-}
+        QCOMPARE(logged, QStringList("a line that is there already") + log);
+        QTEST(description(read), "releases");
+    }
 
-void HalconReleasesTest::editions_data()
-{
-    const auto row = columns<QByteArray, QString>("edition", "table");
+    void versions_data()
+    {
+        // numbers: empty when the version is ignored
+        columns<QString, QString, QStringList>("version", "numbers", "log");
 
-    row("progress", "progress", "progress");
-    row("upper case", "Progress", "regular");
-    row("space after", "progress ", "regular");
-    row("steady", "steady", "regular");
-    row("empty", "", "regular");
-}
+        const auto taken = [](const char *name, const QString &version, const QString &numbers) {
+            row(name, version, numbers, found(version, "2", "3", "steady"));
+        };
+        taken("plain", "20.11", "20.11");
+        taken("zeros", "0.0", "0.0");
+        taken("spaces around", "   20.11  ", "20.11");
+        taken("no-break space before", "\u00a020.11", "20.11");
+        taken("leading zeros", "0020.0011", "20.11");
+        taken("highest number", "2147483647.2147483647", "2147483647.2147483647");
 
-void HalconReleasesTest::editions()
-{
-    QFETCH(QByteArray, edition);
-    QFETCH(QString, table);
-    QStringList log;
-    QCOMPARE(description(parseHalconReleases(file({element("20.11", "2", "3", edition)}), &log)),
-             QStringList(table + " \"20.11\": 20.11.2.3"));
-    QCOMPARE(log, found("20.11", "2", "3", edition));
-}
+        for (const char *version : {"", " ", "20", "20.11.2", ".11", "20.", "20,11", "20. 11", "-20.11",
+                                    "20.-11", "+20.11", "v20.11", "20.11 Progress", "%1.%2"}) {
+            QTest::addRow("\"%s\"", version) << version << "" << unmatched(version);
+        }
+        const auto ignored = [](const char *name, const QString &version, const QString &line) {
+            row(name, version, "", found(version, "2", "3", "steady") + QStringList(line));
+        };
+        ignored("major version beyond 32 bits", "2147483648.11",
+                unread("major", "2147483648", "2147483648.11"));
+        ignored("minor version beyond 32 bits", " 20.2147483648 ",
+                unread("minor", "2147483648", " 20.2147483648 "));
+        ignored("both beyond 32 bits: the major version is named", "2147483648.2147483649",
+                unread("major", "2147483648", "2147483648.2147483649"));
+        ignored("digits of another script", "\u0662\u0660.\u0661\u0661",
+                unread("major", "\u0662\u0660", "\u0662\u0660.\u0661\u0661"));
+    }
 
-void HalconReleasesTest::otherValues_data()
-{
-    // release: empty when there is none
-    const auto row = columns<QByteArray, QString, QStringList>("element", "release", "log");
+    void versions()
+    {
+        QFETCH(QString, version);
+        QFETCH(QString, numbers);
+        QStringList logged;
 
-    const QStringList ignored(unread("major/minor", "", ""));
-    row("version", R"({"version": 20.11, "revision": "2", "build": "3"})", {},
-        found("", "2", "3", "") + ignored);
-    row("revision", R"({"version": "20.11", "revision": true, "build": "3"})", {},
-        found("20.11", "", "3", "") + QStringList(unread("revision", "", "20.11")));
-    row("build", R"({"version": "20.11", "revision": "2", "build": null})", "regular \"20.11\": 20.11.2.0",
-        found("20.11", "2", "", "") + QStringList(unreadBuild("", "20.11")));
-    row("edition", R"({"version": "20.11", "revision": "2", "build": "3", "edition": ["progress"]})",
-        "regular \"20.11\": 20.11.2.3", found("20.11", "2", "3", ""));
-    row("element", "\"20.11\"", {}, found("", "", "", "") + ignored);
-    row("all missing", "{}", {}, found("", "", "", "") + ignored);
-    row("other keys beside",
-        R"({"major": 9, "version": "20.11", "revision": "2", "Build": "9", "build": "3", "arch": "x"})",
-        "regular \"20.11\": 20.11.2.3", found("20.11", "2", "3", ""));
-}
+        const HalconReleases read =
+            parseHalconReleases(file({element(version.toUtf8(), "2", "3", "steady")}), &logged);
 
-/// Values that are not strings, and missing keys, are read as empty strings.
-void HalconReleasesTest::otherValues()
-{
-    QFETCH(QByteArray, element);
-    QFETCH(QString, release);
-    QStringList logged;
+        QTEST(logged, "log");
+        // An accepted version stands under its own string.
+        const QString release = QString("regular \"%1\": %2.2.3").arg(version, numbers);
+        QCOMPARE(description(read), numbers.isEmpty() ? QStringList() : QStringList(release));
+    }
 
-    const HalconReleases read = parseHalconReleases(file({element}), &logged);
+    /// Only the very word is that of the other edition.
+    void editions()
+    {
+        for (const char *edition : {"Progress", "progress ", ""}) {
+            QStringList log;
+            QCOMPARE(description(parseHalconReleases(file({element("20.11", "2", "3", edition)}), &log)),
+                     QStringList("regular \"20.11\": 20.11.2.3"));
+            QCOMPARE(log, found("20.11", "2", "3", edition));
+        }
+    }
 
-    QTEST(logged, "log");
-    QCOMPARE(description(read), release.isEmpty() ? QStringList() : QStringList(release));
-}
+    void otherValues_data()
+    {
+        // release: empty when there is none
+        const auto row = columns<QByteArray, QString, QStringList>("element", "release", "log");
 
-void HalconReleasesTest::orderOfTheLog()
-{
-    QStringList log;
+        const QStringList ignored(unread("major/minor", "", ""));
+        row("version", R"({"version": 20.11, "revision": "2", "build": "3"})", {},
+            found("", "2", "3", "") + ignored);
+        row("revision", R"({"version": "20.11", "revision": true, "build": "3"})", {},
+            found("20.11", "", "3", "") + QStringList(unread("revision", "", "20.11")));
+        row("build", R"({"version": "20.11", "revision": "2", "build": null})",
+            "regular \"20.11\": 20.11.2.0",
+            found("20.11", "2", "", "") + QStringList(unreadBuild("", "20.11")));
+        row("edition", R"({"version": "20.11", "revision": "2", "build": "3", "edition": ["progress"]})",
+            "regular \"20.11\": 20.11.2.3", found("20.11", "2", "3", ""));
+        row("element", "\"20.11\"", {}, found("", "", "", "") + ignored);
+        row("all missing", "{}", {}, found("", "", "", "") + ignored);
+        row("other keys beside",
+            R"({"major": 9, "version": "20.11", "revision": "2", "Build": "9", "build": "3", "arch": "x"})",
+            "regular \"20.11\": 20.11.2.3", found("20.11", "2", "3", ""));
+    }
 
-    const HalconReleases releases = parseHalconReleases(
-        file({element("18.11", "4", "0", "steady"), element("unknown", "2", "3", "steady"),
-              element("20.11", "2", "x", "progress"), element("13.0", "", "", "steady"),
-              element("19.05", "+1", "7", "progress")}),
-        &log);
+    /// Values that are not strings, and missing keys, are read as empty strings.
+    void otherValues()
+    {
+        QFETCH(QByteArray, element);
+        QFETCH(QString, release);
+        QStringList logged;
 
-    QCOMPARE(log, found("18.11", "4", "0", "steady") + unmatched("unknown") +
-                      found("20.11", "2", "x", "progress") + QStringList(unreadBuild("x", "20.11")) +
-                      found("13.0", "", "", "steady") + QStringList(unread("revision", "", "13.0")) +
-                      found("19.05", "+1", "7", "progress"));
-    QCOMPARE(description(releases),
-             (QStringList{"progress \"19.05\": 19.5.1.7", "progress \"20.11\": 20.11.2.0",
-                          "regular \"18.11\": 18.11.4.0"}));
-}
+        const HalconReleases read = parseHalconReleases(file({element}), &logged);
 
-/// Strings go into the log and the keys unchanged.
-void HalconReleasesTest::texts()
-{
-    QStringList log;
+        QTEST(logged, "log");
+        QCOMPARE(description(read), release.isEmpty() ? QStringList() : QStringList(release));
+    }
 
-    const HalconReleases releases = parseHalconReleases(
-        R"({"halcon": [{"version": "20.11\n", "revision": "%2", "build": "<b>", "edition": "%1"},
-                       {"version": "\t20.11", "revision": "1", "build": "%1 %2", "edition": "Gr\u00f6\u00dfe"}]})",
-        &log);
+    void orderOfTheLog()
+    {
+        QStringList log;
 
-    QCOMPARE(log, found("20.11\n", "%2", "<b>", "%1") + QStringList(unread("revision", "%2", "20.11\n")) +
-                      found("\t20.11", "1", "%1 %2", "Gr\u00f6\u00dfe") +
-                      QStringList(unreadBuild("%1 %2", "\t20.11")));
-    QCOMPARE(description(releases), QStringList("regular \"\t20.11\": 20.11.1.0"));
-}
+        const HalconReleases releases = parseHalconReleases(
+            file({element("18.11", "4", "0", "steady"), element("unknown", "2", "3", "steady"),
+                  element("20.11", "2", "x", "progress"), element("13.0", "", "", "steady"),
+                  element("19.05", "+1", "7", "progress")}),
+            &log);
 
-void HalconReleasesTest::brokenFiles_data()
-{
-    const auto row = columns<QByteArray>("file");
+        QCOMPARE(log, found("18.11", "4", "0", "steady") + unmatched("unknown") +
+                          found("20.11", "2", "x", "progress") + QStringList(unreadBuild("x", "20.11")) +
+                          found("13.0", "", "", "steady") + QStringList(unread("revision", "", "13.0")) +
+                          found("19.05", "+1", "7", "progress"));
+        QCOMPARE(description(releases),
+                 (QStringList{"progress \"19.05\": 19.5.1.7", "progress \"20.11\": 20.11.2.0",
+                              "regular \"18.11\": 18.11.4.0"}));
+    }
 
-    const QByteArray whole = file({element("20.11", "2", "3", "steady")});
-    row("space", QByteArray(" "));
-    row("page of HTML", QByteArray("<!DOCTYPE html>\n<html><body>Not Found</body></html>\n"));
-    row("null", QByteArray("null"));
-    row("last byte missing", whole.left(whole.size() - 1));
-    row("more after", whole + whole);
-    row("bytes that are no UTF-8", QByteArray("{\"halcon\": [{\"version\": \"20\xff.11\"}]}"));
-    row("nesting very deep and not closed", QByteArray(1000000, '['));
-}
+    /// Strings go into the log and the keys unchanged.
+    void texts()
+    {
+        QStringList log;
 
-void HalconReleasesTest::brokenFiles()
-{
-    QFETCH(QByteArray, file);
-    QJsonParseError error{};
-    QJsonDocument::fromJson(file, &error);
-    QVERIFY(error.error != QJsonParseError::NoError);
-    QStringList log;
+        const HalconReleases releases = parseHalconReleases(
+            file(
+                {R"({"version": "20.11\n", "revision": "%2", "build": "<b>", "edition": "%1"})",
+                 R"({"version": "\t20.11", "revision": "1", "build": "%1 %2", "edition": "Gr\u00f6\u00dfe"})"}),
+            &log);
 
-    const HalconReleases releases = parseHalconReleases(file, &log);
+        QCOMPARE(log, found("20.11\n", "%2", "<b>", "%1") + QStringList(unread("revision", "%2", "20.11\n")) +
+                          found("\t20.11", "1", "%1 %2", "Gr\u00f6\u00dfe") +
+                          QStringList(unreadBuild("%1 %2", "\t20.11")));
+        QCOMPARE(description(releases), QStringList("regular \"\t20.11\": 20.11.1.0"));
+    }
 
-    QCOMPARE(log, (QStringList{
-                      "Could not parse HALCON versions update information file:",
-                      "  " + error.errorString() + "( offset: " + QString::number(error.offset) + ")",
-                  }));
-    QCOMPARE(description(releases), QStringList());
-}
+    void brokenFiles_data()
+    {
+        const auto row = columns<QByteArray, QString>("file", "error");
 
-void HalconReleasesTest::literalParserError()
-{
-    QStringList log;
-    parseHalconReleases("{\"halcon\" []}", &log);
-    QCOMPARE(log, (QStringList{"Could not parse HALCON versions update information file:",
-                               "  missing name separator( offset: 11)"}));
-}
+        const QByteArray whole = file({element("20.11", "2", "3", "steady")});
+        row("page of HTML", "<!DOCTYPE html>", "illegal value( offset: 1)");
+        row("null", "null", "illegal value( offset: 1)");
+        row("no colon", "{\"halcon\" []}", "missing name separator( offset: 11)");
+        row("last byte missing", whole.left(whole.size() - 1), "unterminated object( offset: 85)");
+        row("more after", "{}{}", "garbage at the end of the document( offset: 2)");
+        row("bytes that are no UTF-8", "{\"halcon\": [{\"version\": \"20\xff.11\"}]}",
+            "invalid UTF8 string( offset: 27)");
+        row("nesting very deep and not closed", QByteArray(1000000, '['),
+            "too deeply nested document( offset: 1025)");
+    }
+
+    void brokenFiles()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(QString, error);
+        QStringList log;
+
+        const HalconReleases releases = parseHalconReleases(file, &log);
+
+        QCOMPARE(log,
+                 (QStringList{"Could not parse HALCON versions update information file:", "  " + error}));
+        QCOMPARE(description(releases), QStringList());
+    }
+};
 
 QTEST_GUILESS_MAIN(HalconReleasesTest)
 #include "HalconReleasesTest.moc"
