@@ -13,25 +13,15 @@ private slots:
         // number: empty when it is not a number
         columns<QString, QString>("text", "number");
 
-        row("zero", "0", "0");
         row("minus", "-1", "-1");
         row("plus", "+2", "2");
         row("leading zeros", "0010", "10");
-        row("highest", "2147483647", "2147483647");
-        row("lowest", "-2147483648", "-2147483648");
         row("spaces around", " 2 ", "2");
         row("empty", "", "");
-        row("space", " ", "");
         row("beyond 32 bits", "2147483648", "");
         row("below 32 bits", "-2147483649", "");
-        row("beyond 64 bits", "20000000000000000000", "");
-        row("letter after", "2a", "");
         row("point", "2.0", "");
-        row("exponent", "1e3", "");
         row("hexadecimal", "0x10", "");
-        row("thousands", "1,000", "");
-        row("two numbers", "1 2", "");
-        row("sign only", "-", "");
         row("digit of another script", "\u0662", "");
     }
 
