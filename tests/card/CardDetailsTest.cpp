@@ -1,6 +1,6 @@
 #include "card/CardDetails.h"
 #include "base/MakerAddresses.h"
-#include "tests/card/Desktop.h"
+#include "tests/support/Desktop.h"
 #include "tests/support/Installations.h"
 #include "tests/support/RichText.h"
 #include "tests/support/Rows.h"

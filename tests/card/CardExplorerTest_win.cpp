@@ -1,5 +1,5 @@
 #include "card/SingleHalconVersionFrame.h"
-#include "tests/card/Desktop.h"
+#include "tests/support/Desktop.h"
 #include "tests/support/EchoChild.h"
 #include "tests/support/Installations.h"
 #include "tests/support/MessageBoxes.h"

@@ -1,7 +1,7 @@
 #include "card/VelloxaAdvertisementDialog.h"
 #include "base/MakerAddresses.h"
-#include "tests/card/Desktop.h"
 #include "tests/support/AccessibleControls.h"
+#include "tests/support/Desktop.h"
 #include "tests/support/MarkingTranslator.h"
 #include "tests/support/Patience.h"
 #include "tests/support/RichText.h"

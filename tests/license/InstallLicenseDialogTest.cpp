@@ -5,17 +5,18 @@
 #include "tests/license/LicenseFiles.h"
 #include "tests/support/AccessibleControls.h"
 #include "tests/support/DialogUser.h"
+#include "tests/support/RichText.h"
 #include "tests/support/Rows.h"
+#include "tests/support/Shown.h"
+#include "tests/support/Snapshot.h"
 #include "tests/support/WidgetTree.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QLabel>
-#include <QLayout>
 #include <QPushButton>
 #include <QSettings>
-#include <QTextBlock>
 #include <QTextEdit>
 #include <QtTest>
 
@@ -33,22 +34,17 @@ QString shownFile(const InstallLicenseDialog &dialog)
     return dialog.findChild<QLabel *>("labelSelectedFile")->text();
 }
 
-QPushButton *button(const InstallLicenseDialog &dialog, QDialogButtonBox::StandardButton which)
+/// Presses pbSelectFile, and a button of the file dialog after @p use.
+bool selectFile(InstallLicenseDialog &dialog, QDialogButtonBox::StandardButton pressed,
+                const std::function<void(QFileDialog &)> &use)
 {
-    return dialog.findChild<QDialogButtonBox *>("buttonBox")->button(which);
-}
-
-/// The parts of the explanation in italics.
-QString italics(const QTextEdit &textEdit)
-{
-    QString text;
-    const QTextBlock paragraph = textEdit.document()->firstBlock();
-    for (auto part = paragraph.begin(); !part.atEnd(); ++part) {
-        if (part.fragment().charFormat().fontItalic()) {
-            text += part.fragment().text();
-        }
-    }
-    return text;
+    const DialogUser<QFileDialog> user([&](QFileDialog &fileDialog) {
+        use(fileDialog);
+        QTest::mouseClick(fileDialog.findChild<QDialogButtonBox *>("buttonBox")->button(pressed),
+                          Qt::LeftButton);
+    });
+    QTest::mouseClick(dialog.findChild<QPushButton *>("pbSelectFile"), Qt::LeftButton);
+    return user.wasUsed();
 }
 
 } // namespace
@@ -66,74 +62,18 @@ private slots:
 
     void init() { QSettings().remove(lastDirectoryKey); }
 
-    void widgets()
-    {
-        const InstallLicenseDialog dialog("C:\\H\\license");
-        // The button box creates its buttons itself.
-        QCOMPARE(
-            describeWidgets(dialog).mid(0, 8).join('\n'),
-            QString("InstallLicenseDialog InstallLicenseDialog Preferred/Preferred\n"
-                    "QTextEdit textEdit Expanding/Expanding in verticalLayout at 0\n"
-                    "QPushButton pbSelectFile \"Select file...\" Minimum/Fixed in horizontalLayout_2 at 0\n"
-                    "QLabel label \"or\" Preferred/Preferred in verticalLayout at 2\n"
-                    "InstallLicenseDropFrame labelDrop \"Drop license file here\" min 0x80 "
-                    "Preferred/Expanding in verticalLayout at 3\n"
-                    "QLabel label_2 \"Selected file:\" Preferred/Preferred in horizontalLayout at 0\n"
-                    "QLabel labelSelectedFile \"(none)\" Expanding/Preferred in horizontalLayout at 1\n"
-                    "QDialogButtonBox buttonBox Expanding/Fixed in verticalLayout at 5"));
-        QCOMPARE(dialog.findChildren<QPushButton *>().size(), 3);
-        QCOMPARE(dialog.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly).size(), 7);
-    }
-
-    void layouts()
-    {
-        const InstallLicenseDialog dialog("C:\\H\\license");
-        // Defaults of the style differ between machines.
-        for (QLayout *layout : dialog.findChildren<QLayout *>()) {
-            layout->setSpacing(0);
-            layout->setContentsMargins(0, 0, 0, 0);
-        }
-        QCOMPARE(
-            describeLayouts(*dialog.layout()).mid(0, 3).join('\n'),
-            QString("QVBoxLayout verticalLayout spacing 0 margins 0,0,0,0: "
-                    "textEdit | horizontalLayout_2 | label | labelDrop | horizontalLayout | buttonBox\n"
-                    "QHBoxLayout horizontalLayout_2 spacing 0 margins 0,0,0,0: pbSelectFile\n"
-                    "QHBoxLayout horizontalLayout spacing 0 margins 0,0,0,0: label_2 | labelSelectedFile"));
-    }
-
-    void appearance()
+    void form()
     {
         QWidget window;
-        const InstallLicenseDialog dialog("C:\\H\\license", &window);
+        InstallLicenseDialog dialog("C:\\H\\license", &window);
         QCOMPARE(dialog.parentWidget(), &window);
-        QCOMPARE(dialog.size(), QSize(400, 339));
-        QCOMPARE(dialog.windowTitle(), QString("Install HALCON license"));
-        QVERIFY(!dialog.windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
-        QVERIFY(dialog.windowFlags().testFlag(Qt::Dialog));
-
-        const auto *textEdit = dialog.findChild<QTextEdit *>("textEdit");
-        QVERIFY(textEdit->isReadOnly());
-        QCOMPARE(
-            textEdit->styleSheet(),
-            QString("border-color: qlineargradient(spread:pad, x1:0, y1:0, x2:1, y2:0, stop:0 rgba(0, 0, 0, "
-                    "255), stop:1 rgba(255, 255, 255, 255));"));
-        const auto *labelDrop = dialog.findChild<InstallLicenseDropFrame *>("labelDrop");
-        QCOMPARE(labelDrop->font().pointSize(), 14);
-        QCOMPARE(labelDrop->styleSheet(), QString("background-color: #DDFFDD;"));
-        QCOMPARE(labelDrop->frameShape(), QFrame::Box);
-        QVERIFY(labelDrop->acceptDrops());
-        QCOMPARE(dialog.findChild<QLabel *>("labelSelectedFile")->styleSheet(),
-                 QString("font-weight: bold;"));
-        const auto *buttonBox = dialog.findChild<QDialogButtonBox *>("buttonBox");
-        QCOMPARE(buttonBox->orientation(), Qt::Horizontal);
-        QCOMPARE(buttonBox->standardButtons(), QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+        COMPARE_SNAPSHOT(describeForm(dialog), "InstallLicenseDialog.tree");
     }
 
     void explanation_data()
     {
         columns<QString>("targetDirectory");
 
-        row("spaces", "C:\\Program Files\\HALCON 20.11\\license");
         row("ampersand", "C:\\Black & White\\license");
         row("what looks like a tag", "C:\\<b>HALCON<br>\\<license>");
         row("what looks like a placeholder", "C:\\%1\\%2\\license");
@@ -144,13 +84,15 @@ private slots:
     {
         QFETCH(QString, targetDirectory);
         const InstallLicenseDialog dialog(targetDirectory);
-        const auto *textEdit = dialog.findChild<QTextEdit *>("textEdit");
-        QCOMPARE(textEdit->toPlainText(),
-                 "You are about to install a HALCON license file. These files are usually named like "
-                 "license_1234567.dat. A copy of the license file will be put into directory \"" +
-                     QDir::toNativeSeparators(targetDirectory) + "\".");
-        QCOMPARE(textEdit->document()->blockCount(), 1);
-        QCOMPARE(italics(*textEdit), QString("license_1234567.dat"));
+        const QTextDocument *document = dialog.findChild<QTextEdit *>("textEdit")->document();
+        QCOMPARE(
+            richTextRuns(*document),
+            (QStringList{
+                "\"You are about to install a HALCON license file. These files are usually named like \"",
+                "\"license_1234567.dat\" italic",
+                "\". A copy of the license file will be put into directory \"" +
+                    QDir::toNativeSeparators(targetDirectory) + "\".\""}));
+        QCOMPARE(document->blockCount(), 1);
     }
 
     void setPath_data()
@@ -177,70 +119,40 @@ private slots:
         QCOMPARE(lastDirectory(), files.native(directoryName));
     }
 
-    void fileDialogStartsInTheLastDirectory_data()
-    {
-        columns<bool, bool>("stored", "exists");
-
-        row("stored", true, true);
-        row("none", false, false);
-    }
-
     void fileDialogStartsInTheLastDirectory()
     {
-        QFETCH(bool, stored);
-        QFETCH(bool, exists);
-        const QString last = files.native("my licences");
-        if (exists) {
-            QVERIFY(QDir().mkpath(files.path("my licences")));
-        }
-        if (stored) {
-            QSettings().setValue(lastDirectoryKey, last);
-        }
         // Without a stored directory Qt chooses one.
-        const QString expected = exists
-                                     ? files.path("my licences")
-                                     : QFileDialog(nullptr, "", stored ? last : QString()).directory().path();
-        InstallLicenseDialog dialog("C:\\H\\license");
+        QString expected = QFileDialog(nullptr, "").directory().path();
+        Shown<InstallLicenseDialog> dialog("C:\\H\\license");
         QString started;
-        const DialogUser<QFileDialog> user([&](QFileDialog &fileDialog) {
-            started = fileDialog.directory().path();
-            fileDialog.reject();
-        });
-        QTest::ignoreMessage(QtDebugMsg, "\"Quorvik Solutions\" \"Corvanta for HALCON\"");
-
-        dialog.show();
-        QTest::mouseClick(dialog.findChild<QPushButton *>("pbSelectFile"), Qt::LeftButton);
-
-        QVERIFY(user.wasUsed());
-        QCOMPARE(started, expected);
+        for (const QString name : {"", "my licences"}) {
+            if (!name.isEmpty()) {
+                QVERIFY(QDir().mkpath(files.path(name)));
+                QSettings().setValue(lastDirectoryKey, files.native(name));
+                expected = files.path(name);
+            }
+            QTest::ignoreMessage(QtDebugMsg, "\"Quorvik Solutions\" \"Corvanta for HALCON\"");
+            QVERIFY(selectFile(dialog, QDialogButtonBox::Cancel, [&](const QFileDialog &fileDialog) {
+                started = fileDialog.directory().path();
+            }));
+            QCOMPARE(started, expected);
+        }
     }
 
     void fileChosenInTheFileDialog()
     {
         files.write("my licences/license_1.dat", "x");
-        InstallLicenseDialog dialog("C:\\H\\license");
+        Shown<InstallLicenseDialog> dialog("C:\\H\\license");
         dialog.set_path_and_content(files.path("dropped.dat"), "contents");
-        QWidget *parent = nullptr;
-        QString title;
-        QStringList filters;
-        const DialogUser<QFileDialog> user([&](QFileDialog &fileDialog) {
-            parent = fileDialog.parentWidget();
-            title = fileDialog.windowTitle();
-            filters = fileDialog.nameFilters();
+
+        QVERIFY(selectFile(dialog, QDialogButtonBox::Open, [&](QFileDialog &fileDialog) {
+            QCOMPARE(fileDialog.parentWidget(), &dialog);
+            QCOMPARE(fileDialog.windowTitle(), QString("Open license file"));
+            QCOMPARE(fileDialog.nameFilters(), QStringList{"License files (*.dat)"});
             fileDialog.setDirectory(files.path("my licences"));
             fileDialog.selectFile(files.path("my licences/license_1.dat"));
-            QTest::mouseClick(
-                fileDialog.findChild<QDialogButtonBox *>("buttonBox")->button(QDialogButtonBox::Open),
-                Qt::LeftButton);
-        });
+        }));
 
-        dialog.show();
-        QTest::mouseClick(dialog.findChild<QPushButton *>("pbSelectFile"), Qt::LeftButton);
-
-        QVERIFY(user.wasUsed());
-        QCOMPARE(parent, &dialog);
-        QCOMPARE(title, QString("Open license file"));
-        QCOMPARE(filters, QStringList{"License files (*.dat)"});
         QCOMPARE(dialog.selectedFile(), files.native("my licences/license_1.dat"));
         QCOMPARE(shownFile(dialog), files.native("my licences/license_1.dat"));
         QCOMPARE(dialog.droppedContents(), QString());
@@ -249,18 +161,11 @@ private slots:
 
     void fileDialogCancelled()
     {
-        InstallLicenseDialog dialog("C:\\H\\license");
+        Shown<InstallLicenseDialog> dialog("C:\\H\\license");
         dialog.set_path_and_content(files.path("dropped.dat"), "contents");
-        const DialogUser<QFileDialog> user([](QFileDialog &fileDialog) {
-            QTest::mouseClick(
-                fileDialog.findChild<QDialogButtonBox *>("buttonBox")->button(QDialogButtonBox::Cancel),
-                Qt::LeftButton);
-        });
 
-        dialog.show();
-        QTest::mouseClick(dialog.findChild<QPushButton *>("pbSelectFile"), Qt::LeftButton);
+        QVERIFY(selectFile(dialog, QDialogButtonBox::Cancel, [](const QFileDialog &) {}));
 
-        QVERIFY(user.wasUsed());
         QCOMPARE(dialog.selectedFile(), files.native("dropped.dat"));
         QCOMPARE(shownFile(dialog), files.native("dropped.dat"));
         QCOMPARE(dialog.droppedContents(), QString("contents"));
@@ -270,50 +175,39 @@ private slots:
     void drop()
     {
         files.write("dropped/license.dat", "one\ntwo\n");
-        InstallLicenseDialog dialog("C:\\H\\license");
+        Shown<InstallLicenseDialog> dialog("C:\\H\\license");
         dialog.set_path(files.path("chosen/license.dat"));
-        dialog.show();
+        auto &area = *dialog.findChild<InstallLicenseDropFrame *>("labelDrop");
 
-        QVERIFY(dropFiles(*dialog.findChild<InstallLicenseDropFrame *>("labelDrop"),
-                          {QUrl::fromLocalFile(files.path("dropped/license.dat"))}));
-
-        QCOMPARE(dialog.selectedFile(), files.native("dropped/license.dat"));
-        QCOMPARE(shownFile(dialog), files.native("dropped/license.dat"));
-        QCOMPARE(dialog.droppedContents(), QString("one\ntwo\n"));
-        QCOMPARE(lastDirectory(), files.native("chosen"));
-        QVERIFY(dialog.isVisible());
-
-        // When the file cannot be read, the one dropped before stays.
-        QVERIFY(dropFiles(*dialog.findChild<InstallLicenseDropFrame *>("labelDrop"),
-                          {QUrl::fromLocalFile(files.path("missing.dat"))}));
-        QCOMPARE(dialog.selectedFile(), files.native("dropped/license.dat"));
-        QCOMPARE(dialog.droppedContents(), QString("one\ntwo\n"));
+        // When the second file cannot be read, the first one stays.
+        for (const char *name : {"dropped/license.dat", "missing.dat"}) {
+            QVERIFY(dropFiles(area, {files.url(name)}));
+            QCOMPARE(dialog.selectedFile(), files.native("dropped/license.dat"));
+            QCOMPARE(shownFile(dialog), files.native("dropped/license.dat"));
+            QCOMPARE(dialog.droppedContents(), QString("one\ntwo\n"));
+            QCOMPARE(lastDirectory(), files.native("chosen"));
+            QVERIFY(dialog.isVisible());
+        }
     }
 
     void okAndCancel()
     {
         InstallLicenseDialog dialog("C:\\H\\license");
-        const auto resultOf = [&](const std::function<void()> &close) {
-            dialog.show();
-            dialog.setResult(-1);
-            close();
-            return dialog.isVisible() ? -2 : dialog.result();
+        const auto press = [&](QDialogButtonBox::StandardButton which) {
+            QTest::mouseClick(dialog.findChild<QDialogButtonBox *>("buttonBox")->button(which),
+                              Qt::LeftButton);
         };
         const int accepted = QDialog::Accepted;
         const int rejected = QDialog::Rejected;
         // A file need not be selected.
-        QCOMPARE(resultOf([&] { QTest::mouseClick(button(dialog, QDialogButtonBox::Ok), Qt::LeftButton); }),
-                 accepted);
-        QCOMPARE(
-            resultOf([&] { QTest::mouseClick(button(dialog, QDialogButtonBox::Cancel), Qt::LeftButton); }),
-            rejected);
-        QCOMPARE(resultOf([&] { QTest::keyClick(&dialog, Qt::Key_Escape); }), rejected);
+        QCOMPARE(resultOf(dialog, [&] { press(QDialogButtonBox::Ok); }), accepted);
+        QCOMPARE(resultOf(dialog, [&] { press(QDialogButtonBox::Cancel); }), rejected);
+        QCOMPARE(resultOf(dialog, [&] { QTest::keyClick(&dialog, Qt::Key_Escape); }), rejected);
     }
 
     void controlsHaveNames()
     {
-        InstallLicenseDialog dialog("C:\\HALCON\\license");
-        dialog.show();
+        Shown<InstallLicenseDialog> dialog("C:\\H\\license");
         QStringList names = accessibleControls(dialog);
         // The order of the two buttons at the bottom is the platform's.
         names.sort();
@@ -326,5 +220,4 @@ private:
 };
 
 QTEST_MAIN(InstallLicenseDialogTest)
-
 #include "InstallLicenseDialogTest.moc"

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <QtTest>
+#include <QUrl>
 
 /// A directory for a test's licence files, and one of its own in which the program makes temporary files.
 class LicenseFiles {
@@ -33,6 +34,7 @@ public:
 
     QString path(const QString &name) const { return directory.filePath(name); }
     QString native(const QString &name) const { return QDir::toNativeSeparators(path(name)); }
+    QUrl url(const QString &name) const { return QUrl::fromLocalFile(path(name)); }
 
     /// Makes a file, and the directories above it. A failure ends the test program.
     void write(const QString &name, const QByteArray &contents) const
@@ -94,6 +96,19 @@ inline QStringList helperLogLines(const QString &source, const QString &target)
                 "\". Trying to install license with an elevated helper process.",
             "executing helper process with elevated rights: " + helperExecutablePath() + " --copy=\"" +
                 target + "\" \"" + source + "\""};
+}
+
+/// What the log says of a target that is in the way, and cannot be removed.
+inline QStringList removalLogLines(const QString &target)
+{
+    return {"removing existing file " + target, "warning: cannot remove existing file " + target + " \""};
+}
+
+/// What the user is told when the helper has ended with @p exitCode.
+inline QString helperFailureLine(int exitCode)
+{
+    return QString("helper process returned with value %1. This indicates an error in its execution!")
+        .arg(exitCode);
 }
 
 /// The temporary file that the first line of the log names.

@@ -1,9 +1,19 @@
 #pragma once
 
 #include <QApplication>
+#include <QDialog>
 #include <QTimer>
 
 #include <functional>
+
+/// How @p dialog ends when a user has shown it and calls @p close: its result, or -2 when it is still there.
+inline int resultOf(QDialog &dialog, const std::function<void()> &close)
+{
+    dialog.show();
+    dialog.setResult(-1);
+    close();
+    return dialog.isVisible() ? -2 : dialog.result();
+}
 
 /// A fake user of the next modal dialog of one class: does something with it once it is open.
 template <typename Dialog>

@@ -2,7 +2,9 @@
 
 #include <QString>
 #include <QStringList>
+#include <QTest>
 #include <QTextBlock>
+#include <QTextBrowser>
 #include <QTextDocument>
 
 /// One line for each run of equally formatted text: the text in quotes, then its format, such as
@@ -17,6 +19,9 @@ inline QStringList richTextRuns(const QTextDocument &document)
             if (format.fontWeight() >= QFont::Bold) {
                 run += " bold";
             }
+            if (format.fontItalic()) {
+                run += " italic";
+            }
             if (format.fontUnderline()) {
                 run += " underlined";
             }
@@ -30,4 +35,16 @@ inline QStringList richTextRuns(const QTextDocument &document)
         }
     }
     return runs;
+}
+
+/// Clicks on the first occurrence of @p text in the shown @p browser.
+inline void clickOn(QTextBrowser &browser, const QString &text)
+{
+    QTextCursor place = browser.document()->find(text);
+    QVERIFY(!place.isNull());
+    // Near its beginning, because a long text may be broken over two lines.
+    place.setPosition(place.selectionStart() + 1);
+    browser.setTextCursor(place);
+    browser.ensureCursorVisible();
+    QTest::mouseClick(browser.viewport(), Qt::LeftButton, Qt::NoModifier, browser.cursorRect(place).center());
 }

@@ -7,10 +7,13 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMetaEnum>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QStyle>
 #include <QTextBrowser>
+#include <QTreeView>
 #include <QWidget>
 
 namespace {
@@ -27,17 +30,33 @@ QString policyText(const QSizePolicy &policy)
            QString::fromLatin1(policies.valueToKey(policy.verticalPolicy()));
 }
 
-/// Shape and shadow of a plain frame: those of other widgets belong to their classes.
+/// Shape and shadow of a plain frame or of a label with one: those of other widgets belong to their classes.
 QString frameText(const QWidget &widget)
 {
-    if (widget.metaObject() != &QFrame::staticMetaObject) {
+    const auto *frame = qobject_cast<const QFrame *>(&widget);
+    const auto *label = qobject_cast<const QLabel *>(&widget);
+    if (frame == nullptr || (label == nullptr && widget.metaObject() != &QFrame::staticMetaObject) ||
+        (label != nullptr && label->frameShape() == QFrame::NoFrame)) {
         return QString();
     }
-    const auto &frame = static_cast<const QFrame &>(widget);
     const auto shapes = QMetaEnum::fromType<QFrame::Shape>();
     const auto shadows = QMetaEnum::fromType<QFrame::Shadow>();
-    return QLatin1Char(' ') + QString::fromLatin1(shapes.valueToKey(frame.frameShape())) + QLatin1Char('/') +
-           QString::fromLatin1(shadows.valueToKey(frame.frameShadow()));
+    return QLatin1Char(' ') + QString::fromLatin1(shapes.valueToKey(frame->frameShape())) + QLatin1Char('/') +
+           QString::fromLatin1(shadows.valueToKey(frame->frameShadow()));
+}
+
+/// Whether the widgets inside it are Qt's, which differ between styles and systems.
+bool makesItsOwnContents(const QWidget &widget)
+{
+    return qobject_cast<const QAbstractScrollArea *>(&widget) != nullptr ||
+           qobject_cast<const QDialogButtonBox *>(&widget) != nullptr;
+}
+
+/// What the form has set of a font.
+QString fontText(const QFont &font)
+{
+    return ((font.resolve() & QFont::FamilyResolved) != 0 ? font.family() + QLatin1Char(' ') : QString()) +
+           ((font.resolve() & QFont::SizeResolved) != 0 ? QString::number(font.pointSize()) : QString());
 }
 
 QString ownText(const QWidget &widget)
@@ -120,8 +139,7 @@ void describeBelow(const QWidget &widget, QStringList &lines)
     lines.append(describe(widget));
     for (const QObject *child : widget.children()) {
         const auto *below = qobject_cast<const QWidget *>(child);
-        // The inner widgets of Qt's own widgets do not count.
-        if (below != nullptr && !below->objectName().startsWith(QLatin1String("qt_"))) {
+        if (below != nullptr && !makesItsOwnContents(widget)) {
             describeBelow(*below, lines);
         }
     }
@@ -145,6 +163,24 @@ QStringList controlProperties(const QWidget &widget)
     if (!widget.styleSheet().isEmpty()) {
         properties.append(QStringLiteral("style ") + QString(widget.styleSheet()).replace('\n', ' '));
     }
+    if (widget.testAttribute(Qt::WA_SetFont)) {
+        properties.append(QStringLiteral("font ") + fontText(widget.font()));
+    }
+    if (qobject_cast<const QLabel *>(&widget) != nullptr && widget.acceptDrops()) {
+        properties.append(QStringLiteral("takes drops"));
+    }
+    if (const auto *line = qobject_cast<const QLineEdit *>(&widget)) {
+        properties.append(QStringLiteral("placeholder ") + line->placeholderText());
+    }
+    if (const auto *tree = qobject_cast<const QTreeView *>(&widget)) {
+        properties.append(QStringLiteral("edit triggers %1, %2, %3, %4, %5, %6")
+                              .arg(tree->editTriggers())
+                              .arg(tree->rootIsDecorated() ? "decorated" : "plain")
+                              .arg(tree->uniformRowHeights() ? "uniform rows" : "rows of any height")
+                              .arg(tree->itemsExpandable() ? "expandable" : "not expandable")
+                              .arg(tree->isSortingEnabled() ? "sorting" : "not sorting")
+                              .arg(tree->isHeaderHidden() ? "no header" : "header"));
+    }
     if (const auto *button = qobject_cast<const QPushButton *>(&widget)) {
         if (button->isFlat()) {
             properties.append(QStringLiteral("flat"));
@@ -163,6 +199,9 @@ QStringList controlProperties(const QWidget &widget)
         if (browser->openExternalLinks()) {
             properties.append(QStringLiteral("opens external links"));
         }
+    }
+    if (const auto *text = qobject_cast<const QTextEdit *>(&widget)) {
+        properties.append(text->isReadOnly() ? QStringLiteral("read-only") : QStringLiteral("editable"));
     }
     if (const auto *area = qobject_cast<const QScrollArea *>(&widget)) {
         properties.append(QStringLiteral("scroll bars %1/%2, adjusts %3, %4")
@@ -211,7 +250,8 @@ QStringList describeLayouts(const QLayout &layout)
         items.append(describeItem(*item));
         if (const QLayout *inner = item->layout()) {
             below += describeLayouts(*inner);
-        } else if (const QWidget *widget = item->widget(); widget != nullptr && widget->layout() != nullptr) {
+        } else if (const QWidget *widget = item->widget();
+                   widget != nullptr && widget->layout() != nullptr && !makesItsOwnContents(*widget)) {
             below += describeLayouts(*widget->layout());
         }
     }
@@ -225,4 +265,24 @@ QStringList describeLayouts(const QLayout &layout)
                            .arg(margins.bottom())
                            .arg(items.join(QStringLiteral(" | ")))} +
            below;
+}
+
+QStringList describeForm(QWidget &form)
+{
+    const auto margin = [&](QStyle::PixelMetric metric) {
+        return form.style()->pixelMetric(metric, nullptr, &form);
+    };
+    if (form.layout()->contentsMargins() ==
+        QMargins(margin(QStyle::PM_LayoutLeftMargin), margin(QStyle::PM_LayoutTopMargin),
+                 margin(QStyle::PM_LayoutRightMargin), margin(QStyle::PM_LayoutBottomMargin))) {
+        form.layout()->setContentsMargins(0, 0, 0, 0);
+    }
+    for (QLayout *layout : form.findChildren<QLayout *>()) {
+        layout->setSpacing(0);
+    }
+    const QString window = QStringLiteral("\"%1\" %2").arg(form.windowTitle(), sizeText(form.size())) +
+                           (form.isModal() ? " modal" : "") +
+                           (form.windowFlags().testFlag(Qt::WindowContextHelpButtonHint) ? " help" : "");
+    return QStringList{window} + describeWidgets(form) + describeLayouts(*form.layout()) +
+           describeControls(form);
 }
