@@ -3,12 +3,12 @@
 #include "tests/support/AccessibleControls.h"
 #include "tests/support/MarkingTranslator.h"
 #include "tests/support/MessageBoxes.h"
-#include "tests/support/Patience.h"
+#include "tests/support/Shown.h"
+#include "tests/support/Snapshot.h"
 #include "tests/support/WidgetTree.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QClipboard>
-#include <QLayout>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -55,56 +55,35 @@ private slots:
         QCOMPARE(updated.size(), 3);
     }
 
-    void dialogIsBuilt()
+    void form()
     {
         QWidget window;
-        const DebugDialog dialog(&window);
+        DebugDialog dialog(&window);
         QCOMPARE(dialog.parentWidget(), &window);
-        QCOMPARE(dialog.objectName(), QString("DebugDialog"));
-        QCOMPARE(dialog.windowTitle(), QString("Debug log"));
-        QCOMPARE(dialog.size(), QSize(855, 524));
-        QVERIFY(!dialog.isModal());
-        QVERIFY(!dialog.windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
-
-        for (QLayout *layout : dialog.findChildren<QLayout *>()) {
-            layout->setSpacing(0);
-            layout->setContentsMargins(0, 0, 0, 0);
-        }
-        QCOMPARE(describeLayouts(*dialog.layout()),
-                 (QStringList{
-                     "QHBoxLayout horizontalLayout spacing 0 margins 0,0,0,0: textBrowser | verticalLayout",
-                     "QVBoxLayout verticalLayout spacing 0 margins 0,0,0,0: pbClose | pbClipboard | "
-                     "spacer 20x40 Minimum/Expanding"}));
-        const auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
-        QCOMPARE(browser->font().family(), QString("Courier New"));
-        QCOMPARE(browser->font().pointSize(), QApplication::font().pointSize());
+        QCOMPARE(dialog.findChild<QTextBrowser *>("textBrowser")->font().pointSize(),
+                 QApplication::font().pointSize());
+        COMPARE_SNAPSHOT(describeForm(dialog), "DebugDialog.tree");
     }
 
     void dialogShowsEarlierLines()
     {
-        DebugDialog dialog;
-        dialog.show();
+        Shown<DebugDialog> dialog;
         QCOMPARE(accessibleControls(dialog), (QStringList{"Debug log", "Close", "Copy to clipboard"}));
         QCOMPARE(dialog.findChild<QTextBrowser *>("textBrowser")->toPlainText(), QString("a\nb\nc\n  d <b>"));
     }
 
     void openDialogFollows()
     {
-        DebugDialog dialog;
-        dialog.show();
+        Shown<DebugDialog> dialog;
         DebugLogger::instance().log("while open");
         QCOMPARE(dialog.findChild<QTextBrowser *>("textBrowser")->toPlainText(),
                  QString("a\nb\nc\n  d <b>\nwhile open"));
-        const QScrollBar *bar = dialog.findChild<QTextBrowser *>("textBrowser")->verticalScrollBar();
-        QCOMPARE(bar->minimum(), 0);
-        QCOMPARE(bar->value(), 0);
+        QCOMPARE(dialog.findChild<QTextBrowser *>("textBrowser")->verticalScrollBar()->value(), 0);
     }
 
     void closedDialogFollows()
     {
-        DebugDialog dialog;
-        dialog.show();
-        QVERIFY(eventuallyExposed(&dialog));
+        Shown<DebugDialog> dialog;
         QTest::mouseClick(dialog.findChild<QPushButton *>("pbClose"), Qt::LeftButton);
         QVERIFY(!dialog.isVisible());
         DebugLogger::instance().log("while closed");
@@ -116,9 +95,7 @@ private slots:
     void copy()
     {
         QApplication::setApplicationName("Log test");
-        DebugDialog dialog;
-        dialog.show();
-        QVERIFY(eventuallyExposed(&dialog));
+        Shown<DebugDialog> dialog;
         MessageBoxes boxes;
         QTest::mouseClick(dialog.findChild<QPushButton *>("pbClipboard"), Qt::LeftButton);
 
@@ -137,9 +114,7 @@ private slots:
         for (int line = 0; line < 200; ++line) {
             DebugLogger::instance().log(QString("line %1").arg(line) + QString(300, '.'));
         }
-        DebugDialog dialog;
-        dialog.show();
-        QVERIFY(eventuallyExposed(&dialog));
+        Shown<DebugDialog> dialog;
         auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
         browser->setLineWrapMode(QTextEdit::NoWrap);
         QVERIFY(browser->find("line 120"));
@@ -174,9 +149,7 @@ private slots:
 
     void endIsFollowed()
     {
-        DebugDialog dialog;
-        dialog.show();
-        QVERIFY(eventuallyExposed(&dialog));
+        Shown<DebugDialog> dialog;
         const auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
         QScrollBar *down = browser->verticalScrollBar();
         QCOMPARE(down->value(), 0);
@@ -200,8 +173,7 @@ private slots:
     void translated()
     {
         const MarkingTranslator translator;
-        DebugDialog dialog;
-        dialog.show();
+        Shown<DebugDialog> dialog;
         QCOMPARE(dialog.windowTitle(), QString("[Debug log]"));
         MessageBoxes boxes;
         QTest::mouseClick(dialog.findChild<QPushButton *>("pbClipboard"), Qt::LeftButton);
@@ -211,5 +183,4 @@ private slots:
 };
 
 QTEST_MAIN(DebugLogTest)
-
 #include "DebugLogTest.moc"
