@@ -1,9 +1,9 @@
 #include "app/InertDocument.h"
 #include "app/MessageDialog.h"
-#include "tests/support/Patience.h"
+#include "tests/support/Desktop.h"
 #include "tests/support/Rows.h"
+#include "tests/support/Shown.h"
 
-#include <QDesktopServices>
 #include <QFile>
 #include <QHelpEvent>
 #include <QScrollBar>
@@ -20,33 +20,9 @@ namespace {
 /// it.
 const QString mark = "evil-share";
 
-/// Receives links instead of the desktop.
-class Desktop : public QObject {
-    Q_OBJECT
-
-public:
-    Desktop()
-    {
-        for (const QString &scheme : schemes) {
-            QDesktopServices::setUrlHandler(scheme, this, "open");
-        }
-    }
-    ~Desktop() override
-    {
-        for (const QString &scheme : schemes) {
-            QDesktopServices::unsetUrlHandler(scheme);
-        }
-    }
-
-    QStringList opened;
-
-public slots:
-    void open(const QUrl &link) { opened.append(link.toString()); }
-
-private:
-    const QStringList schemes{"http", "https", "mailto",     "file",        "qrc",
-                              "ftp",  "foo",   "javascript", "ms-settings", ""};
-};
+/// Links of these kinds would go to the desktop.
+const QStringList schemes{"http", "https", "mailto",     "file",        "qrc",
+                          "ftp",  "foo",   "javascript", "ms-settings", ""};
 
 QPoint middleOf(const QTextBrowser &browser, int position)
 {
@@ -135,11 +111,9 @@ private slots:
 
     void nothingIsLoaded()
     {
-        const Desktop desktop;
+        const Desktop desktop(schemes);
         QFETCH(QString, html);
-        MessageDialog dialog("<b>Before</b> " + html + " <i>after</i>");
-        dialog.show();
-        QVERIFY(eventuallyExposed(&dialog));
+        const Shown<MessageDialog> dialog("<b>Before</b> " + html + " <i>after</i>");
         auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
         QVERIFY2(!browser->toHtml().contains(mark), qPrintable(browser->toHtml()));
         const QString text = browser->toPlainText();
@@ -159,35 +133,26 @@ private slots:
             return QString("<table><tr><td>").repeated(depth) + "in it" +
                    QString("</td></tr></table>").repeated(depth);
         };
-        QTest::newRow("tables in tables") << nested(20) << "in it";
-        QTest::newRow("one table too many") << nested(8) << "in it";
-        const QString wide = "<table><tr><td colspan=2000>a</td></tr></table>";
-        QTest::newRow("wide cell") << wide << wide;
-        const QString high = "<table><tr><td ROWSPAN = '500'>a</td></tr></table>";
-        QTest::newRow("high cell") << high << high;
-        const QString entity = "<table><tr><td colspan=\"&#57;&#57;\">a</td></tr></table>";
-        QTest::newRow("wide cell by entities") << entity << entity;
-        const QString cells = "<table><tr>" + QString("<td>x</td>").repeated(99) + "</tr></table>";
-        QTest::newRow("many cells") << cells << cells;
-        const QString tags = QString("<b>x</b>").repeated(1001);
-        QTest::newRow("many tags") << tags << tags;
-        const QString tagsWithStyle = QString("<b>x").repeated(29);
-        const QString sheet =
-            "<STYLE>" + QString("p,").repeated(1250) + "b { color: red }</STYLE>" + tagsWithStyle;
-        QTest::newRow("long style sheet") << sheet << sheet;
-        const QString open = "<style></style><style>" + QString("p,").repeated(1250) + tagsWithStyle;
-        QTest::newRow("long style sheet without end") << open << open;
-        const QString longText = "<b>" + QString("long ").repeated(14000) + "</b>";
-        QTest::newRow("long") << longText << longText;
+        row("tables in tables", nested(20), "in it");
+        row("one table too many", nested(8), "in it");
+        const auto unread = [](const char *name, const QString &html) { row(name, html, html); };
+        unread("wide cell", "<table><tr><td colspan=2000>a</td></tr></table>");
+        unread("high cell", "<table><tr><td ROWSPAN = '500'>a</td></tr></table>");
+        unread("wide cell by entities", "<table><tr><td colspan=\"&#57;&#57;\">a</td></tr></table>");
+        unread("many cells", "<table><tr>" + QString("<td>x</td>").repeated(99) + "</tr></table>");
+        unread("many tags", QString("<b>x</b>").repeated(1001));
+        const QString tags = QString("<b>x").repeated(29);
+        const QString rules = QString("p,").repeated(1250);
+        unread("long style sheet", "<STYLE>" + rules + "b { color: red }</STYLE>" + tags);
+        unread("long style sheet without end", "<style></style><style>" + rules + tags);
+        unread("long", "<b>" + QString("long ").repeated(14000) + "</b>");
     }
 
     void costlyHtmlIsPlainText()
     {
         QFETCH(QString, html);
         QFETCH(QString, text);
-        MessageDialog dialog(html);
-        dialog.show();
-        QVERIFY(eventuallyExposed(&dialog));
+        const Shown<MessageDialog> dialog(html);
         const auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
         QCOMPARE(browser->toPlainText().trimmed(), text.trimmed());
         QVERIFY(browser->document()->rootFrame()->childFrames().isEmpty());
@@ -195,13 +160,13 @@ private slots:
 
     void vastPaddingIsLimited_data()
     {
-        QTest::addColumn<QString>("html");
+        columns<QString>("html");
 
         // Without a limit Qt would lay out these tables forever.
-        QTest::newRow("of a table") << "<table cellpadding=99999999><tr><td>in it</td></tr></table>";
-        QTest::newRow("of a cell") << "<table><tr><td style='padding: 99999999px'>in it</td></tr></table>";
-        QTest::newRow("by a style sheet")
-            << "<style>td { padding-left: 99999999px }</style><table><tr><td>in it</td></tr></table>";
+        row("of a table", "<table cellpadding=99999999><tr><td>in it</td></tr></table>");
+        row("of a cell", "<table><tr><td style='padding: 99999999px'>in it</td></tr></table>");
+        row("by a style sheet",
+            "<style>td { padding-left: 99999999px }</style><table><tr><td>in it</td></tr></table>");
     }
 
     void vastPaddingIsLimited()
@@ -276,15 +241,13 @@ private slots:
 
     void links()
     {
-        const Desktop desktop;
+        const Desktop desktop(schemes);
         QFETCH(QString, target);
         QFETCH(bool, opens);
-        MessageDialog dialog("<a href=\"" + target + "\">x</a><a name=\"anchor\"></a>");
-        dialog.show();
-        QVERIFY(eventuallyExposed(&dialog));
+        const Shown<MessageDialog> dialog("<a href=\"" + target + "\">x</a><a name=\"anchor\"></a>");
         auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
         QTest::mouseClick(browser->viewport(), Qt::LeftButton, Qt::NoModifier, middleOf(*browser, 0));
-        QCOMPARE(desktop.opened, opens ? QStringList{QUrl(target).toString()} : QStringList());
+        QCOMPARE(desktop.opened, opens ? QList<QUrl>{QUrl(target)} : QList<QUrl>());
         QCOMPARE(browser->toPlainText(), QString("x"));
         QCOMPARE(browser->source(), QUrl());
         QVERIFY(dialog.isVisible());
@@ -292,6 +255,4 @@ private slots:
 };
 
 QTEST_MAIN(ForeignHtmlTest)
-
 #include "ForeignHtmlTest.moc"
-#include "tests/support/Patience.h"

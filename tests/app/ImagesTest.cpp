@@ -34,6 +34,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(ImagesTest)
-
 #include "ImagesTest.moc"
-#include "tests/support/Rows.h"
