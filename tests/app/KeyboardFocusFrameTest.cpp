@@ -19,7 +19,7 @@ namespace {
 /// A window with cards that scroll, and a button and a text with two links below them.
 class CardWindow : public QMainWindow {
 public:
-    explicit CardWindow(int cards)
+    CardWindow(int cards, const QSize &size)
     {
         area = new QScrollArea;
         area->setWidgetResizable(true);
@@ -33,10 +33,9 @@ public:
         text->setFixedHeight(40);
         auto *centre = new QWidget;
         auto *layout = new QVBoxLayout(centre);
-        for (QWidget *widget :
-             {static_cast<QWidget *>(area), static_cast<QWidget *>(button), static_cast<QWidget *>(text)}) {
-            layout->addWidget(widget);
-        }
+        layout->addWidget(area);
+        layout->addWidget(button);
+        layout->addWidget(text);
         setCentralWidget(centre);
         QWidget::setTabOrder(column->lastTabStop(), button);
         QWidget::setTabOrder(button, text);
@@ -45,13 +44,11 @@ public:
         for (const SingleHalconVersionFrame *card : column->findChildren<SingleHalconVersionFrame *>()) {
             CardShape::addVisualStudio(*card);
         }
-    }
-
-    bool showWithSize(const QSize &size)
-    {
         resize(size);
         show();
-        return eventuallyActive(this);
+        if (!eventuallyActive(this)) {
+            qFatal("the window does not become active");
+        }
     }
 
     QRect around(const QWidget &control) const
@@ -79,8 +76,7 @@ class KeyboardFocusFrameTest : public QObject {
 private slots:
     void everyStopIsSeenInOrder()
     {
-        CardWindow window(2);
-        QVERIFY(window.showWithSize(large));
+        CardWindow window(2, large);
         QStringList unseen;
         const QStringList stops = TabStops::walk(window, Qt::Key_Tab, &unseen);
         const QStringList expected = TabStops::ofCard("18.11.1", {}, true) +
@@ -92,8 +88,7 @@ private slots:
 
     void backwards()
     {
-        CardWindow window(2);
-        QVERIFY(window.showWithSize(large));
+        CardWindow window(2, large);
         QStringList expected = TabStops::ofCard("18.11.1", {}, true) + TabStops::ofCard("20.5.0", {}, true) +
                                QStringList{"Button"};
         std::reverse(expected.begin(), expected.end());
@@ -104,8 +99,7 @@ private slots:
 
     void hiddenFromMouseUsers()
     {
-        CardWindow window(1);
-        QVERIFY(window.showWithSize(large));
+        CardWindow window(1, large);
         QVERIFY(!window.frame->isVisible());
         QTest::mouseClick(window.button, Qt::LeftButton);
         QCOMPARE(QApplication::focusWidget(), window.button);
@@ -118,8 +112,7 @@ private slots:
 
     void goesWithTheFocus()
     {
-        CardWindow window(1);
-        QVERIFY(window.showWithSize(large));
+        CardWindow window(1, large);
         window.button->setFocus(Qt::TabFocusReason);
         QVERIFY(window.frame->isVisible());
         window.button->clearFocus();
@@ -139,20 +132,19 @@ private slots:
 
     void isBroughtIntoSight_data()
     {
-        columns<int>("key");
+        columns<Qt::Key>("key");
 
-        row("forwards", int(Qt::Key_Tab));
-        row("backwards", int(Qt::Key_Backtab));
+        row("forwards", Qt::Key_Tab);
+        row("backwards", Qt::Key_Backtab);
     }
 
     void isBroughtIntoSight()
     {
-        QFETCH(int, key);
-        CardWindow window(3);
-        QVERIFY(window.showWithSize(small));
+        QFETCH(Qt::Key, key);
+        CardWindow window(3, small);
         constexpr int all = 3 * 17 + 1;
         for (int i = 0; i < all; ++i) {
-            QTest::keyClick(window.windowHandle(), static_cast<Qt::Key>(key));
+            QTest::keyClick(window.windowHandle(), key);
             const QWidget *control = QApplication::focusWidget();
             const QRect place(control->mapTo(&window, QPoint()), control->size());
             QVERIFY2(!window.column->isAncestorOf(control) || window.sight().contains(place),
@@ -163,8 +155,7 @@ private slots:
 
     void followsTheControl()
     {
-        CardWindow window(2);
-        QVERIFY(window.showWithSize(large));
+        CardWindow window(2, large);
         auto *list = window.column->findChild<QListWidget *>("lwVsVersion");
         list->setFocus(Qt::TabFocusReason);
         QCOMPARE(window.frame->geometry(), window.around(*list));
@@ -176,8 +167,7 @@ private slots:
 
     void isCutOffWithTheControl()
     {
-        CardWindow window(3);
-        QVERIFY(window.showWithSize(small));
+        CardWindow window(3, small);
         auto *number = window.column->findChild<QPushButton *>("pbMajor");
         number->setFocus(Qt::TabFocusReason);
         QScrollBar *bar = window.area->verticalScrollBar();
@@ -190,8 +180,7 @@ private slots:
 
     void takesNoClicks()
     {
-        CardWindow window(1);
-        QVERIFY(window.showWithSize(large));
+        CardWindow window(1, large);
         window.button->setFocus(Qt::TabFocusReason);
         QSignalSpy clicked(window.button, &QPushButton::clicked);
         QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier,
@@ -202,8 +191,7 @@ private slots:
     /// Partial repaints while the focus moves must give the same picture as a full repaint.
     void leavesNoTraces()
     {
-        CardWindow window(1);
-        QVERIFY(window.showWithSize(large));
+        CardWindow window(1, large);
         for (int i = 0; i < 17; ++i) {
             QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
             QCoreApplication::processEvents();
@@ -217,5 +205,4 @@ private slots:
 };
 
 QTEST_MAIN(KeyboardFocusFrameTest)
-
 #include "KeyboardFocusFrameTest.moc"
