@@ -1,7 +1,7 @@
 #include "base/ApplicationIdentity.h"
 #include "tests/app/UpdateMachine.h"
-#include "tests/support/Patience.h"
 #include "tests/support/Rows.h"
+#include "tests/support/Shown.h"
 
 #include <QtTest>
 
@@ -117,9 +117,7 @@ private slots:
         QFETCH(QString, chosen);
         Registry::setString(machineKey, updateCheckHalcon, preset);
         {
-            MainWindow window;
-            window.show();
-            QVERIFY(eventuallyExposed(&window));
+            const Shown<MainWindow> window;
             click(window, halconBox);
         }
         QCOMPARE(valuesOf(machineKey), QStringList{updateCheckHalcon + '=' + preset});
@@ -130,5 +128,4 @@ private slots:
 };
 
 QTEST_MAIN(MainWindowPresetsTest)
-
 #include "MainWindowPresetsTest.moc"

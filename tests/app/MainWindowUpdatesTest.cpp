@@ -3,8 +3,8 @@
 #include "base/MakerAddresses.h"
 #include "tests/app/UpdateMachine.h"
 #include "tests/support/Messages.h"
-#include "tests/support/Patience.h"
 #include "tests/support/Rows.h"
+#include "tests/support/Shown.h"
 #include "update/UpdateCheck.h"
 
 #include <QtTest>
@@ -80,17 +80,9 @@ private slots:
                  (QStringList{"downloaded()", "fileDownloaded(QNetworkReply*)"}));
     }
 
-    void addresses()
-    {
-        QCOMPARE(MakerAddresses::halconReleaseList().toUtf8(), releaseList);
-        QCOMPARE(MakerAddresses::ownRelease().toUtf8(), ownRelease);
-    }
-
     void firstStartAsksForNothing()
     {
-        MainWindow window;
-        window.show();
-        QVERIFY(eventuallyExposed(&window));
+        Shown<MainWindow> window;
         QCOMPARE(askedBefore(), QList<QByteArray>());
         // The test's own.
         QCOMPARE(machine->server.acceptedConnections(), 1);
@@ -121,9 +113,7 @@ private slots:
     {
         QFETCH(QString, box);
         QFETCH(QByteArray, target);
-        MainWindow window;
-        window.show();
-        QVERIFY(eventuallyExposed(&window));
+        Shown<MainWindow> window;
         click(window, box);
         EVENTUALLY_COMPARE(machine->server.targets(), QList<QByteArray>{target});
         click(window, box);
@@ -144,9 +134,7 @@ private slots:
     void everyTickComparesAnew()
     {
         machine->server.setAnswer(releaseList, WebAnswer::held(listOf({release("13.0", "0", "steady")})));
-        MainWindow window;
-        window.show();
-        QVERIFY(eventuallyExposed(&window));
+        Shown<MainWindow> window;
         const LogLines log;
         click(window, halconBox);
         EVENTUALLY_COMPARE(machine->server.targets().size(), 1);
@@ -166,9 +154,7 @@ private slots:
     void untickingLetsADownloadGoOn()
     {
         machine->server.setAnswer(releaseList, WebAnswer::held(listOf({release("13.0", "1", "steady")})));
-        MainWindow window;
-        window.show();
-        QVERIFY(eventuallyExposed(&window));
+        Shown<MainWindow> window;
         click(window, halconBox);
         EVENTUALLY_COMPARE(machine->server.targets().size(), 1);
         click(window, halconBox);
@@ -180,9 +166,7 @@ private slots:
     void windowStaysUsable()
     {
         machine->server.setAnswer(releaseList, WebAnswer::silent());
-        MainWindow window;
-        window.show();
-        QVERIFY(eventuallyExposed(&window));
+        Shown<MainWindow> window;
         click(window, halconBox);
         EVENTUALLY_COMPARE(machine->server.targets().size(), 1);
         QTest::keyClick(&window, Qt::Key_F12);
@@ -210,5 +194,4 @@ private slots:
 };
 
 QTEST_MAIN(MainWindowUpdatesTest)
-
 #include "MainWindowUpdatesTest.moc"

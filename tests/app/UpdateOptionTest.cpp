@@ -70,5 +70,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(UpdateOptionTest)
-
 #include "UpdateOptionTest.moc"
