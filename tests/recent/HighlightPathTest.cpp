@@ -1,18 +1,8 @@
 #include "recent/RecentPrograms.h"
-
+#include "tests/recent/ShownPrograms.h"
 #include "tests/support/Rows.h"
 
 #include <QtTest>
-
-namespace {
-
-/// How a match is shown.
-QString marked(const QString &text)
-{
-    return "<b><font color='red'>" + text + "</font></b>";
-}
-
-} // namespace
 
 class HighlightPathTest : public QObject {
     Q_OBJECT
@@ -65,6 +55,7 @@ void HighlightPathTest::matches_data()
     // Escaped like the path.
     row("ampersand", R"(C:\R&D\&.hdev)", "&",
         R"(C:\R)" + marked("&amp;") + R"(D\)" + marked("&amp;") + ".hdev", 2);
+    row("less than", "a<b.hdev", "<", "a" + marked("&lt;") + "b.hdev", 1);
     row("ampersand typed, none in the path", R"(C:\a<.hdev)", "&", R"(C:\a&lt;.hdev)", 0);
     row("an entity typed", R"(C:\a&b.hdev)", "&amp;", R"(C:\a&amp;b.hdev)", 0);
     // Deliberate: the escaped path is searched.
@@ -86,5 +77,4 @@ void HighlightPathTest::matches()
 }
 
 QTEST_MAIN(HighlightPathTest)
-
 #include "HighlightPathTest.moc"

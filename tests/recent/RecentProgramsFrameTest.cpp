@@ -5,11 +5,11 @@
 #include "tests/support/AccessibleControls.h"
 #include "tests/support/MarkingTranslator.h"
 #include "tests/support/Messages.h"
-#include "tests/support/Patience.h"
 #include "tests/support/Rows.h"
+#include "tests/support/Shown.h"
+#include "tests/support/Snapshot.h"
 #include "tests/support/WidgetTree.h"
 
-#include <QLayout>
 #include <QScrollBar>
 #include <QTextDocument>
 #include <QtTest>
@@ -18,54 +18,11 @@ class RecentProgramsFrameTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void widgets()
+    void form()
     {
-        const RecentProgramsFrame frame;
-        // The list creates its header itself.
-        QCOMPARE(describeWidgets(frame).mid(0, 4).join('\n'),
-                 QString("RecentProgramsFrame RecentProgramsFrame Preferred/Preferred\n"
-                         "QLineEdit leSearchRecent Expanding/Fixed in horizontalLayout_2 at 0\n"
-                         "QPushButton pbOK \"OK\" Minimum/Fixed in horizontalLayout_2 at 1\n"
-                         "QTreeView treeView Expanding/Expanding in verticalLayout at 2"));
-        QCOMPARE(frame.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly).size(), 3);
-    }
-
-    void layouts()
-    {
-        const RecentProgramsFrame frame;
-        const QStyle *style = frame.style();
-        QCOMPARE(frame.layout()->contentsMargins(),
-                 QMargins(style->pixelMetric(QStyle::PM_LayoutLeftMargin, nullptr, &frame),
-                          style->pixelMetric(QStyle::PM_LayoutTopMargin, nullptr, &frame),
-                          style->pixelMetric(QStyle::PM_LayoutRightMargin, nullptr, &frame),
-                          style->pixelMetric(QStyle::PM_LayoutBottomMargin, nullptr, &frame)));
-        // Defaults of the style differ between machines.
-        frame.layout()->setContentsMargins(0, 0, 0, 0);
-        for (QLayout *layout : frame.findChildren<QLayout *>()) {
-            layout->setSpacing(0);
-        }
-        QCOMPARE(describeLayouts(*frame.layout()).join('\n'),
-                 QString("QVBoxLayout verticalLayout spacing 0 margins 0,0,0,0: "
-                         "horizontalLayout_2 | horizontalLayout_3 | treeView\n"
-                         "QHBoxLayout horizontalLayout_2 spacing 0 margins 9,9,0,0: leSearchRecent | pbOK\n"
-                         "QHBoxLayout horizontalLayout_3 spacing 0 margins 0,0,0,0: "));
-    }
-
-    void appearance()
-    {
-        const RecentProgramsFrame frame;
-        QCOMPARE(frame.size(), QSize(400, 178));
-        QCOMPARE(frame.windowTitle(), QString("Frame"));
-        QCOMPARE(searchLine(frame)->placeholderText(), QString("Search recent programs"));
-        QCOMPARE(searchLine(frame)->text(), QString());
-        const QTreeView *view = list(frame);
-        QVERIFY(!view->rootIsDecorated());
-        QVERIFY(view->uniformRowHeights());
-        QVERIFY(!view->itemsExpandable());
-        QVERIFY(!view->isSortingEnabled());
-        QCOMPARE(view->editTriggers(), QAbstractItemView::NoEditTriggers);
-        QVERIFY(qobject_cast<HtmlDelegate *>(view->itemDelegate()) != nullptr);
-        QVERIFY(!view->isHeaderHidden());
+        RecentProgramsFrame frame;
+        QVERIFY(qobject_cast<HtmlDelegate *>(list(frame)->itemDelegate()) != nullptr);
+        COMPARE_SNAPSHOT(describeForm(frame), "RecentProgramsFrame.tree");
     }
 
     void models()
@@ -73,11 +30,9 @@ private slots:
         settings.writePrograms({"C:\\a.hdev", "C:\\b.hdev"});
         const RecentProgramsFrame frame;
         const QSortFilterProxyModel *shown = shownModel(frame);
-        QVERIFY(shown != nullptr);
         QCOMPARE(shown->sortRole(), Qt::UserRole + 1);
         QCOMPARE(shown->sortColumn(), 0);
         QCOMPARE(shown->sortOrder(), Qt::DescendingOrder);
-        QVERIFY(settingsModel(frame) != nullptr);
         for (const QAbstractItemModel *model : {list(frame)->model(), shown->sourceModel()}) {
             QCOMPARE(model->columnCount(), 1);
             QCOMPARE(model->rowCount(), 2);
@@ -135,9 +90,7 @@ private slots:
         QFETCH(bool, inCapitals);
         const QString path = "C:/" + QString("a long directory name/").repeated(20) + "a.hdev";
         settings.writePrograms({"C:/a.hdev", path, "C:/b.hdev"});
-        RecentProgramsFrame frame;
-        frame.show();
-        QVERIFY(eventuallyExposed(&frame));
+        Shown<RecentProgramsFrame> frame;
         const int lineHeight = list(frame)->visualRect(shownModel(frame)->index(0, 0)).height();
 
         // The whole row matches, and bold letters are wider.
@@ -159,7 +112,6 @@ private slots:
     {
         settings.writePrograms({"C:\\a.hdev", "C:\\b.hdev", "C:\\c.hdev"});
         RecentProgramsFrame frame;
-        QCOMPARE(shownModel(frame)->rowCount(), 3);
 
         settings.writePrograms({"C:\\b.hdev", "C:\\d.hdev"});
         frame.update_recent();
@@ -169,8 +121,6 @@ private slots:
 
         QVERIFY(QFile::remove(settings.file()));
         frame.update_recent();
-        QCOMPARE(shownModel(frame)->rowCount(), 0);
-        QCOMPARE(settingsModel(frame)->rowCount(), 0);
         // Nothing to mark, no crash.
         searchLine(frame)->setText("hdev");
         QCOMPARE(shownModel(frame)->rowCount(), 0);
@@ -178,9 +128,8 @@ private slots:
         // The search is that of the search line.
         settings.writePrograms({"C:\\a.txt", "C:\\a.hdev", "C:\\hdev\\a.hdev"});
         frame.update_recent();
-        const QString match = "<b><font color='red'>hdev</font></b>";
-        QCOMPARE(shownTexts(frame),
-                 (QStringList{"C:\\" + match + "\\a." + match, "C:\\a." + match, "C:\\a.txt"}));
+        QCOMPARE(shownTexts(frame), (QStringList{"C:\\" + marked("hdev") + "\\a." + marked("hdev"),
+                                                 "C:\\a." + marked("hdev"), "C:\\a.txt"}));
         QCOMPARE(shownKeys(frame), (QStringList{"4", "2", "0"}));
         QCOMPARE(shownModel(frame)->headerData(0, Qt::Horizontal).toString(), QString("Recent"));
     }
@@ -216,19 +165,12 @@ private slots:
         QCOMPARE(messages.warnings(), QStringList());
     }
 
-    void controlsHaveNames()
-    {
-        RecentProgramsFrame frame;
-        frame.show();
-        QCOMPARE(accessibleControls(frame).join(", "),
-                 QString("Search recent programs, OK, Recent programs"));
-    }
-
-    void screenReadersGetPaths()
+    void screenReadersGetNamesAndPaths()
     {
         settings.writePrograms({"C:\\a & b.hdev", "D:\\c.hdev"});
-        RecentProgramsFrame frame;
-        frame.show();
+        Shown<RecentProgramsFrame> frame;
+        QCOMPARE(accessibleControls(frame).join(", "),
+                 QString("Search recent programs, OK, Recent programs"));
         searchLine(frame)->setText("HDEV");
         QVERIFY(shownTexts(frame).first().contains("<b>"));
         QAccessibleInterface *table = QAccessible::queryAccessibleInterface(list(frame));
@@ -252,5 +194,4 @@ private:
 };
 
 QTEST_MAIN(RecentProgramsFrameTest)
-
 #include "RecentProgramsFrameTest.moc"

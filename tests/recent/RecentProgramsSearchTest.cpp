@@ -6,16 +6,6 @@
 #include <QSignalBlocker>
 #include <QtTest>
 
-namespace {
-
-/// How a match is shown.
-QString marked(const QString &text)
-{
-    return "<b><font color='red'>" + text + "</font></b>";
-}
-
-} // namespace
-
 class RecentProgramsSearchTest : public QObject {
     Q_OBJECT
 
@@ -51,14 +41,8 @@ private slots:
         settings.writePrograms({"C:/a & b/<x>.txt", "C:/Programs/gauge.hdev"});
         const RecentProgramsFrame frame;
 
-        searchLine(frame)->setText("PROG");
-        QCOMPARE(shownTexts(frame), (QStringList{R"(C:\)" + marked("PROG") + R"(rams\gauge.hdev)",
-                                                 R"(C:\a &amp; b\&lt;x&gt;.txt)"}));
         searchLine(frame)->setText("& B");
         QCOMPARE(shownTexts(frame), (QStringList{R"(C:\a )" + marked("&amp; B") + R"(\&lt;x&gt;.txt)",
-                                                 R"(C:\Programs\gauge.hdev)"}));
-        searchLine(frame)->setText("<");
-        QCOMPARE(shownTexts(frame), (QStringList{R"(C:\a &amp; b\)" + marked("&lt;") + R"(x&gt;.txt)",
                                                  R"(C:\Programs\gauge.hdev)"}));
     }
 
@@ -117,5 +101,4 @@ private:
 };
 
 QTEST_MAIN(RecentProgramsSearchTest)
-
 #include "RecentProgramsSearchTest.moc"

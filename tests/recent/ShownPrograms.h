@@ -65,3 +65,9 @@ inline QStringList shownKeys(const RecentProgramsFrame &frame)
 {
     return rowsOf(*shownModel(frame), sortKeyRole);
 }
+
+/// How a match is shown.
+inline QString marked(const QString &text)
+{
+    return "<b><font color='red'>" + text + "</font></b>";
+}
