@@ -107,5 +107,4 @@ private slots:
 };
 
 QTEST_MAIN(RecentProgramsFileTest)
-
 #include "RecentProgramsFileTest_win.moc"

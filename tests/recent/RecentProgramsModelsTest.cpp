@@ -7,6 +7,7 @@
 #include <QAbstractItemModelTester>
 #include <QtTest>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -75,23 +76,17 @@ private slots:
         const Tester source(settingsModel(frame), Tester::FailureReportingMode::QtTest);
         frame.show();
 
-        for (const char *search : {"hdev", "HDEV", "txt", "", "&", "c"}) {
-            searchLine(frame)->setText(search);
-        }
         for (const int number : {100, 1, 0, 20}) {
             settings.writePrograms(manyPaths(number));
             frame.update_recent();
-            searchLine(frame)->setText("hdev");
-            searchLine(frame)->clear();
-            searchLine(frame)->setText("1");
+            for (const char *search : {"hdev", "", "1"}) {
+                searchLine(frame)->setText(search);
+            }
         }
         QVERIFY(QFile::remove(settings.file()));
         frame.update_recent();
         searchLine(frame)->setText("2");
-        settings.write("RecentPrograms=\"\r\n");
-        frame.update_recent();
         searchLine(frame)->clear();
-        QCOMPARE(shownModel(frame)->rowCount(), 0);
         settings.writePrograms({"a", "b"});
         frame.update_recent();
         QCOMPARE(shownPaths(frame), (QStringList{"a", "b"}));
@@ -146,18 +141,12 @@ private slots:
         QCOMPARE(shownPaths(frame), paths);
 
         searchLine(frame)->setText("hdev");
-        QStringList expected;
-        for (int i = 0; i < number; i += 10) {
-            expected.append(paths.at(i));
-        }
-        for (int i = 0; i < number; ++i) {
-            if (i % 10 != 0) {
-                expected.append(paths.at(i));
-            }
-        }
+        QStringList expected = paths;
+        std::stable_partition(expected.begin(), expected.end(),
+                              [](const QString &path) { return path.startsWith("C:/hdev"); });
         QCOMPARE(shownPaths(frame), expected);
         QCOMPARE(shownKeys(frame).constFirst(), QString::number(2 * number));
-        QCOMPARE(shownKeys(frame).constLast(), QString::number(number - (number - 1)));
+        QCOMPARE(shownKeys(frame).constLast(), QString("1"));
 
         searchLine(frame)->clear();
         QCOMPARE(shownPaths(frame), paths);
@@ -177,5 +166,4 @@ private:
 };
 
 QTEST_MAIN(RecentProgramsModelsTest)
-
 #include "RecentProgramsModelsTest.moc"
