@@ -42,5 +42,4 @@ private slots:
 };
 
 QTEST_MAIN(InstallLicenseSettingsTest)
-
 #include "InstallLicenseSettingsTest_win.moc"

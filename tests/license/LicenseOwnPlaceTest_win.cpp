@@ -121,5 +121,4 @@ private:
 };
 
 QTEST_GUILESS_MAIN(LicenseOwnPlaceTest)
-
 #include "LicenseOwnPlaceTest_win.moc"
