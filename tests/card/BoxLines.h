@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+Q_DECLARE_METATYPE(QMessageBox::StandardButton)
+
 /// Every property of each box, one line for each, so that a comparison shows the one that differs.
 inline QStringList boxLines(const QList<ShownBox> &boxes, const QWidget &card)
 {
@@ -20,11 +22,27 @@ inline QStringList boxLines(const QList<ShownBox> &boxes, const QWidget &card)
     return lines;
 }
 
-/// What boxLines() says of one warning with the button OK, shown by the card.
+/// What boxLines() says of one box of the card with the button OK.
+inline QStringList shownLines(const QString &icon, const QString &title, const QString &text)
+{
+    return {"title: " + title, "text: " + text, "icon: " + icon,
+            "buttons: OK",     "default: OK",   "parent: the card"};
+}
+
 inline QStringList warningLines(const QString &title, const QString &text)
 {
-    return {"title: " + title, "text: " + text, "icon: warning",
-            "buttons: OK",     "default: OK",   "parent: the card"};
+    return shownLines("warning", title, text);
+}
+
+inline QStringList informationLines(const QString &title, const QString &text)
+{
+    return shownLines("information", title, text);
+}
+
+/// What boxLines() says of a question with the buttons OK and Cancel.
+inline QStringList questionLines(const QString &icon, const QString &title, const QString &text)
+{
+    return shownLines(icon, title, text).replaceInStrings("buttons: OK", "buttons: 0x400400");
 }
 
 /// What boxLines() says when the user asks for @p what, but no row of the list is chosen.

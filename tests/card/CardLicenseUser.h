@@ -13,8 +13,6 @@
 #include <QDialogButtonBox>
 #include <QPushButton>
 
-Q_DECLARE_METATYPE(QMessageBox::StandardButton)
-
 /// The HALCON version in "H H" of @p files, which has a license directory only if the test makes one.
 inline HalconInstallation licensedInstallation(const LicenseFiles &files)
 {
@@ -79,21 +77,13 @@ struct LicensedCard {
 /// What boxLines() says of the question whether to overwrite @p target.
 inline QStringList overwriteLines(const QString &target)
 {
-    return {"title: Overwrite?",
-            "text: The file\n  \"" + target + "\"\nalready exists. Do you want to overwrite it?",
-            "icon: warning",
-            "buttons: 0x400400", // OK and Cancel
-            "default: OK",
-            "parent: the card"};
+    return questionLines("warning", "Overwrite?",
+                         "The file\n  \"" + target + "\"\nalready exists. Do you want to overwrite it?");
 }
 
 /// What boxLines() says when the licence is installed.
 inline QStringList installedLines(const QString &target)
 {
-    return {"title: Install license",
-            "text: Installation of license file as\n  \"" + target + "\"\nsuccessfully completed!",
-            "icon: information",
-            "buttons: OK",
-            "default: OK",
-            "parent: the card"};
+    return informationLines("Install license",
+                            "Installation of license file as\n  \"" + target + "\"\nsuccessfully completed!");
 }

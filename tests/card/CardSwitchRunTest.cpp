@@ -49,8 +49,7 @@ private slots:
             broadcastLine,
         };
         QCOMPARE(boxLines(boxes.shown(), card),
-                 switchQuestionLines("If you continue, the following changes will be performed.\n\n" +
-                                     planned.join("\n- ")) +
+                 switchQuestionLines(planned) +
                      informationLines("Switched", "Switched to HALCON 20.11.1.3 (x86sse2-win32)"));
         EchoRecord found;
         QVERIFY(child.waitForRecord(found));
@@ -60,5 +59,4 @@ private slots:
 };
 
 QTEST_MAIN(CardSwitchRunTest)
-
 #include "CardSwitchRunTest.moc"
