@@ -1,9 +1,9 @@
 #pragma once
 
 #include "devenv/VisualStudioVersion.h"
-#include "discovery/HalconInstallation.h"
 #include "tests/devenv/VisualStudioMachine.h"
 #include "tests/support/EchoChild.h"
+#include "tests/support/Installations.h"
 
 #include <QFile>
 #include <QList>
@@ -47,60 +47,34 @@ public:
     /// The records of the rows of a 64-bit card, in their order.
     QList<VisualStudioVersion> records64() const
     {
-        return {record14("amd64", "Visual Studio 14.0\\VC\\bin\\amd64\\vcvars64.bat"),
-                record11("amd64", "Visual Studio 11.0\\VC\\bin\\amd64\\vcvars64.bat")};
+        return {record("14.0", "Professional", "amd64", "amd64\\vcvars64.bat", "devenv", ide14()),
+                record("11.0", "Express Edition", "amd64", "amd64\\vcvars64.bat", "wdexpress", ide11())};
     }
 
     /// The records of the rows of a 32-bit card, in their order.
     QList<VisualStudioVersion> records32() const
     {
-        VisualStudioVersion record12;
-        record12.version = "12.0";
-        record12.edition = "Professional";
-        record12.architecture = "x86";
-        record12.vcvarsBat = machine.path("Visual Studio 12.0\\VC\\bin\\vcvars32.bat");
-        return {record14("x86", "Visual Studio 14.0\\VC\\bin\\vcvars32.bat"), record12,
-                record11("x86", "Visual Studio 11.0\\VC\\bin\\vcvars32.bat")};
+        return {record("14.0", "Professional", "x86", "vcvars32.bat", "devenv", ide14()),
+                record("12.0", "Professional", "x86", "vcvars32.bat", {}, {}),
+                record("11.0", "Express Edition", "x86", "vcvars32.bat", "wdexpress", ide11())};
     }
 
 private:
-    VisualStudioVersion record14(const QString &architecture, const QString &script) const
+    VisualStudioVersion record(const QString &version, const QString &edition, const QString &architecture,
+                               const QString &script, const QString &ideName, const QString &idePath) const
     {
-        VisualStudioVersion record;
-        record.version = "14.0";
-        record.edition = "Professional";
-        record.architecture = architecture;
-        record.vcvarsBat = machine.path(script);
-        record.ideName = "devenv";
-        record.idePath = ide14();
-        return record;
-    }
-
-    VisualStudioVersion record11(const QString &architecture, const QString &script) const
-    {
-        VisualStudioVersion record;
-        record.version = "11.0";
-        record.edition = "Express Edition";
-        record.architecture = architecture;
-        record.vcvarsBat = machine.path(script);
-        record.ideName = "wdexpress";
-        record.idePath = ide11();
-        return record;
+        VisualStudioVersion result;
+        result.version = version;
+        result.edition = edition;
+        result.architecture = architecture;
+        result.vcvarsBat = machine.path("Visual Studio " + version + "\\VC\\bin\\" + script);
+        result.ideName = ideName;
+        result.idePath = idePath;
+        return result;
     }
 
     VisualStudioMachine machine;
 };
-
-/// HALCON 20.11.1 Progress for one architecture.
-inline HalconInstallation progressInstallation(const QString &arch)
-{
-    HalconInstallation result(20, 11, 1, 0);
-    result.setSuffix("Progress");
-    result.arch = arch;
-    result.installDir = R"(C:\Program Files\HALCON 20.11)";
-    result.setExampleRoot(R"(D:\Examples)");
-    return result;
-}
 
 inline QListWidget &studioList(const QWidget &card)
 {

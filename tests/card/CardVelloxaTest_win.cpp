@@ -4,6 +4,7 @@
 #include "tests/card/CardButtons.h"
 #include "tests/card/StartVariables.h"
 #include "tests/support/EchoChild.h"
+#include "tests/support/Installations.h"
 #include "tests/support/MessageBoxes.h"
 #include "tests/support/Messages.h"
 #include "tests/support/Patience.h"
@@ -11,20 +12,6 @@
 
 #include <QTemporaryDir>
 #include <QtTest>
-
-namespace {
-
-HalconInstallation installation(const QString &arch = "x64-win64")
-{
-    HalconInstallation result(20, 11, 1, 0);
-    result.setSuffix("Progress");
-    result.arch = arch;
-    result.installDir = R"(C:\Program Files\HALCON 20.11)";
-    result.setExampleRoot(R"(D:\Examples)");
-    return result;
-}
-
-} // namespace
 
 /// Velloxa's directory is looked up once in a process. It has only the 64-bit build.
 class CardVelloxaTest : public QObject {
@@ -52,7 +39,7 @@ private slots:
 
     void notInstalled()
     {
-        SingleHalconVersionFrame card(installation("x86sse2-win32"));
+        SingleHalconVersionFrame card(progressInstallation("x86sse2-win32"));
         card.show();
         const LogLines log;
         const MessageBoxes boxes;
@@ -68,7 +55,7 @@ private slots:
     void installed()
     {
         EchoChild::copyTo(velloxa);
-        SingleHalconVersionFrame card(installation());
+        SingleHalconVersionFrame card(progressInstallation("x64-win64"));
         card.show();
         const EchoChild child;
         const MessageBoxes boxes;
@@ -91,7 +78,7 @@ private slots:
         QVERIFY(text.open(QIODevice::WriteOnly));
         text.write("not a program");
         text.close();
-        SingleHalconVersionFrame card(installation());
+        SingleHalconVersionFrame card(progressInstallation("x64-win64"));
         card.show();
         const LogLines log;
         const MessageBoxes boxes;
@@ -112,5 +99,4 @@ private:
 };
 
 QTEST_MAIN(CardVelloxaTest)
-
 #include "CardVelloxaTest_win.moc"

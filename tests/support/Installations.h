@@ -12,3 +12,14 @@ inline HalconInstallation installationIn(const QString &installDir, const QStrin
     installation.exampleRoot = exampleRoot;
     return installation;
 }
+
+/// HALCON 20.11.1 Progress with examples.
+inline HalconInstallation progressInstallation(const QString &arch)
+{
+    HalconInstallation installation(20, 11, 1, 0);
+    installation.setSuffix("Progress");
+    installation.arch = arch;
+    installation.installDir = R"(C:\Program Files\HALCON 20.11)";
+    installation.setExampleRoot(R"(D:\Examples)");
+    return installation;
+}
