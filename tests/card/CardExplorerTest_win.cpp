@@ -3,13 +3,12 @@
 #include "tests/support/EchoChild.h"
 #include "tests/support/Installations.h"
 #include "tests/support/MessageBoxes.h"
-#include "tests/support/Patience.h"
+#include "tests/support/RichText.h"
 #include "tests/support/Rows.h"
+#include "tests/support/Shown.h"
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
-#include <QTextBrowser>
-#include <QTextCursor>
 #include <QtTest>
 
 #include <windows.h>
@@ -29,18 +28,6 @@ QStringList argumentsOf(const QString &commandLine)
         result.append(QString::fromWCharArray(arguments.get()[i]));
     }
     return result;
-}
-
-/// Clicks on the first occurrence of @p text in the card's details.
-void clickOn(QTextBrowser &details, const QString &text)
-{
-    QTextCursor place = details.document()->find(text);
-    QVERIFY(!place.isNull());
-    // At its beginning, because a long text may be broken over two lines.
-    place.setPosition(place.selectionStart() + 1);
-    details.setTextCursor(place);
-    details.ensureCursorVisible();
-    QTest::mouseClick(details.viewport(), Qt::LeftButton, Qt::NoModifier, details.cursorRect(place).center());
 }
 
 } // namespace
@@ -100,38 +87,22 @@ private slots:
         QCOMPARE(boxes.shown().size(), 0);
     }
 
-    void clickOnLink_data()
-    {
-        columns<QString>("directory");
-
-        row("installation", "HALCON 20.11");
-        row("examples", "HALCON 20.11 examples");
-    }
-
     void clickOnLink()
     {
-        QFETCH(QString, directory);
         const QTemporaryDir machine;
-        const auto path = [&](const QString &name) {
-            return QDir::toNativeSeparators(machine.filePath(name));
-        };
-        QVERIFY(QDir(machine.path()).mkdir("HALCON 20.11"));
-        QVERIFY(QDir(machine.path()).mkdir("HALCON 20.11 examples"));
-        SingleHalconVersionFrame card(
-            installationIn(path("HALCON 20.11"), "x64-win64", path("HALCON 20.11 examples")));
-        card.show();
-        QVERIFY(eventuallyExposed(&card));
+        const QString directory = QDir::toNativeSeparators(machine.path());
+        const Shown<SingleHalconVersionFrame> card(installationIn(directory));
         auto *details = card.findChild<QTextBrowser *>("textBrowser");
         const QString html = details->toHtml();
         const EchoChild child;
         const Desktop desktop("file");
 
-        clickOn(*details, path(directory));
+        clickOn(*details, directory);
 
         EchoRecord found;
         QVERIFY(child.waitForRecord(found));
         QCOMPARE(QDir::fromNativeSeparators(found.executable), explorer());
-        QCOMPARE(argumentsOf(found.commandLine), QStringList{path(directory)});
+        QCOMPARE(argumentsOf(found.commandLine), QStringList{directory});
         // The text browser has not followed the link itself.
         QCOMPARE(details->toHtml(), html);
         QCOMPARE(details->source(), QUrl());
@@ -143,5 +114,4 @@ private:
 };
 
 QTEST_MAIN(CardExplorerTest)
-
 #include "CardExplorerTest_win.moc"
