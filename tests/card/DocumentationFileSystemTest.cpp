@@ -128,5 +128,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(DocumentationFileSystemTest)
-
 #include "DocumentationFileSystemTest.moc"
