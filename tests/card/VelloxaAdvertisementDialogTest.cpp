@@ -5,11 +5,11 @@
 #include "tests/support/MarkingTranslator.h"
 #include "tests/support/Patience.h"
 #include "tests/support/RichText.h"
+#include "tests/support/Snapshot.h"
+#include "tests/support/WidgetTree.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QPointer>
 #include <QTextBrowser>
-#include <QVBoxLayout>
 
 class VelloxaAdvertisementDialogTest : public QObject {
     Q_OBJECT
@@ -24,17 +24,9 @@ private slots:
 
     void cleanup() { dialog.reset(); }
 
-    void window()
+    void form()
     {
-        QVERIFY(!dialog->windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
-        QVERIFY(dialog->windowFlags().testFlag(Qt::WindowCloseButtonHint));
-        QCOMPARE(dialog->windowTitle(), "Velloxa");
-        QCOMPARE(dialog->size(), QSize(701, 526));
-        auto *const layout = qobject_cast<QVBoxLayout *>(dialog->layout());
-        QVERIFY(layout != nullptr);
-        QCOMPARE(layout->objectName(), "verticalLayout");
-        QCOMPARE(layout->count(), 1);
-        QCOMPARE(layout->itemAt(0)->widget(), browser);
+        COMPARE_SNAPSHOT(describeForm(*dialog), "VelloxaAdvertisementDialog.tree");
         dialog->show();
         QCOMPARE(accessibleControls(*dialog), QStringList{"About Velloxa"});
     }
@@ -89,26 +81,10 @@ private slots:
         QVERIFY(eventuallyExposed(dialog.get()));
         const QString before = browser->toPlainText();
 
-        QTextCursor cursor = browser->document()->find(MakerAddresses::velloxaDownloads());
-        cursor.setPosition((cursor.selectionStart() + cursor.selectionEnd()) / 2);
-        browser->setTextCursor(cursor);
-        browser->ensureCursorVisible();
-        QTest::mouseClick(browser->viewport(), Qt::LeftButton, Qt::NoModifier,
-                          browser->cursorRect(cursor).center());
+        clickOn(*browser, MakerAddresses::velloxaDownloads());
 
         EVENTUALLY_COMPARE(systemsBrowser.opened, QList<QUrl>{QUrl(MakerAddresses::velloxaDownloads())});
         QCOMPARE(browser->toPlainText(), before);
-    }
-
-    void modelessAndGoneWithItsWindow()
-    {
-        const QPointer<VelloxaAdvertisementDialog> shown = dialog.release();
-        QVERIFY(shown->parent() == nullptr);
-        shown->setAttribute(Qt::WA_DeleteOnClose);
-        shown->show();
-        QVERIFY(!shown->isModal());
-        shown->close();
-        EVENTUALLY_VERIFY(shown.isNull());
     }
 
     void translated()
@@ -126,5 +102,4 @@ private:
 };
 
 QTEST_MAIN(VelloxaAdvertisementDialogTest)
-
 #include "VelloxaAdvertisementDialogTest.moc"
