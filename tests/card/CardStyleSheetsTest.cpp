@@ -5,27 +5,14 @@ class CardStyleSheetsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void colour_data()
-    {
-        columns<int, QString>("major", "colour");
-
-        row("6", 6, "#ffebbd");
-        row("7", 7, "#ffebbd");
-        row("8", 8, "#ccffbd");
-        row("9", 9, "#fefbbe");
-        row("10", 10, "#fed6be");
-        row("11", 11, "#ffbdbd");
-        row("12", 12, "#f3bffd");
-        row("13", 13, "#c6bdff");
-        row("14", 14, "#bee1fe");
-        row("15", 15, "#ffebbd");
-        row("unknown", -1, "#ffebbd");
-    }
-
     void colour()
     {
-        QFETCH(int, major);
-        QTEST(cardColour(major), "colour");
+        const QStringList fromVersion6{"#ffebbd", "#ffebbd", "#ccffbd", "#fefbbe", "#fed6be",
+                                       "#ffbdbd", "#f3bffd", "#c6bdff", "#bee1fe", "#ffebbd"};
+        for (int i = 0; i < fromVersion6.size(); ++i) {
+            QCOMPARE(cardColour(6 + i), fromVersion6.at(i));
+        }
+        QCOMPARE(cardColour(-1), QString("#ffebbd"));
     }
 
     void card()
@@ -64,5 +51,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(CardStyleSheetsTest)
-
 #include "CardStyleSheetsTest.moc"
