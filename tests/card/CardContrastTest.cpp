@@ -191,5 +191,4 @@ private slots:
 };
 
 QTEST_MAIN(CardContrastTest)
-
 #include "CardContrastTest.moc"

@@ -102,5 +102,4 @@ private slots:
 };
 
 QTEST_MAIN(CardIconsTest)
-
 #include "CardIconsTest_win.moc"

@@ -74,5 +74,4 @@ private slots:
 };
 
 QTEST_MAIN(CardLaunchTest)
-
 #include "CardLaunchTest.moc"

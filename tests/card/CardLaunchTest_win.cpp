@@ -64,5 +64,4 @@ private slots:
 };
 
 QTEST_MAIN(CardLaunchTest)
-
 #include "CardLaunchTest_win.moc"

@@ -129,5 +129,4 @@ private slots:
 };
 
 QTEST_MAIN(CardShapeTest)
-
 #include "CardShapeTest.moc"

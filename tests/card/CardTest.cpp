@@ -163,5 +163,4 @@ private slots:
 };
 
 QTEST_MAIN(CardTest)
-
 #include "CardTest.moc"

@@ -157,5 +157,4 @@ private slots:
 };
 
 QTEST_MAIN(CardTranslationTest)
-
 #include "CardTranslationTest.moc"

@@ -35,5 +35,4 @@ private slots:
 };
 
 QTEST_MAIN(CardTreeTest)
-
 #include "CardTreeTest.moc"

@@ -44,5 +44,4 @@ private slots:
 };
 
 QTEST_MAIN(CardWithoutVisualStudioTest)
-
 #include "CardWithoutVisualStudioTest.moc"

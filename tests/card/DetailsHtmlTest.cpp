@@ -50,5 +50,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(DetailsHtmlTest)
-
 #include "DetailsHtmlTest.moc"

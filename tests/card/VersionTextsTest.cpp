@@ -48,5 +48,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(VersionTextsTest)
-
 #include "VersionTextsTest.moc"

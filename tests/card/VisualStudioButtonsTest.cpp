@@ -54,5 +54,4 @@ private slots:
 };
 
 QTEST_MAIN(VisualStudioButtonsTest)
-
 #include "VisualStudioButtonsTest.moc"

@@ -58,5 +58,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(VisualStudioRowsTest)
-
 #include "VisualStudioRowsTest.moc"
