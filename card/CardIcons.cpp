@@ -1,5 +1,7 @@
 #include "card/CardIcons.h"
 
+#include "card/ProgramIcon.h"
+
 #include <QApplication>
 #include <QDateTime>
 #include <QFileIconProvider>
@@ -100,7 +102,12 @@ QPixmap shellPicture(const QString &path)
         QStringLiteral("shell icon %1 %2").arg(path).arg(file.lastModified().toMSecsSinceEpoch());
     QPixmap picture;
     if (!QPixmapCache::find(key, &picture)) {
-        picture = QFileIconProvider().icon(file).pixmap(size, size);
+        const qreal ratio = qApp->devicePixelRatio();
+        picture = programIcon(path, qRound(size * ratio));
+        picture.setDevicePixelRatio(ratio);
+        if (picture.isNull()) {
+            picture = QFileIconProvider().icon(file).pixmap(size, size);
+        }
         QPixmapCache::insert(key, picture);
     }
     return picture;

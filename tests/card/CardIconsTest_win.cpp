@@ -1,4 +1,5 @@
 #include "card/CardIcons.h"
+#include "card/ProgramIcon.h"
 #include "card/SingleHalconVersionFrame.h"
 #include "tests/card/CardButtons.h"
 #include "tests/support/EchoChild.h"
@@ -53,17 +54,34 @@ private slots:
             EchoChild::copyTo(directory.filePath(plain));
         }
         const QSize size(64, 52);
-        const QImage expected = fileIcon(directory.filePath(shown), size);
+        const QImage expected = shown == pictured ? programIcon(PICTURED_PROGRAM, 48).toImage()
+                                                  : fileIcon(directory.filePath("missing.exe"), size);
         QVERIFY(!expected.isNull());
-        const bool ofItsOwn = shown == pictured;
-        QCOMPARE(expected != fileIcon(directory.filePath("missing.exe"), size) &&
-                     expected == fileIcon(PICTURED_PROGRAM, size),
-                 ofItsOwn);
 
         const SingleHalconVersionFrame card(installationIn(QDir::toNativeSeparators(directory.path()), arch));
 
         QCOMPARE(shownIcon(*button(card, "pbHDevelop")), expected);
         QCOMPARE(shownIcon(*button(card, "pbHDevelopXL")), expected);
+    }
+
+    void programsOwnIcon()
+    {
+        const QTemporaryDir directory;
+        const QString plain = directory.filePath("plain.exe");
+        const QString text = directory.filePath("text.exe");
+        EchoChild::copyTo(plain);
+        QFile noProgram(text);
+        QVERIFY(noProgram.open(QIODevice::WriteOnly) && noProgram.write("no program") > 0);
+        noProgram.close();
+
+        QCOMPARE(programIcon(PICTURED_PROGRAM, 32).toImage(), fileIcon(PICTURED_PROGRAM, QSize(32, 32)));
+        for (const int size : {48, 96}) {
+            QCOMPARE(programIcon(PICTURED_PROGRAM, size).size(), QSize(size, size));
+            for (const QString &without :
+                 {plain, text, directory.path(), directory.filePath("missing.exe")}) {
+                QVERIFY2(programIcon(without, size).isNull(), qPrintable(without));
+            }
+        }
     }
 
     void lateIconIsLikeAnyOther_data()
