@@ -1,5 +1,6 @@
 #include "card/ButtonShadow.h"
 
+#include <QCryptographicHash>
 #include <QDataStream>
 #include <QEvent>
 #include <QPainter>
@@ -56,11 +57,11 @@ QString ButtonShadow::look(qreal pixelRatio) const
     (button->*&Painting::initStyleOption)(&option);
     QByteArray look;
     QDataStream stream(&look, QIODevice::WriteOnly);
-    stream << QStringLiteral("button") << button->objectName() << option.text << option.icon.cacheKey()
-           << option.iconSize << option.rect << pixelRatio << int(option.state) << int(option.features)
-           << int(option.direction) << option.palette << button->font() << button->styleSheet();
-    // Only with its size are the zeros in it part of the key.
-    return QString::fromLatin1(look.constData(), look.size());
+    stream << button->objectName() << option.text << option.icon.cacheKey() << option.iconSize << option.rect
+           << pixelRatio << int(option.state) << int(option.features) << int(option.direction)
+           << option.palette << button->font() << button->styleSheet();
+    // The palette alone is kilobytes.
+    return QString::fromLatin1(QCryptographicHash::hash(look, QCryptographicHash::Sha1).toHex());
 }
 
 QPixmap ButtonShadow::render(const QRect &area, qreal pixelRatio)

@@ -19,7 +19,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    /// What decides how the button looks, as a key of the cache. Two buttons with the same name have the same
+    /// A digest of what decides how the button looks: the key of the cache. Two buttons with the same name have the same
     /// rules in the style sheets of their cards.
     QString look(qreal pixelRatio) const;
 
