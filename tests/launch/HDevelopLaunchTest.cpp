@@ -16,12 +16,8 @@ private slots:
         columns<QString, QString, bool, QString>("installDir", "arch", "xl", "executable");
 
         row("64-bit", "C:\\H", "x64-win64", false, "C:\\H\\bin\\x64-win64\\hdevelop.exe");
-        row("64-bit XL", "C:\\H", "x64-win64", true, "C:\\H\\bin\\x64-win64\\hdevelopxl.exe");
-        row("SSE2", "C:\\H", "x86sse2-win32", false, "C:\\H\\bin\\x86sse2-win32\\hdevelop.exe");
         row("32-bit XL", "C:\\H", "x86-win32", true, "C:\\H\\bin\\x86-win32\\hdevelopxl.exe");
-        row("spaces are not quoted", "C:\\Program Files\\H", "x64-win64", false,
-            "C:\\Program Files\\H\\bin\\x64-win64\\hdevelop.exe");
-        row("percent signs are no placeholders", "C:\\%1 %2", "x64-win64", true,
+        row("signs are neither quoted nor placeholders", "C:\\%1 %2", "x64-win64", true,
             "C:\\%1 %2\\bin\\x64-win64\\hdevelopxl.exe");
     }
 

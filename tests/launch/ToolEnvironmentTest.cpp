@@ -7,9 +7,6 @@
 #include <QProcessEnvironment>
 #include <QtTest>
 
-using Variables = QMap<QString, QString>;
-Q_DECLARE_METATYPE(Variables)
-
 namespace {
 
 QStringList ownEnvironment()
@@ -25,27 +22,19 @@ class ToolEnvironmentTest : public QObject {
 private slots:
     void overrides_data()
     {
-        columns<QString, QString, QString, Variables>("installDir", "exampleRoot", "arch", "variables");
+        const auto row =
+            columns<QString, QString, QString, QStringList>("installDir", "exampleRoot", "arch", "variables");
 
         row("with examples", "C:\\H", "C:\\E", "x64-win64",
-            Variables{{"HALCONARCH", "x64-win64"},
-                      {"HALCONEXAMPLES", "C:\\E\\examples"},
-                      {"HALCONIMAGES", "C:\\E\\examples\\images"},
-                      {"HALCONROOT", "C:\\H"},
-                      {"PATH", "C:\\H\\bin\\x64-win64;C:\\W"}});
+            {"HALCONARCH=x64-win64", "HALCONEXAMPLES=C:\\E\\examples", "HALCONIMAGES=C:\\E\\examples\\images",
+             "HALCONROOT=C:\\H", "PATH=C:\\H\\bin\\x64-win64;C:\\W"});
         row("without examples", "C:\\H", "", "x86sse2-win32",
-            Variables{{"HALCONARCH", "x86sse2-win32"},
-                      {"HALCONROOT", "C:\\H"},
-                      {"PATH", "C:\\H\\bin\\x86sse2-win32;C:\\W"}});
-        row("nothing known", "", "", "",
-            Variables{{"HALCONARCH", ""}, {"HALCONROOT", ""}, {"PATH", "\\bin\\;C:\\W"}});
-        row("directories are taken as they stand", "C:\\Program Files (x86)\\H & Ü;1\\", "D:/E %TEMP%",
-            "x86-win32",
-            Variables{{"HALCONARCH", "x86-win32"},
-                      {"HALCONEXAMPLES", "D:/E %TEMP%\\examples"},
-                      {"HALCONIMAGES", "D:/E %TEMP%\\examples\\images"},
-                      {"HALCONROOT", "C:\\Program Files (x86)\\H & Ü;1\\"},
-                      {"PATH", "C:\\Program Files (x86)\\H & Ü;1\\\\bin\\x86-win32;C:\\W"}});
+            {"HALCONARCH=x86sse2-win32", "HALCONROOT=C:\\H", "PATH=C:\\H\\bin\\x86sse2-win32;C:\\W"});
+        row("nothing known", "", "", "", {"HALCONARCH=", "HALCONROOT=", "PATH=\\bin\\;C:\\W"});
+        row("directories are taken as they stand", "C:\\a (x86)\\H & Ü;1\\", "D:/E %TEMP%", "x86-win32",
+            {"HALCONARCH=x86-win32", "HALCONEXAMPLES=D:/E %TEMP%\\examples",
+             "HALCONIMAGES=D:/E %TEMP%\\examples\\images", "HALCONROOT=C:\\a (x86)\\H & Ü;1\\",
+             "PATH=C:\\a (x86)\\H & Ü;1\\\\bin\\x86-win32;C:\\W"});
     }
 
     void overrides()
@@ -55,7 +44,14 @@ private slots:
         QFETCH(QString, arch);
         const EnvironmentVariable path("PATH", "C:\\W");
 
-        QTEST(variableOverrides(installationIn(installDir, arch, exampleRoot)), "variables");
+        const QMap<QString, QString> overrides =
+            variableOverrides(installationIn(installDir, arch, exampleRoot));
+
+        QStringList variables;
+        for (auto variable = overrides.begin(); variable != overrides.end(); ++variable) {
+            variables.append(variable.key() + '=' + variable.value());
+        }
+        QTEST(variables, "variables");
     }
 
     void directoryInFrontOfThePath_data()
@@ -93,17 +89,6 @@ private slots:
         expected.sort();
         entries.sort();
         QCOMPARE(entries, expected);
-    }
-
-    void ownEnvironmentStaysAsItIs()
-    {
-        const QStringList before = ownEnvironment();
-
-        const auto block =
-            buildEnvironmentBlock(variableOverrides(installationIn("C:\\H", "x64-win64", "C:\\E")));
-
-        QVERIFY(blockEntries(block.get()).contains("HALCONROOT=C:\\H"));
-        QCOMPARE(ownEnvironment(), before);
     }
 };
 
