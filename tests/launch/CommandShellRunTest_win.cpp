@@ -66,11 +66,7 @@ private slots:
 
         installation = installationIn(QString());
         makeInstallation("HALCON-20.11");
-        visualStudio = VisualStudioVersion();
-        visualStudio.edition = "Professional";
-        visualStudio.version = "14.0";
-        visualStudio.architecture = "amd64";
-        visualStudio.ideName = "devenv";
+        visualStudio = {"", "Professional", "14.0", "amd64", "", "", "", "devenv", "", false};
         makeScript("VC/vcvars.bat", scriptLines(path("tools")));
         banner = QStringList{
             "HALCON 20.11.1.3 (x64-win64)",
@@ -239,7 +235,6 @@ private:
         const EchoChild child;
         TestConsole console;
         colourBefore = console.attributes();
-        found = EchoRecord();
         QStringList errors;
 
         QVERIFY2(startShell(installation, visualStudio, &errors), qPrintable(errors.join('\n')));
@@ -254,10 +249,9 @@ private:
         title = console.title();
 
         console.type("report");
-        QVERIFY(child.waitForRecord(found));
+        found = child.record();
         console.type("exit");
         EVENTUALLY_COMPARE(console.otherProcesses(), 0);
-        // The title is "HALCON 20.11.1.3 (x64-win64) ": the space before the next command is part of it.
         QCOMPARE(found.currentDirectory, prompt);
         QCOMPARE(found.variable("HALCONROOT"), installation.installDir);
         QCOMPARE(found.variable("HALCONARCH"), installation.arch);

@@ -11,12 +11,8 @@ private slots:
     void init()
     {
         installation = installationIn("C:\\HALCON-20.11");
-        visualStudio = VisualStudioVersion();
-        visualStudio.edition = "Professional";
-        visualStudio.version = "14.0";
-        visualStudio.architecture = "amd64";
-        visualStudio.vcvarsBat = "C:\\VC\\bin\\vcvars.bat";
-        visualStudio.ideName = "devenv";
+        visualStudio = {"", "Professional", "14.0", "amd64", "", "", "C:\\VC\\bin\\vcvars.bat", "devenv",
+                        "", false};
     }
 
     void wholeLine()

@@ -78,7 +78,6 @@ private slots:
         row("missing", "missing/tool.exe", true);
         row("missing, not waited for", "missing/tool.exe", false);
         row("no program", "text.exe", true);
-        row("empty file", "empty.exe", true);
     }
 
     void notStartable()
@@ -87,7 +86,6 @@ private slots:
         QFETCH(bool, wait);
         QFile text(path("text.exe"));
         QVERIFY(text.open(QFile::WriteOnly) && text.write("no program\n") > 0);
-        QVERIFY(QFile(path("empty.exe")).open(QFile::WriteOnly));
         text.close();
         const ElevatedHelperShellBox box;
 
@@ -108,8 +106,7 @@ private slots:
 
         QVERIFY(!child.hasRecord());
         children.release();
-        EchoRecord found;
-        QVERIFY(child.waitForRecord(found));
+        const EchoRecord found = child.record();
         QCOMPARE(found.showCommand, SW_HIDE);
     }
 
@@ -133,8 +130,7 @@ private slots:
 
         QCOMPARE(runElevated(helperExecutablePath(), arguments, true, true), 0);
 
-        EchoRecord found;
-        QVERIFY(child.waitForRecord(found));
+        const EchoRecord found = child.record();
         QCOMPARE(found.commandLine, '"' + helperExecutablePath() + "\" " + arguments);
         QCOMPARE(found.showCommand, SW_SHOW);
     }
@@ -158,8 +154,7 @@ private slots:
 
         QCOMPARE(runElevated(path(name), "", true, true), 0);
 
-        EchoRecord found;
-        QVERIFY(child.waitForRecord(found));
+        const EchoRecord found = child.record();
         QCOMPARE(found.executable, path(name));
         QCOMPARE(found.commandLine.trimmed(), '"' + path(name) + '"');
         QCOMPARE(found.currentDirectory, QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));

@@ -40,6 +40,9 @@ public:
     /// there is none after some seconds.
     bool waitForRecord(EchoRecord &record) const;
 
+    /// The same record as a result. When there is none the test program ends.
+    EchoRecord record() const;
+
 private:
     QString recordPath() const;
 

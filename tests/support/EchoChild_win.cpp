@@ -77,6 +77,15 @@ bool EchoChild::waitForRecord(EchoRecord &record) const
     return QTest::qWaitFor([&file] { return file.remove(); }, patienceMilliseconds);
 }
 
+EchoRecord EchoChild::record() const
+{
+    EchoRecord result;
+    if (!waitForRecord(result)) {
+        qFatal("no child has left a record");
+    }
+    return result;
+}
+
 QString EchoChild::recordPath() const
 {
     return directory.filePath(QStringLiteral("record"));
