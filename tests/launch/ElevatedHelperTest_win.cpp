@@ -16,26 +16,6 @@ namespace {
 
 constexpr int notStarted = -1;
 
-/// An event that keeps children from recording anything and from ending until it is set.
-class ChildrenWait {
-public:
-    ChildrenWait() : event(CreateEventW(nullptr, TRUE, FALSE, L"ElevatedHelperTest"))
-    {
-        qputenv("ECHO_CHILD_EVENT", "ElevatedHelperTest");
-    }
-    ChildrenWait(const ChildrenWait &) = delete;
-    ChildrenWait &operator=(const ChildrenWait &) = delete;
-    ~ChildrenWait()
-    {
-        release();
-        qunsetenv("ECHO_CHILD_EVENT");
-    }
-    void release() const { SetEvent(event.get()); }
-
-private:
-    WindowsHandle event;
-};
-
 } // namespace
 
 class ElevatedHelperTest : public QObject {
@@ -100,12 +80,14 @@ private slots:
         const ElevatedHelperProgram helper;
         const EchoChild child;
         EchoChild::exitWith(3);
-        const ChildrenWait children;
+        // Keeps the child from recording anything and from ending until it is set.
+        const WindowsHandle event(CreateEventW(nullptr, TRUE, FALSE, L"ElevatedHelperTest"));
+        const EnvironmentVariable nameOfTheEvent("ECHO_CHILD_EVENT", "ElevatedHelperTest");
 
         QCOMPARE(runElevated(helperExecutablePath(), "x", false, false), 0);
 
         QVERIFY(!child.hasRecord());
-        children.release();
+        SetEvent(event.get());
         const EchoRecord found = child.record();
         QCOMPARE(found.showCommand, SW_HIDE);
     }
