@@ -10,11 +10,7 @@ namespace {
 
 VisualStudioVersion studio(const QString &version, const QString &edition, const QString &architecture = {})
 {
-    VisualStudioVersion result;
-    result.version = version;
-    result.edition = edition;
-    result.architecture = architecture;
-    return result;
+    return {"", edition, version, architecture, "", "", "", "", "", false};
 }
 
 /// Records such as "14.0 Edition x86" in their order.

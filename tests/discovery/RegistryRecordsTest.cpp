@@ -157,13 +157,6 @@ private slots:
                        "22.5.4.9 'Steady' x64-win64 | C:\\H | D:\\E | Documentation RuntimeX64"}));
     }
 
-    void withoutRuntime()
-    {
-        const LogLines log;
-        QVERIFY(productKeyInstallations(version, {{{"Documentation", 1}}, "C:\\H", "D:\\E", 4, 9}).isEmpty());
-        QCOMPARE(log.lines(), List());
-    }
-
     void installLocation_data()
     {
         columns<QVariant, QString>("value", "expected");

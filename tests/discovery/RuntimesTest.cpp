@@ -1,5 +1,4 @@
 #include "discovery/Runtimes.h"
-#include "tests/discovery/InstallationLines.h"
 #include "tests/support/Messages.h"
 #include "tests/support/Rows.h"
 
@@ -74,19 +73,6 @@ private slots:
         }
         QCOMPARE(components,
                  (QStringList{"RuntimeX86 " + of32Bit, "RuntimeSSE2 " + ofSse2, "RuntimeX64 " + of64Bit}));
-    }
-
-    void otherFieldsAreCopied()
-    {
-        HalconInstallation base(20, 11, 2, 3);
-        base.setSuffix("Progress");
-        base.installDir = "C:\\H";
-        base.setExampleRoot("D:\\E");
-        base.setComponents({"RuntimeX64", "RuntimeX86"});
-
-        QCOMPARE(recordLines(installationsPerRuntime(base)),
-                 (QStringList{"20.11.2.3 'Progress' x86-win32 | C:\\H | D:\\E | RuntimeX86",
-                              "20.11.2.3 'Progress' x64-win64 | C:\\H | D:\\E | RuntimeX64"}));
     }
 };
 

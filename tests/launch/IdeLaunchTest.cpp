@@ -16,8 +16,7 @@ private slots:
     {
         columns<QString>("idePath");
 
-        row("spaces are not quoted", "C:/Program Files (x86)/VS 14.0/Common7/IDE/devenv.exe");
-        row("percent signs are no placeholders", "C:/%1 %PATH%/Common7/IDE/devenv.exe");
+        row("signs are neither quoted nor placeholders", "C:/Program Files (x86)/%1 %PATH%/IDE/devenv.exe");
         row("another IDE than the name says", "C:\\VS\\Common7\\IDE\\wdexpress.exe");
         row("no IDE is tried all the same", "");
     }

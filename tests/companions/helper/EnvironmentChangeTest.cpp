@@ -177,31 +177,24 @@ private slots:
         }
     }
 
-    void cannotPutBack_data()
-    {
-        columns<int, QString>("failing", "changed");
-
-        row("absence", 5, "HALCONIMAGES");
-        row("number", 6, "HALCONARCH");
-        row("string", 7, "HALCONROOT");
-    }
-
-    /// The others are still restored.
+    /// Neither an absence, nor a number, nor a string. The others are still restored.
     void cannotPutBack()
     {
-        QFETCH(int, failing);
-        QFETCH(QString, changed);
-        for (const bool throws : {false, true}) {
-            FakeStore store;
-            store.values = mixedValues();
-            store.failingChanges = {4, failing};
-            store.throws = throws;
+        const std::map<int, std::wstring> failures{
+            {5, L"HALCONIMAGES"}, {6, L"HALCONARCH"}, {7, L"HALCONROOT"}};
+        for (const auto &[failing, changed] : failures) {
+            for (const bool throws : {false, true}) {
+                FakeStore store;
+                store.values = mixedValues();
+                store.failingChanges = {4, failing};
+                store.throws = throws;
 
-            QCOMPARE(changeEnvironment(store, assignments), HelperExitCode::variablesNotRestored);
+                QCOMPARE(changeEnvironment(store, assignments), HelperExitCode::variablesNotRestored);
 
-            FakeStore::Values expected = mixedValues();
-            expected[toWide(changed)] = changedValues()[toWide(changed)];
-            QVERIFY(store.values == expected);
+                FakeStore::Values expected = mixedValues();
+                expected[changed] = changedValues()[changed];
+                QVERIFY(store.values == expected);
+            }
         }
     }
 };
