@@ -210,8 +210,7 @@ private slots:
     {
         Shown<MainWindow> window;
         const auto *dialog = shownOnce<DebugDialog>(window, Qt::Key_F12);
-        QVERIFY(dialog != nullptr);
-        QVERIFY(!dialog->isModal());
+        QVERIFY(dialog != nullptr && !dialog->isModal());
     }
 
     void keyIsTaken_data()
@@ -241,8 +240,7 @@ private slots:
     {
         Shown<MainWindow> window;
         const auto *frame = shownOnce<RecentProgramsFrame>(window, Qt::Key_F4);
-        QVERIFY(frame != nullptr);
-        QVERIFY(!frame->isWindow());
+        QVERIFY(frame != nullptr && !frame->isWindow());
         QCOMPARE(frame->parentWidget(), &window);
     }
 
