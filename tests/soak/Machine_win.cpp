@@ -69,9 +69,13 @@ void addKey(HKEY key, const QString &path, QMap<QString, QString> &entries)
             break;
         }
         const QString child = QString::fromWCharArray(name.data(), static_cast<int>(length)).toLower();
+        // The set in use is a link to one of these, where it is not a key itself.
+        if (path == QLatin1String("hklm\\system\\") && child.startsWith(QLatin1String("controlset"))) {
+            continue;
+        }
+        const DWORD options = child == QLatin1String("currentcontrolset") ? 0 : REG_OPTION_OPEN_LINK;
         HKEY opened = nullptr;
-        if (RegOpenKeyExW(key, name.data(), REG_OPTION_OPEN_LINK, KEY_READ | KEY_WOW64_64KEY, &opened) ==
-            ERROR_SUCCESS) {
+        if (RegOpenKeyExW(key, name.data(), options, KEY_READ | KEY_WOW64_64KEY, &opened) == ERROR_SUCCESS) {
             addKey(opened, path + child + QLatin1Char('\\'), entries);
             RegCloseKey(opened);
         }

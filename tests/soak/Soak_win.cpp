@@ -29,11 +29,13 @@ constexpr Quantity quantities[] = {
 };
 
 /// How lines on the console may begin: traces for developers, names of documents that are not known, the
-/// colour of the footer, which Qt takes as it is meant, and sizes in which Wine's shell has no icon.
+/// colour of the footer, which Qt takes as it is meant, sizes in which Wine's shell has no icon, and what Wine
+/// does not implement.
 constexpr const char *expectedMessages[] = {
     "debug: ",
     "warning: cannot beautify unknown ",
     "critical: QPixmap::fromWinHICON(), failed to GetIconInfo() (Invalid cursor handle.)",
+    "critical: EnableNonClientDpiScaling() failed for HWND ",
     "warning: QCssParser::parseColorValue: Specified color without alpha value but alpha given: 'rgb 57, "
     "159, 255, 100'",
 };
