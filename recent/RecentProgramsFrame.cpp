@@ -146,7 +146,10 @@ void RecentProgramsFrame::makeRoomForWidest(const QStringList &paths)
     const QFontMetrics metrics(bold);
     int width = 0;
     for (const QString &path : paths) {
-        width = std::max({width, metrics.horizontalAdvance(path), metrics.horizontalAdvance(path.toUpper())});
+        // As it is shown: a letter beside a backslash may be at another distance than beside a slash.
+        const QString shown = QString(path).replace(QLatin1Char('/'), QLatin1Char('\\'));
+        width =
+            std::max({width, metrics.horizontalAdvance(shown), metrics.horizontalAdvance(shown.toUpper())});
     }
     constexpr int margins = 16; // of the text's document and of the row
     ui->treeView->header()->setMinimumSectionSize(width + margins);
