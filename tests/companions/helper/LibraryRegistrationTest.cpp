@@ -32,9 +32,9 @@ private slots:
     void outcome()
     {
         QFETCH(QStringList, results);
-        std::vector<std::wstring> libraries;
-        for (int i = 0; i < results.size(); ++i) {
-            libraries.push_back(L"C:\\" + std::to_wstring(i) + L"\x202E.dll");
+        std::vector<std::wstring> libraries(std::size_t(results.size()));
+        for (std::size_t i = 0; i < libraries.size(); ++i) {
+            libraries[i] = L"C:\\" + std::to_wstring(i) + L"\x202E.dll";
         }
         std::vector<std::wstring> tried;
 
