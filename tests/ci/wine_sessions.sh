@@ -11,6 +11,8 @@ program=$1
 unset TEST_RESULTS
 export TEST_SESSIONS=$TEST_DIRECTORY/sessions
 session=$TEST_SESSIONS/1
+export TMPDIR=$TEST_DIRECTORY/temporary
+mkdir "$TMPDIR"
 trap '"$support/end-wine-sessions" "$TEST_SESSIONS"' EXIT
 
 fail() { echo "FAIL: $*"; exit 1; }
@@ -46,8 +48,9 @@ for display in "${displays[@]}"; do
 done
 
 run "$program" || fail "the program does not pass in a session after the end"
-WINEPREFIX=$session/prefix wine reg add 'HKCU\Software\A maker' /v Stray /d text /f >/dev/null
+WINEPREFIX=$session/prefix TMPDIR=$session/prefix/tmp wine reg add 'HKCU\Software\A maker' /v Stray /d text /f >/dev/null
 ! "$support/end-wine-sessions" "$TEST_SESSIONS" 2>"$TEST_DIRECTORY/written" || fail "a stray value is not found"
 expected='end-wine-sessions: tests wrote to the registry that they share:
 [Software\\A maker] "Stray"="text"'
 [ "$(<"$TEST_DIRECTORY/written")" = "$expected" ] || { cat "$TEST_DIRECTORY/written"; fail "another message"; }
+[ -z "$(ls -A "$TMPDIR")" ] || fail "temporary files are left: $(ls -A "$TMPDIR")"
