@@ -61,8 +61,7 @@ class CopyOfTree:
         for entry in json.loads((self.build / "compile_commands.json").read_text()):
             name = os.path.relpath(entry["file"], self.tree)
             below = any(name == path or name.startswith(path.rstrip("/") + "/") for path in paths)
-            if name.split("/")[0] not in FOLDERS or not below or \
-                    name.endswith("_win.cpp") != (self.tier == "windows"):
+            if name.split("/")[0] not in FOLDERS or not below:
                 continue
             words = shlex.split(entry["command"])
             if os.path.basename(words[0]) == "ccache":

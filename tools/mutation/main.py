@@ -1,6 +1,7 @@
 """Tells which small changes to the program no test notices. tools/mutants calls this and says how it is used."""
 import argparse
 import concurrent.futures
+import contextlib
 import fcntl
 import hashlib
 import json
@@ -8,6 +9,7 @@ import os
 import pathlib
 import subprocess
 import sys
+import tempfile
 import time
 
 sys.dont_write_bytecode = True
@@ -47,6 +49,7 @@ class Run:
         self.copy = CopyOfTree(ROOT, WORK / "tree", self.tier, ROOT / "tools" / "mutation" / "mutants.h")
         self.trials = trials.Trials(WORK, os.cpu_count() * (2 if options.windows else 1))
         self.results = Results(WORK / f"results-{self.tier}.json", self.tier)
+        self.elsewhere = Results(WORK / f"results-{'host' if options.windows else 'windows'}.json", self.tier)
 
     def all(self):
         say("bringing the copy up to date")
@@ -69,9 +72,10 @@ class Run:
             numbers = sorted(mutants.chosen)[:wanted]
             tests = trials.tests_of(self.copy.build)
             say(f"{len(tests)} tests run without a mutant")
-            reached_by, seconds = self.trials.reached(tests, WORK / "reached", self._path_of)
-            self.results.keep_survivors = len(seconds) == len(tests)
-            caught_by = self._judge(mutants, numbers, reached_by, seconds)
+            with self._sessions():
+                reached_by, seconds = self.trials.reached(tests, WORK / "reached", self._path_of)
+                self.results.keep_survivors = len(seconds) == len(tests)
+                caught_by = self._judge(mutants, numbers, reached_by, seconds)
         finally:
             mutants.restore()
         return self._report(mutants, caught_by, reached_by, len(numbers) - len(caught_by))
@@ -90,6 +94,9 @@ class Run:
             for name, found in zip(sources, pool.map(find_or_remember, jobs)):
                 source = (self.copy.tree / name).read_bytes()
                 for change in found:
+                    if self.options.windows and not name.endswith("_win.cpp") and \
+                            not self.elsewhere.survives(source, change):
+                        continue
                     lines = source[source.rfind(b"\n", 0, change.begin) + 1:change.end]
                     identity = (os.path.basename(name), change.what, b" ".join(lines.split()), change.text)
                     times[identity] = times.get(identity, 0) + 1
@@ -108,6 +115,22 @@ class Run:
             if not mutants.refuse(messages):
                 break
         sys.exit("tools/mutants: the copy does not compile:\n" + messages[-4000:])
+
+    @contextlib.contextmanager
+    def _sessions(self):
+        """Lets the tests under Wine share sessions, as ./test does."""
+        if not self.options.windows:
+            yield
+            return
+        os.environ["TEST_SESSIONS"] = tempfile.mkdtemp()
+        # Where Wine's template is: each test gets a home of its own.
+        os.environ.setdefault("XDG_CACHE_HOME", str(pathlib.Path.home() / ".cache"))
+        try:
+            yield
+        finally:
+            # A mutant may have written anything anywhere.
+            subprocess.run([ROOT / "tests/support/end-wine-sessions", os.environ["TEST_SESSIONS"]], check=False,
+                           stderr=subprocess.DEVNULL)
 
     def _path_of(self, path):
         return f"Z:{path}" if self.options.windows else str(path)
@@ -141,7 +164,7 @@ class Run:
 
     def _report(self, mutants, caught_by, reached_by, not_tried):
         explained = Explained(ROOT / "tools" / "mutation" / "equivalent")
-        equivalent = 0
+        equivalent = elsewhere = 0
         survivors = []
         for number, test in caught_by.items():
             name, change = mutants.chosen[number]
@@ -150,6 +173,9 @@ class Run:
                 continue
             if explained.has(name, change, source):
                 equivalent += 1
+                continue
+            if self.elsewhere.catches(source, change):
+                elsewhere += 1
                 continue
             note = "" if number in reached_by else " (no test reaches it)"
             line = f"{place(name, change, source)} {changes.described(change, source)}{note}"
@@ -160,7 +186,8 @@ class Run:
         unreached = sum(line.endswith("(no test reaches it)") for _, _, line in survivors)
         share = 100 * (counted - len(survivors)) / counted if counted else 100
         print(f"{len(caught_by)} mutants, {equivalent} equivalent; of {counted} others "
-              f"{counted - len(survivors)} caught ({share:.1f} %), {len(survivors)} not, "
+              f"{counted - len(survivors)} caught ({share:.1f} %)"
+              + (f", {elsewhere} of them on the other tier" if elsewhere else "") + f", {len(survivors)} not, "
               f"{unreached} of which no test reaches"
               + (f"; no time for {not_tried}" if not_tried else ""))
         return 1 if survivors or not_tried else 0
@@ -191,6 +218,14 @@ class Results:
     def put(self, source, change, test):
         if test is not None or self.keep_survivors:
             self.known[self._key(source, change)] = (self.tests, test)
+
+    def catches(self, source, change):
+        """Whether a test caught the mutant when it last ran, be the tests others now."""
+        return self.known.get(self._key(source, change), ("", None))[1] is not None
+
+    def survives(self, source, change):
+        """Whether the mutant has been tried, and no test caught it."""
+        return self._key(source, change) in self.known and not self.catches(source, change)
 
     def save(self):
         self.file.write_text(json.dumps(self.known))
