@@ -3,7 +3,6 @@
 #include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextFrame>
-#include <QTextTable>
 
 #include <algorithm>
 #include <vector>
@@ -45,13 +44,10 @@ struct Run {
 void disarmText(const QTextBlock &block)
 {
     QTextCursor cursor(block);
-    QTextBlockFormat blockFormat = block.blockFormat();
-    if (disarm(blockFormat)) {
-        cursor.setBlockFormat(blockFormat);
-    }
-    QTextCharFormat emptyFormat = block.charFormat();
-    if (disarm(emptyFormat)) {
-        cursor.setBlockCharFormat(emptyFormat);
+    // That of the character before it: the end of another block, or the begin of a cell, whose format it is.
+    QTextCharFormat format = block.charFormat();
+    if (disarm(format)) {
+        cursor.setBlockCharFormat(format);
     }
 
     // Changes invalidate fragments, so they are collected first.
@@ -72,27 +68,11 @@ void disarmText(const QTextBlock &block)
     }
 }
 
-void disarmCells(QTextTable &table)
-{
-    for (int row = 0; row < table.rows(); ++row) {
-        for (int column = 0; column < table.columns(); ++column) {
-            QTextTableCell cell = table.cellAt(row, column);
-            QTextCharFormat format = cell.format();
-            if (disarm(format)) {
-                cell.setFormat(format);
-            }
-        }
-    }
-}
-
 void disarmFrames(QTextFrame &frame)
 {
     QTextFrameFormat format = frame.frameFormat();
     if (disarm(format)) {
         frame.setFrameFormat(format);
-    }
-    if (auto *table = qobject_cast<QTextTable *>(&frame)) {
-        disarmCells(*table);
     }
     const auto children = frame.childFrames();
     for (QTextFrame *child : children) {

@@ -33,6 +33,34 @@ QPoint middleOf(const QTextBrowser &browser, int position)
     return (before.center() + browser.cursorRect(cursor).center()) / 2;
 }
 
+/// Adds to @p formats those of a frame, its cells, and all frames in it.
+void addFormats(QList<QTextFormat> &formats, const QTextFrame &frame)
+{
+    formats.append(frame.frameFormat());
+    if (const auto *table = qobject_cast<const QTextTable *>(&frame)) {
+        for (int cell = 0; cell < table->rows() * table->columns(); ++cell) {
+            formats.append(table->cellAt(cell / table->columns(), cell % table->columns()).format());
+        }
+    }
+    for (const QTextFrame *child : frame.childFrames()) {
+        addFormats(formats, *child);
+    }
+}
+
+/// All formats that anything in the document has.
+QList<QTextFormat> formatsOf(const QTextDocument &document)
+{
+    QList<QTextFormat> formats;
+    addFormats(formats, *document.rootFrame());
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        formats += {block.blockFormat(), block.charFormat()};
+        for (auto each = block.begin(); !each.atEnd(); ++each) {
+            formats.append(each.fragment().charFormat());
+        }
+    }
+    return formats;
+}
+
 /// Moves the mouse over every character, waits for its tool tip, and clicks.
 void useEverything(QTextBrowser &browser)
 {
@@ -116,6 +144,10 @@ private slots:
         const Shown<MessageDialog> dialog("<b>Before</b> " + html + " <i>after</i>");
         auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
         QVERIFY2(!browser->toHtml().contains(mark), qPrintable(browser->toHtml()));
+        for (const QTextFormat &format : formatsOf(*browser->document())) {
+            QVERIFY(!format.hasProperty(QTextFormat::BackgroundImageUrl));
+            QVERIFY(!format.hasProperty(QTextFormat::TextToolTip));
+        }
         const QString text = browser->toPlainText();
         QVERIFY(!text.contains(QChar::ObjectReplacementCharacter));
         useEverything(*browser);
@@ -184,12 +216,30 @@ private slots:
         QVERIFY(document.size().height() < 1000);
     }
 
+    void htmlAtTheLimitIsRead_data()
+    {
+        columns<QString, QString>("longest", "tooLong");
+
+        const auto text = [](int length) { return "<b>" + QString("x").repeated(length); };
+        row("length", text(65533), text(65534));
+        const auto tags = [](int count) { return QString("<b>").repeated(count) + "x"; };
+        row("tags", tags(1000), tags(1001));
+        const auto tableTags = [](int count) { return "<b>x" + QString("<tr>").repeated(count); };
+        row("tags of tables", tableTags(100), tableTags(101));
+        // Of 60,000 and 60,001 characters, counted for each tag, begin of the style sheet included.
+        const auto styles = [](int count, int length) {
+            return "<style>" + QString("b").repeated(length - 7) + "</style>" +
+                   QString("<b>").repeated(count - 2) + "x";
+        };
+        row("style sheet", styles(30, 2000), styles(29, 2069));
+    }
+
     void htmlAtTheLimitIsRead()
     {
-        const int longest = 65536;
-        const QString opening = "<b>";
-        const MessageDialog dialog(opening + QString("x").repeated(longest - opening.size()));
-        QVERIFY(!dialog.findChild<QTextBrowser *>("textBrowser")->toPlainText().contains(opening));
+        QFETCH(QString, longest);
+        QFETCH(QString, tooLong);
+        QVERIFY(!InertDocument(longest, QFont()).toPlainText().contains("<b>"));
+        QVERIFY(InertDocument(tooLong, QFont()).toPlainText().contains("<b>"));
     }
 
     void htmlThatQtWroteIsRead()
