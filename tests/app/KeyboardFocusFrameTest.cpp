@@ -188,6 +188,18 @@ private slots:
         QCOMPARE(clicked.size(), 1);
     }
 
+    void isDarkAndLight()
+    {
+        CardWindow window(1, large);
+        QVERIFY(!window.frame->grab().isNull());
+        window.button->setFocus(Qt::TabFocusReason);
+        const QImage seen = window.grab(window.frame->geometry()).toImage();
+        const int middle = seen.width() / 2;
+        const QRgb dark = qRgb(0, 0, 0);
+        QCOMPARE((QVector{seen.pixel(middle, 0), seen.pixel(middle, 1), seen.pixel(middle, 2)}),
+                 (QVector{dark, dark, qRgb(255, 255, 255)}));
+    }
+
     /// Partial repaints while the focus moves must give the same picture as a full repaint.
     void leavesNoTraces()
     {
