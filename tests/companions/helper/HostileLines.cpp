@@ -267,7 +267,7 @@ QVector<HostileLine> paths()
     lines += refusedDirectories({license + R"(..\license\)", license.chopped(1) + R"(/..\license\)",
                                  "C:/Helper test/HALCON-20.11/license/../license/"},
                                 oddPart(".."));
-    lines += refusedDirectories({license + R"(.\)"}, oddPart("."));
+    lines += refusedDirectories({license + R"(.\)", R"(C:\.\license\)"}, oddPart("."));
     // Windows would shorten or extend some of them.
     for (const QString part :
          {"...", "HALCON-20.11.", "HALCON-20.11 ", "HALCON-20.11:x", "*", "?", "<", "HALCON-20.11|x"}) {
