@@ -121,6 +121,11 @@ class MutantsTest(unittest.TestCase):
         self.mutants.restore()
         self.assertEqual(self.file.read_bytes(), SAMPLE)
 
+    def test_environment_of_a_test(self):
+        asks = trials.Test("asks", ("sh", "-c", 'test "$A-${HOME#*/home-}" = 1-0 && test -z "${B+set}"'),
+                           (("A", "1"), ("B", "2")), str(self.tree), ("B",))
+        self.assertTrue(trials.Trials(self.tree, 1).passes(asks, {}, 60))
+
     def test_ends_what_does_not_end(self):
         slow = trials.Test("slow", ("sh", "-c", "sleep 600; true"), (), str(self.tree))
         self.assertFalse(self.trials.passes(slow, {}, 0.2))

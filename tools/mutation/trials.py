@@ -21,6 +21,7 @@ class Test:
     command: tuple
     environment: tuple
     directory: str
+    unset: tuple = ()
 
 
 def tests_of(build):
@@ -32,8 +33,9 @@ def tests_of(build):
             continue
         properties = {item["name"]: item["value"] for item in test.get("properties", [])}
         environment = tuple(tuple(item.split("=", 1)) for item in properties.get("ENVIRONMENT", []))
+        unset = tuple(item.removesuffix("=unset:") for item in properties.get("ENVIRONMENT_MODIFICATION", []))
         tests.append(Test(test["name"], tuple(test["command"]), environment,
-                          properties.get("WORKING_DIRECTORY", str(build))))
+                          properties.get("WORKING_DIRECTORY", str(build)), unset))
     return tests
 
 
@@ -54,7 +56,10 @@ class Trials:
             for name in ("settings", "temporary"):
                 (home / name).mkdir(parents=True)
             own = {"HOME": str(home), "TMPDIR": str(home / "temporary"), "XDG_CONFIG_HOME": str(home / "settings")}
-            return self._run(test, {**os.environ, **dict(test.environment), **own, **variables}, limit)
+            environment = {**os.environ, **dict(test.environment), **own, **variables}
+            for name in test.unset:
+                environment.pop(name, None)
+            return self._run(test, environment, limit)
         finally:
             self.homes.put(home)
 
