@@ -76,8 +76,9 @@ private slots:
     {
         Shown<DebugDialog> dialog;
         DebugLogger::instance().log("while open");
+        DebugLogger::instance().log("still open");
         QCOMPARE(dialog.findChild<QTextBrowser *>("textBrowser")->toPlainText(),
-                 QString("a\nb\nc\n  d <b>\nwhile open"));
+                 QString("a\nb\nc\n  d <b>\nwhile open\nstill open"));
         QCOMPARE(dialog.findChild<QTextBrowser *>("textBrowser")->verticalScrollBar()->value(), 0);
     }
 
@@ -89,7 +90,7 @@ private slots:
         DebugLogger::instance().log("while closed");
         dialog.show();
         QCOMPARE(dialog.findChild<QTextBrowser *>("textBrowser")->toPlainText(),
-                 QString("a\nb\nc\n  d <b>\nwhile open\nwhile closed"));
+                 QString("a\nb\nc\n  d <b>\nwhile open\nstill open\nwhile closed"));
     }
 
     void copy()
@@ -99,7 +100,8 @@ private slots:
         MessageBoxes boxes;
         QTest::mouseClick(dialog.findChild<QPushButton *>("pbClipboard"), Qt::LeftButton);
 
-        QCOMPARE(QApplication::clipboard()->text(), QString("a\nb\nc\n  d <b>\nwhile open\nwhile closed"));
+        QCOMPARE(QApplication::clipboard()->text(),
+                 QString("a\nb\nc\n  d <b>\nwhile open\nstill open\nwhile closed"));
         QCOMPARE(boxes.shown().size(), 1);
         const ShownBox &box = boxes.shown().first();
         QCOMPARE(box.title, QString("Log test"));
