@@ -116,6 +116,13 @@ private slots:
         QVERIFY(frame->isVisible());
     }
 
+    void otherKeysGoToTheWindow()
+    {
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_F12, Qt::NoModifier);
+        QCoreApplication::sendEvent(searchLine(*frame), &key);
+        QVERIFY(!key.isAccepted());
+    }
+
     void keysThatTheButtonKeeps_data()
     {
         columns<Qt::Key, int>("key", "clicks");
