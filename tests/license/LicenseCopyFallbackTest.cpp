@@ -101,6 +101,7 @@ private slots:
         QCOMPARE(errors, QStringList());
         QCOMPARE(log.lines(), removalLogLines(target) + helperLogLines(files.path("license.dat"), target));
         QCOMPARE(ElevatedHelperFake::starts().size(), 1);
+        QCOMPARE(entries(), QStringList{"license.dat"});
     }
 
     void vanishedSource()
@@ -194,9 +195,7 @@ private slots:
         QVERIFY(!installWithRoom(size, "license.dat", QString(), &errors));
 
         QCOMPARE(files.read("H/license/license.dat"), old.isNull() ? "(none)" : old);
-        QCOMPARE(
-            QDir(files.path("H/license")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-            old.isNull() ? QStringList() : QStringList{"license.dat"});
+        QCOMPARE(entries(), old.isNull() ? QStringList() : QStringList{"license.dat"});
         QCOMPARE(errors, QStringList{helperFailureLine(6)});
         QCOMPARE(log.lines(), (old.isNull() ? QStringList() : removalLogLines(target)) +
                                   helperLogLines(files.path("license.dat"), target));
@@ -231,6 +230,13 @@ private:
     {
         const FullDisk disk(static_cast<rlim_t>(size));
         return install(files, source, dropped, errors);
+    }
+
+    /// What is in the directory of the licences.
+    QStringList entries() const
+    {
+        return QDir(files.path("H/license"))
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
 
     const LicenseFiles files;
