@@ -3,6 +3,7 @@ import pathlib
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 
 sys.dont_write_bytecode = True
@@ -125,6 +126,13 @@ class MutantsTest(unittest.TestCase):
         asks = trials.Test("asks", ("sh", "-c", 'test "$A-${HOME#*/home-}" = 1-0 && test -z "${B+set}"'),
                            (("A", "1"), ("B", "2")), str(self.tree), ("B",))
         self.assertTrue(trials.Trials(self.tree, 1).passes(asks, {}, 60))
+
+    def test_only_what_is_shared_runs_on(self):
+        for shared in [(), (("TEST_SESSIONS", "here"),)]:
+            starts = trials.Test("starts", ("sh", "-c", "(sleep 0.5; touch ran-on) &"), shared, str(self.tree))
+            self.assertTrue(self.trials.passes(starts, {}, 60))
+            time.sleep(1)
+            self.assertEqual((self.tree / "ran-on").exists(), bool(shared))
 
     def test_ends_what_does_not_end(self):
         slow = trials.Test("slow", ("sh", "-c", "sleep 600; true"), (), str(self.tree))
