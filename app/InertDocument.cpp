@@ -1,5 +1,6 @@
 #include "app/InertDocument.h"
 
+#include <QFontMetricsF>
 #include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextFrame>
@@ -9,23 +10,37 @@
 
 namespace {
 
+// Lengths of which HTML can give any number of pixels. Beyond what its fixed-point numbers hold, Qt lays out
+// text forever.
+constexpr int lengths[] = {
+    QTextFormat::BlockTopMargin,       QTextFormat::BlockBottomMargin,
+    QTextFormat::LineHeight,           QTextFormat::FrameMargin,
+    QTextFormat::FrameTopMargin,       QTextFormat::FrameBottomMargin,
+    QTextFormat::FramePadding,         QTextFormat::FrameBorder,
+    QTextFormat::TableCellSpacing,     QTextFormat::TableCellPadding,
+    QTextFormat::TableCellTopPadding,  QTextFormat::TableCellBottomPadding,
+    QTextFormat::TableCellLeftPadding, QTextFormat::TableCellRightPadding,
+    QTextFormat::TableCellTopBorder,   QTextFormat::TableCellBottomBorder,
+    QTextFormat::TableCellLeftBorder,  QTextFormat::TableCellRightBorder,
+    QTextFormat::FontPixelSize,        QTextFormat::FontPointSize,
+};
+constexpr double greatestLength = 100;
+
 /// Removes from @p format what makes Qt access a file when the text is drawn, copied or hovered over, and
-/// limits what would make it lay out a table forever. Returns whether anything was changed.
+/// limits what would make it lay out the document forever. Returns whether anything was changed.
 bool disarm(QTextFormat &format)
 {
     bool changed = false;
-    constexpr double widestPadding = 100; // pixels
-    for (const int property : {QTextFormat::TableCellPadding, QTextFormat::TableCellTopPadding,
-                               QTextFormat::TableCellBottomPadding, QTextFormat::TableCellLeftPadding,
-                               QTextFormat::TableCellRightPadding}) {
-        const double padding = format.doubleProperty(property);
-        if (!(padding >= 0 && padding <= widestPadding)) {
-            format.setProperty(property, widestPadding);
+    for (const int property : lengths) {
+        const double length = format.doubleProperty(property);
+        if (!(length >= 0 && length <= greatestLength)) {
+            format.setProperty(property, greatestLength);
             changed = true;
         }
     }
-    // A tool tip is rich text, too.
-    for (const int property : {QTextFormat::BackgroundImageUrl, QTextFormat::TextToolTip}) {
+    // A height, which only frames have, counts less than what is in them. A tool tip is rich text, too.
+    for (const int property :
+         {QTextFormat::FrameHeight, QTextFormat::BackgroundImageUrl, QTextFormat::TextToolTip}) {
         if (format.hasProperty(property)) {
             format.clearProperty(property);
             changed = true;
@@ -44,7 +59,11 @@ struct Run {
 void disarmText(const QTextBlock &block)
 {
     QTextCursor cursor(block);
-    // That of the character before it: the end of another block, or the begin of a cell, whose format it is.
+    QTextBlockFormat blockFormat = block.blockFormat();
+    if (disarm(blockFormat)) {
+        cursor.setBlockFormat(blockFormat);
+    }
+    // A block's format is that of the character before it; at the begin of a cell it is the cell's.
     QTextCharFormat format = block.charFormat();
     if (disarm(format)) {
         cursor.setBlockCharFormat(format);
@@ -87,6 +106,9 @@ constexpr int mostTags = 1000;
 constexpr int mostTableTags = 100;
 constexpr int mostStyling = 60000; // characters of style sheets for each tag, in all
 constexpr int deepestNesting = 8;
+// Qt never finishes a line that begins beyond 8,388,607 pixels. The margins and borders of 1,000 elements of
+// at most 100 pixels each come to what is missing.
+constexpr double highestText = 4000000;
 
 /// How many characters of @p html may belong to style sheets.
 int styleSheetSize(const QString &html)
@@ -120,6 +142,22 @@ int depthOf(const QTextFrame &frame)
     return deepest + 1;
 }
 
+/// How high the text can become: each character may be in a line of its own.
+double greatestHeight(const QTextDocument &document)
+{
+    double height = 0;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        double highest = QFontMetricsF(block.charFormat().font()).height();
+        for (auto each = block.begin(); !each.atEnd(); ++each) {
+            highest = std::max(highest, QFontMetricsF(each.fragment().charFormat().font()).height());
+        }
+        // Characters that the font lacks come from others, which may be twice as high.
+        height += block.length() * block.blockFormat().lineHeight(2 * highest, 1) +
+                  block.blockFormat().topMargin() + block.blockFormat().bottomMargin();
+    }
+    return height;
+}
+
 } // namespace
 
 InertDocument::InertDocument(const QString &html, const QFont &font, QObject *parent) : QTextDocument(parent)
@@ -127,7 +165,7 @@ InertDocument::InertDocument(const QString &html, const QFont &font, QObject *pa
     setUndoRedoEnabled(false);
     setDefaultFont(font);
     if (isTooMuchToRead(html)) {
-        setPlainText(html);
+        setPlainText(html.left(longestHtml));
         return;
     }
     setHtml(html);
@@ -143,6 +181,9 @@ InertDocument::InertDocument(const QString &html, const QFont &font, QObject *pa
     }
     disarmFrames(*rootFrame());
     edit.endEditBlock();
+    if (greatestHeight(*this) > highestText) {
+        setPlainText(toPlainText());
+    }
 }
 
 QVariant InertDocument::loadResource(int /*type*/, const QUrl & /*name*/)
