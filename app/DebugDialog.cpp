@@ -11,6 +11,27 @@
 
 #include <algorithm>
 
+namespace {
+
+// Qt never finishes a line that begins beyond 8,388,607 pixels, and what a server answers is in the log. For a
+// moment there can be twice as many lines.
+constexpr int mostLines = 100000;
+
+/// The end of a text, of at most that many lines.
+QString lastLines(const QString &text)
+{
+    int newline = text.size();
+    for (int lines = 0; newline > 0; ++lines) {
+        if (lines == mostLines) {
+            return text.mid(newline + 1);
+        }
+        newline = text.lastIndexOf(QLatin1Char('\n'), newline - 1);
+    }
+    return text;
+}
+
+} // namespace
+
 DebugDialog::DebugDialog(QWidget *parent) : QDialog(parent), ui(std::make_unique<Ui::DebugDialog>())
 {
     ui->setupUi(this);
@@ -21,7 +42,8 @@ DebugDialog::DebugDialog(QWidget *parent) : QDialog(parent), ui(std::make_unique
     connect(ui->pbClipboard, &QPushButton::clicked, this, &DebugDialog::copyToClipboard);
 
     const QString text = DebugLogger::instance().text();
-    ui->textBrowser->setPlainText(text);
+    ui->textBrowser->document()->setMaximumBlockCount(mostLines);
+    ui->textBrowser->setPlainText(lastLines(text));
     shownLength = text.size();
 }
 
@@ -40,7 +62,7 @@ void DebugDialog::updateLog()
     const QString text = DebugLogger::instance().text();
     QTextCursor end(browser->document());
     end.movePosition(QTextCursor::End);
-    end.insertText(text.mid(shownLength));
+    end.insertText(lastLines(text.mid(shownLength)));
     shownLength = text.size();
     if (reader != browser->textCursor()) {
         // A selection that reached the end has grown.

@@ -172,6 +172,19 @@ private slots:
         QCOMPARE(down->value(), end());
     }
 
+    /// Qt would never finish to lay out the lines that the dialog leaves out.
+    void longLogEndsWithItsEnd()
+    {
+        const QString lines = QString(900000, '\n') + "its end";
+        DebugLogger::instance().log(lines);
+        const Shown<DebugDialog> dialog;
+        const auto *browser = dialog.findChild<QTextBrowser *>("textBrowser");
+        QVERIFY(browser->toPlainText().endsWith("\nits end"));
+        DebugLogger::instance().log(lines);
+        QVERIFY(browser->toPlainText().endsWith("\nits end"));
+        QVERIFY(browser->document()->size().height() < 4000000);
+    }
+
     void translated()
     {
         const MarkingTranslator translator;
