@@ -29,9 +29,9 @@ QPixmap pictureOf(const QPixmap &picture, const QSize &size)
     return canvas;
 }
 
-class ShellIconEngine : public QIconEngine {
+class LateIconEngine : public QIconEngine {
 public:
-    ShellIconEngine(const QString &path, const QSize &shownSize) : path(path), shownSize(shownSize) {}
+    LateIconEngine(const QString &path, const QSize &shownSize) : path(path), shownSize(shownSize) {}
 
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State /*state*/) override
     {
@@ -59,13 +59,13 @@ public:
         painter->drawPixmap(rect, pixmap(rect.size() * ratio, mode, state));
     }
 
-    QIconEngine *clone() const override { return new ShellIconEngine(*this); }
+    QIconEngine *clone() const override { return new LateIconEngine(*this); }
 
 private:
     const QPixmap &picture()
     {
         if (!asked) {
-            loaded = pictureOf(shellPicture(path), shownSize);
+            loaded = pictureOf(programPicture(path), shownSize);
             asked = true;
         }
         return loaded;
@@ -94,7 +94,7 @@ QIcon pictureIcon(const QString &file)
     return icon;
 }
 
-QPixmap shellPicture(const QString &path)
+QPixmap programPicture(const QString &path)
 {
     constexpr int size = 48;
     const QFileInfo file(path);
@@ -113,9 +113,9 @@ QPixmap shellPicture(const QString &path)
     return picture;
 }
 
-QIcon shellIcon(const QString &path, const QSize &size)
+QIcon lateProgramIcon(const QString &path, const QSize &size)
 {
-    return QIcon(new ShellIconEngine(path, size));
+    return QIcon(new LateIconEngine(path, size));
 }
 
 QIcon folderIcon()

@@ -12,13 +12,13 @@ QIcon iconOfItsOwnSize(const QPixmap &picture, const QSize &size);
 /// QIcon itself.
 QIcon pictureIcon(const QString &file);
 
-/// The shell's icon of the program @p path, 48 pixels large; a generic one when there is no such file. Asked
-/// for once, and again when the file has changed.
-QPixmap shellPicture(const QString &path);
+/// The icon of the program @p path, 48 pixels large; the shell's for such a file when there is none in it, or no
+/// such file. Read once, and again when the file has changed.
+QPixmap programPicture(const QString &path);
 
-/// An icon of shellPicture() for a button with icons of @p size. The shell is asked when the icon is first
-/// shown: that takes it milliseconds, and of many cards most are out of sight.
-QIcon shellIcon(const QString &path, const QSize &size);
+/// An icon of programPicture() for a button with icons of @p size. The picture is read when the icon is first
+/// shown: that takes milliseconds, and of many cards most are out of sight.
+QIcon lateProgramIcon(const QString &path, const QSize &size);
 
 /// The shell's icon of a directory, asked for once.
 QIcon folderIcon();

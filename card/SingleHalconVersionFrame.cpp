@@ -139,7 +139,7 @@ void SingleHalconVersionFrame::addHelpMenu()
 
 void SingleHalconVersionFrame::showHDevelop()
 {
-    const QIcon icon = shellIcon(hdevelopExecutable(record, false), ui->pbHDevelop->iconSize());
+    const QIcon icon = lateProgramIcon(hdevelopExecutable(record, false), ui->pbHDevelop->iconSize());
     ui->pbHDevelop->setIcon(icon);
     ui->pbHDevelopXL->setIcon(icon);
 

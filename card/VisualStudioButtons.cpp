@@ -13,7 +13,7 @@ void showVisualStudioButtons(const VisualStudioVersion *version, QPushButton &sh
         return;
     }
     const QFileInfo program(version->idePath);
-    const QPixmap picture = program.exists() ? shellPicture(program.absoluteFilePath()) : QPixmap();
+    const QPixmap picture = program.exists() ? programPicture(program.absoluteFilePath()) : QPixmap();
     const QIcon icon = iconOfItsOwnSize(picture, ide.iconSize());
     ide.setVisible(!icon.isNull());
     ide.setIcon(icon);

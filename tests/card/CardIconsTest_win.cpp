@@ -100,8 +100,8 @@ private slots:
         QFETCH(QSize, size);
         QFETCH(QIcon::Mode, mode);
         const QSize shownSize(64, 52);
-        const QIcon late = shellIcon(PICTURED_PROGRAM, shownSize);
-        const QIcon other = iconOfItsOwnSize(shellPicture(PICTURED_PROGRAM), shownSize);
+        const QIcon late = lateProgramIcon(PICTURED_PROGRAM, shownSize);
+        const QIcon other = iconOfItsOwnSize(programPicture(PICTURED_PROGRAM), shownSize);
 
         const QImage expected = other.pixmap(size, mode).toImage();
         QVERIFY(!expected.isNull());
