@@ -51,7 +51,7 @@ private slots:
     void initTestCase()
     {
         // The scale is applied exactly, not rounded to a whole number.
-        const double scale = qEnvironmentVariable("QT_SCALE_FACTOR", "1").toDouble();
+        const double scale = qEnvironmentVariable("TEST_SCALE", "1").toDouble();
         QCOMPARE(QGuiApplication::primaryScreen()->devicePixelRatio(), scale);
     }
 
@@ -97,7 +97,7 @@ private slots:
         QCOMPARE(cards.first()->geometry().top(), 0);
         const int gap = cards.last()->geometry().top() - cards.first()->geometry().bottom();
         QVERIFY2(gap > 0 && gap < 20, qPrintable(QString::number(gap)));
-        QVERIFY(machine.column->height() > 2 * cards.last()->geometry().bottom());
+        QVERIFY(machine.column->height() > cards.last()->geometry().bottom() + 100);
     }
 
     void areaScrollsToTheLastCard()
