@@ -64,9 +64,11 @@ public:
 private:
     const QPixmap &picture()
     {
-        if (!asked) {
+        // A window may move to a screen with another scale.
+        const qreal ratio = qApp->devicePixelRatio();
+        if (loadedFor != ratio) {
             loaded = pictureOf(programPicture(path), shownSize);
-            asked = true;
+            loadedFor = ratio;
         }
         return loaded;
     }
@@ -74,7 +76,7 @@ private:
     QString path;
     QSize shownSize;
     QPixmap loaded;
-    bool asked = false;
+    qreal loadedFor = 0; ///< the screens' greatest scale then
 };
 
 } // namespace
@@ -98,15 +100,16 @@ QPixmap programPicture(const QString &path)
 {
     constexpr int size = 48;
     const QFileInfo file(path);
+    const qreal ratio = qApp->devicePixelRatio();
     const QString key =
-        QStringLiteral("shell icon %1 %2").arg(path).arg(file.lastModified().toMSecsSinceEpoch());
+        QStringLiteral("program %1 %2 %3").arg(path).arg(file.lastModified().toMSecsSinceEpoch()).arg(ratio);
     QPixmap picture;
     if (!QPixmapCache::find(key, &picture)) {
-        const qreal ratio = qApp->devicePixelRatio();
         picture = programIcon(path, qRound(size * ratio));
-        picture.setDevicePixelRatio(ratio);
         if (picture.isNull()) {
             picture = QFileIconProvider().icon(file).pixmap(size, size);
+        } else {
+            picture.setDevicePixelRatio(ratio);
         }
         QPixmapCache::insert(key, picture);
     }

@@ -84,6 +84,25 @@ private slots:
         }
     }
 
+    /// From a large picture, and not from one of 48 pixels.
+    void sharpBeyond48Pixels()
+    {
+        const QImage large = programIcon(PICTURED_PROGRAM, 256).toImage();
+        QCOMPARE(large.size(), QSize(256, 256));
+        for (const int size : {60, 72, 96}) {
+            const QImage expected = large.scaled(size, size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+            QCOMPARE(programIcon(PICTURED_PROGRAM, size).toImage(), expected);
+        }
+    }
+
+    void sizeOnAnyScreen()
+    {
+        const qreal ratio = qEnvironmentVariable("TEST_SCALE", "1").toDouble();
+        const QPixmap picture = programPicture(PICTURED_PROGRAM);
+        QCOMPARE(picture.devicePixelRatio(), ratio);
+        QCOMPARE(picture.size(), QSize(48, 48) * ratio);
+    }
+
     void lateIconIsLikeAnyOther_data()
     {
         columns<QSize, QIcon::Mode>("size", "mode");
