@@ -19,8 +19,8 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    /// A digest of what decides how the button looks: the key of the cache. Two buttons with the same name have the same
-    /// rules in the style sheets of their cards.
+    /// A digest of what decides how the button looks: the key of the cache. Two buttons with the same name have
+    /// the same rules in the style sheets of their cards.
     QString look(qreal pixelRatio) const;
 
     QPixmap render(const QRect &area, qreal pixelRatio);

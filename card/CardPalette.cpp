@@ -2,7 +2,7 @@
 
 QPalette cardPalette(const QColor &background)
 {
-    // On a light colour Qt's own choice are black texts, white lists, blue links and white selected texts.
+    // On a light colour Qt itself chooses black texts and white lists. What is selected would be the theme's.
     QPalette palette(background);
     for (const QPalette::ColorRole text : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(QPalette::Disabled, text, QColor(0x40, 0x40, 0x40));
